@@ -1,0 +1,396 @@
+// Messages of the combo box and its layout.
+#include "platform/controls/combo_box.h"
+
+#include "platform/controls/combo_parts.h"
+#include "platform/controls/control_base.h"
+#include "platform/window/builtin_classes.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform {
+namespace {
+
+constexpr int kBorder = 2;       // The sunken edge.
+constexpr int kEditPadding = 1;  // Between that edge and the edit.
+constexpr int kTextPadding = 2;  // Above and below the text of the field.
+
+struct ForwardedMessage {
+    UINT combo;
+    UINT list;
+};
+
+// Answered by the list with the same parameters.
+constexpr ForwardedMessage kListMessages[] = {
+    {CB_ADDSTRING, LB_ADDSTRING},     {CB_INSERTSTRING, LB_INSERTSTRING}, {CB_DELETESTRING, LB_DELETESTRING},
+    {CB_GETCOUNT, LB_GETCOUNT},       {CB_GETCURSEL, LB_GETCURSEL},       {CB_GETLBTEXT, LB_GETTEXT},
+    {CB_GETLBTEXTLEN, LB_GETTEXTLEN}, {CB_FINDSTRING, LB_FINDSTRING},     {CB_FINDSTRINGEXACT, LB_FINDSTRINGEXACT},
+    {CB_GETITEMDATA, LB_GETITEMDATA}, {CB_SETITEMDATA, LB_SETITEMDATA},   {CB_GETTOPINDEX, LB_GETTOPINDEX},
+    {CB_SETTOPINDEX, LB_SETTOPINDEX},
+};
+
+struct StylePair {
+    DWORD combo;
+    DWORD part;
+};
+
+constexpr StylePair kListStyles[] = {
+    {CBS_SORT, LBS_SORT},
+    {CBS_HASSTRINGS, LBS_HASSTRINGS},
+    {CBS_OWNERDRAWFIXED, LBS_OWNERDRAWFIXED | LBS_NOTIFY},
+    {CBS_NOINTEGRALHEIGHT, LBS_NOINTEGRALHEIGHT},
+    {CBS_DISABLENOSCROLL, LBS_DISABLENOSCROLL},
+    {WS_VSCROLL, WS_VSCROLL},
+};
+constexpr StylePair kEditStyles[] = {
+    {CBS_AUTOHSCROLL, ES_AUTOHSCROLL},
+    {CBS_UPPERCASE, ES_UPPERCASE},
+    {CBS_LOWERCASE, ES_LOWERCASE},
+    {WS_DISABLED, WS_DISABLED},
+};
+
+template <std::size_t count>
+DWORD partStyle(DWORD comboStyle, const StylePair (&pairs)[count]) {
+    DWORD style = 0;
+    for (const StylePair& pair : pairs) {
+        style |= comboStyle & pair.combo ? pair.part : 0U;
+    }
+    return style;
+}
+
+}  // namespace
+
+void registerComboBoxClass() {
+    registerControlClass<ComboBox>("ComboBox", CS_PARENTDC | CS_HREDRAW | CS_VREDRAW);
+}
+
+bool ComboBox::has(DWORD style) const {
+    return (styleOf(window_) & style) != 0;
+}
+
+LRESULT ComboBox::askList(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return SendMessageA(list_, message, wParam, lParam);
+}
+
+bool ComboBox::notify(UINT code) {
+    const HWND window = window_;
+    notifyCommand(window, code);
+    return IsWindow(window) != FALSE;
+}
+
+LRESULT ComboBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (onForwarded(message, wParam, lParam, result) || onComboMessage(message, wParam, lParam, result) ||
+        onInput(message, wParam, lParam, result) || onPartMessage(message, wParam, lParam, result)) {
+        return result;
+    }
+    switch (message) {
+        case WM_NCCREATE:
+            return onWmNcCreate(lParam);
+        case WM_CREATE:
+            return onWmCreate(*reinterpret_cast<const CREATESTRUCTA*>(lParam)) ? 0 : -1;
+        case WM_DESTROY:
+            onWmDestroy();
+            return 0;
+        case WM_WINDOWPOSCHANGING:
+            onWmWindowPosChanging(*reinterpret_cast<WINDOWPOS*>(lParam));
+            return 0;
+        case WM_SIZE:
+            layout();
+            return 0;
+        case WM_SETFONT:
+            onWmSetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0);
+            return 0;
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(font_);
+        case WM_ENABLE:
+            onWmEnable(wParam != 0);
+            return 0;
+        case WM_STYLECHANGED:
+            InvalidateRect(window_, nullptr, FALSE);
+            return 0;
+        case WM_ERASEBKGND:
+            return TRUE;  // Painting covers everything.
+        case WM_PAINT:
+        case WM_PRINTCLIENT:
+            onWmPaint(reinterpret_cast<HDC>(wParam));
+            return 0;
+        case WM_GETDLGCODE:
+            return onWmGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+        case WM_SETTEXT:
+        case WM_GETTEXT:
+        case WM_GETTEXTLENGTH:
+        case WM_CUT:
+        case WM_COPY:
+        case WM_PASTE:
+        case WM_CLEAR:
+            return onTextMessage(message, wParam, lParam);
+        default:
+            return DefWindowProcA(window_, message, wParam, lParam);
+    }
+}
+
+// The messages that the list answers. False for any other.
+bool ComboBox::onForwarded(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    for (const ForwardedMessage& forwarded : kListMessages) {
+        if (forwarded.combo == message) {
+            result = askList(forwarded.list, wParam, lParam);
+            if (message == CB_DELETESTRING && !edit_) {
+                InvalidateRect(window_, &item_, FALSE);
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+// The other messages of combo boxes. False for any other.
+bool ComboBox::onComboMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    const int index = static_cast<int>(wParam);
+    switch (message) {
+        case CB_SETCURSEL:
+            result = onCbSetCurSel(index);
+            return true;
+        case CB_SELECTSTRING:
+            result = onCbSelectString(index, reinterpret_cast<LPCSTR>(lParam));
+            return true;
+        case CB_RESETCONTENT:
+            result = onCbResetContent();
+            return true;
+        case CB_SHOWDROPDOWN:
+            result = onCbShowDropDown(wParam != 0);
+            return true;
+        case CB_GETDROPPEDSTATE:
+            result = open_;
+            return true;
+        case CB_GETDROPPEDCONTROLRECT:
+            result = onCbGetDroppedControlRect(reinterpret_cast<RECT*>(lParam));
+            return true;
+        case CB_GETDROPPEDWIDTH:
+            result = droppedWidth();
+            return true;
+        case CB_SETDROPPEDWIDTH:
+            droppedWidth_ = std::clamp(index, 0, static_cast<int>(0x7FFF));
+            result = droppedWidth();
+            return true;
+        case CB_SETITEMHEIGHT:
+            result = onCbSetItemHeight(index, static_cast<int>(lParam));
+            return true;
+        case CB_GETITEMHEIGHT:
+            result = index == -1 ? fieldHeight_ : askList(LB_GETITEMHEIGHT);
+            return true;
+        case CB_GETEDITSEL:
+            result = edit_ ? SendMessageA(edit_, EM_GETSEL, wParam, lParam) : CB_ERR;
+            return true;
+        case CB_SETEDITSEL:
+            result =
+                edit_ ? SendMessageA(edit_, EM_SETSEL, static_cast<WPARAM>(GET_X_LPARAM(lParam)), GET_Y_LPARAM(lParam))
+                      : CB_ERR;
+            return true;
+        case CB_LIMITTEXT:
+            result = edit_ ? SendMessageA(edit_, EM_SETLIMITTEXT, wParam, lParam) : TRUE;
+            return true;
+        case CB_GETCOMBOBOXINFO:
+            result = onCbGetComboBoxInfo(reinterpret_cast<COMBOBOXINFO*>(lParam));
+            return true;
+        default:
+            return false;
+    }
+}
+
+LRESULT ComboBox::onWmNcCreate(LPARAM lParam) {
+    // The border is drawn by the combo box itself, and the scroll bar is the list's.
+    constexpr DWORD kOwnParts = WS_BORDER | WS_HSCROLL | WS_VSCROLL;
+    SetWindowLongA(window_, GWL_STYLE, static_cast<LONG>(styleOf(window_) & ~kOwnParts));
+    return DefWindowProcA(window_, WM_NCCREATE, 0, lParam);
+}
+
+bool ComboBox::onWmCreate(const CREATESTRUCTA& create) {
+    fieldHeight_ = fontFieldHeight();
+    if (has(CBS_OWNERDRAWFIXED)) {
+        measureField();
+    }
+    list_ = createList(create);
+    edit_ = (create.style & CBS_DROPDOWNLIST) == CBS_DROPDOWNLIST ? nullptr : createEdit(create);
+    // The height that the combo box is created with is that of the open one.
+    WINDOWPOS position{};
+    position.cy = create.cy;
+    onWmWindowPosChanging(position);
+    resizeToField();
+    layout();
+    return list_ != nullptr;
+}
+
+HWND ComboBox::createList(const CREATESTRUCTA& create) {
+    const auto comboStyle = static_cast<DWORD>(create.style);
+    DWORD style =
+        WS_CHILD | WS_CLIPSIBLINGS | WS_BORDER | LBS_COMBOBOX | LBS_NOTIFY | partStyle(comboStyle, kListStyles);
+    if (!(comboStyle & CBS_OWNERDRAWFIXED)) {
+        style |= LBS_HASSTRINGS;
+    }
+    return CreateWindowExA(WS_EX_TOOLWINDOW, "ComboLBox", "", style, 0, 0, create.cx, create.cy, GetDesktopWindow(),
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(kComboListId)), create.hInstance, window_);
+}
+
+HWND ComboBox::createEdit(const CREATESTRUCTA& create) {
+    const DWORD style = WS_CHILD | WS_VISIBLE | ES_NOHIDESEL | kComboEditStyle |
+                        partStyle(static_cast<DWORD>(create.style), kEditStyles);
+    return CreateWindowExA(0, "Edit", "", style, 0, 0, 0, 0, window_,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(kComboEditId)), create.hInstance, nullptr);
+}
+
+void ComboBox::onWmDestroy() {
+    DestroyWindow(list_);
+    list_ = nullptr;
+}
+
+int ComboBox::fontFieldHeight() const {
+    TEXTMETRICA metrics;
+    const HDC dc = GetDC(window_);
+    {
+        const SelectedFont selected(dc, font_);
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(window_, dc);
+    return metrics.tmHeight + 2 * kTextPadding;
+}
+
+// Asks the parent for the height of what it draws in the field; a line is kept free above and below.
+void ComboBox::measureField() {
+    MEASUREITEMSTRUCT measure{};
+    measure.itemID = static_cast<UINT>(-1);
+    measure.itemHeight = static_cast<UINT>(fieldHeight_ - 2);
+    onWmMeasureItem(measure);
+    fieldHeight_ = static_cast<int>(std::min(measure.itemHeight, 0x7FFFU)) + 2;
+}
+
+int ComboBox::closedHeight() const {
+    return fieldHeight_ + 2 * kBorder;
+}
+
+// Whatever height is asked for beyond the closed one becomes the list's.
+void ComboBox::onWmWindowPosChanging(WINDOWPOS& position) {
+    if (position.flags & SWP_NOSIZE) {
+        return;
+    }
+    if (position.cy > closedHeight()) {
+        listHeight_ = position.cy - closedHeight() + (edit_ ? kEditPadding : 0);
+    }
+    position.cy = closedHeight();
+}
+
+void ComboBox::resizeToField() {
+    RECT window;
+    GetWindowRect(window_, &window);
+    SetWindowPos(window_, nullptr, 0, 0, window.right - window.left, closedHeight(),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ComboBox::layout() {
+    GetClientRect(window_, &item_);
+    InflateRect(&item_, -kBorder, -kBorder);
+    button_ = item_;
+    button_.left = std::max(item_.left, item_.right - GetSystemMetrics(SM_CXVSCROLL));
+    item_.right = button_.left;
+    SetWindowPos(list_, nullptr, 0, 0, droppedWidth(), listHeight_, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (edit_) {
+        InflateRect(&item_, -kEditPadding, -kEditPadding);
+        SetWindowPos(edit_, nullptr, item_.left, item_.top, std::max(item_.right - item_.left, 0),
+                     std::max(item_.bottom - item_.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+}
+
+int ComboBox::droppedWidth() const {
+    RECT window;
+    GetWindowRect(window_, &window);
+    return std::max(static_cast<int>(window.right - window.left), droppedWidth_);
+}
+
+void ComboBox::onWmSetFont(HFONT font, bool redraw) {
+    font_ = font;
+    fieldHeight_ = fontFieldHeight();
+    const auto wParam = reinterpret_cast<WPARAM>(font);
+    if (edit_) {
+        SendMessageA(edit_, WM_SETFONT, wParam, redraw);
+    }
+    askList(WM_SETFONT, wParam, FALSE);
+    resizeToField();
+    layout();
+    if (redraw) {
+        InvalidateRect(window_, nullptr, FALSE);
+    }
+}
+
+void ComboBox::onWmEnable(bool enabled) {
+    if (edit_) {
+        EnableWindow(edit_, enabled);
+    }
+    EnableWindow(list_, enabled);
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+LRESULT ComboBox::onWmGetDlgCode(const MSG* message) const {
+    const bool closesList =
+        message && message->message == WM_KEYDOWN && (message->wParam == VK_RETURN || message->wParam == VK_ESCAPE);
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (open_ && closesList ? DLGC_WANTMESSAGE : 0);
+}
+
+LRESULT ComboBox::onTextMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (edit_) {
+        return SendMessageA(edit_, message, wParam, lParam);
+    }
+    if (message == WM_GETTEXTLENGTH) {
+        return static_cast<LRESULT>(currentText().size());
+    }
+    if (message != WM_GETTEXT) {
+        return CB_ERR;
+    }
+    const auto buffer = reinterpret_cast<LPSTR>(lParam);
+    if (wParam == 0 || !buffer) {
+        return 0;
+    }
+    const std::string text = currentText();
+    const std::size_t count = std::min<std::size_t>(wParam - 1, text.size());
+    std::memcpy(buffer, text.data(), count);
+    buffer[count] = '\0';
+    return static_cast<LRESULT>(count);
+}
+
+LRESULT ComboBox::onCbSetItemHeight(int index, int height) {
+    if (index != -1) {
+        return has(CBS_OWNERDRAWFIXED) ? askList(LB_SETITEMHEIGHT, 0, height) : CB_ERR;
+    }
+    if (height < 0 || height > 0x7FFF) {
+        return CB_ERR;
+    }
+    fieldHeight_ = height + 2;  // As observed: the height given is that of the text between its lines of padding.
+    resizeToField();
+    layout();
+    return height;
+}
+
+LRESULT ComboBox::onCbGetComboBoxInfo(COMBOBOXINFO* info) const {
+    if (!info || info->cbSize < sizeof *info) {
+        return FALSE;
+    }
+    constexpr DWORD kPressedState = 0x8;
+    info->rcItem = item_;
+    info->rcButton = button_;
+    info->stateButton = buttonDown_ ? kPressedState : 0;
+    info->hwndCombo = window_;
+    info->hwndItem = edit_;
+    info->hwndList = list_;
+    return TRUE;
+}
+
+LRESULT ComboBox::onCbGetDroppedControlRect(RECT* rect) const {
+    if (!rect) {
+        return FALSE;
+    }
+    GetWindowRect(window_, rect);
+    rect->right = rect->left + droppedWidth();
+    rect->bottom = rect->top + listHeight_;
+    return TRUE;
+}
+
+}  // namespace platform

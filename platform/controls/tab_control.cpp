@@ -1,0 +1,411 @@
+// The tab control's items, selection, input and geometry.
+#include "platform/controls/tab_control.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/controls/control_base.h"
+#include "platform/window/builtin_classes.h"
+
+namespace platform {
+namespace {
+
+// All in pixels.
+constexpr int kRowLeft = 2;  // The selected tab grows into this and the next margin.
+constexpr int kRowTop = 2;
+constexpr int kPaddingX = 6;       // Between a tab's side and its caption.
+constexpr int kPaddingY = 3;       // Above and below the caption.
+constexpr int kMinimumWidth = 42;  // Of a tab.
+constexpr int kBodyMargin = 4;     // From the control's sides to the display area.
+constexpr int kBodyEdge = 2;       // From the row of tabs to the display area.
+constexpr int kArrowSize = 17;     // Side of a scroll arrow.
+
+}  // namespace
+
+LRESULT TabControl::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    const POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    switch (message) {
+        case WM_CREATE:
+            // The pages lie above the control as its siblings, so it never draws over them.
+            SetWindowLongA(window_, GWL_STYLE, static_cast<LONG>(styleOf(window_) | WS_CLIPSIBLINGS));
+            return 0;
+        case WM_GETDLGCODE:
+            return DLGC_WANTARROWS | DLGC_WANTCHARS;
+        case WM_NCHITTEST:
+            return onWmNcHitTest(point);
+        case WM_PAINT:
+        case WM_PRINTCLIENT:
+            onWmPaint(reinterpret_cast<HDC>(wParam));
+            return 0;
+        case WM_ERASEBKGND: {
+            RECT client;
+            GetClientRect(window_, &client);
+            FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
+            return TRUE;
+        }
+        case WM_SETFONT:
+            onWmSetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0);
+            return 0;
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(font_);
+        case WM_SIZE:
+            ensureVisible(selected_);
+            return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            invalidateRow();
+            return 0;
+        case WM_LBUTTONDOWN:
+            onWmLButtonDown(point);
+            return 0;
+        case WM_LBUTTONUP:
+            notify(NM_CLICK);
+            return 0;
+        case WM_RBUTTONUP:
+            notify(NM_RCLICK);
+            return 0;
+        case WM_KEYDOWN:
+            onWmKeyDown(wParam, lParam);
+            return 0;
+        default:
+            return handleTabMessage(message, wParam, lParam);
+    }
+}
+
+LRESULT TabControl::handleTabMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int index = static_cast<int>(wParam);
+    switch (message) {
+        case TCM_GETITEMCOUNT:
+            return count();
+        case TCM_GETITEMA:
+            return onTcmGetItem(index, *reinterpret_cast<TCITEMA*>(lParam));
+        case TCM_SETITEMA:
+            return onTcmSetItem(index, *reinterpret_cast<const TCITEMA*>(lParam));
+        case TCM_INSERTITEMA:
+            return onTcmInsertItem(index, *reinterpret_cast<const TCITEMA*>(lParam));
+        case TCM_DELETEITEM:
+            return onTcmDeleteItem(index);
+        case TCM_DELETEALLITEMS:
+            items_.clear();
+            selected_ = -1;
+            itemsChanged();
+            return TRUE;
+        case TCM_GETITEMRECT:
+            return onTcmGetItemRect(index, *reinterpret_cast<RECT*>(lParam));
+        case TCM_GETCURSEL:
+        case TCM_GETCURFOCUS:
+            return selected_;
+        case TCM_SETCURSEL:
+            return onTcmSetCurSel(index);
+        case TCM_SETCURFOCUS:
+            selectByUser(index);
+            return 0;
+        case TCM_HITTEST:
+            return onTcmHitTest(*reinterpret_cast<TCHITTESTINFO*>(lParam));
+        case TCM_ADJUSTRECT:
+            onTcmAdjustRect(wParam != 0, *reinterpret_cast<RECT*>(lParam));
+            return 0;
+        case TCM_GETROWCOUNT:
+            return items_.empty() ? 0 : 1;
+        default:
+            return DefWindowProcA(window_, message, wParam, lParam);
+    }
+}
+
+LRESULT TabControl::notify(UINT code) const {
+    NMHDR header{};
+    header.hwndFrom = window_;
+    header.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(window_));
+    header.code = code;
+    return SendMessageA(GetParent(window_), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+}
+
+void TabControl::onWmSetFont(HFONT font, bool redraw) {
+    font_ = font;
+    laidOut_ = false;
+    if (redraw) {
+        InvalidateRect(window_, nullptr, TRUE);
+    }
+}
+
+// Beside the tabs the control lets the mouse through to the page, which is its sibling.
+LRESULT TabControl::onWmNcHitTest(POINT screen) {
+    POINT point = screen;
+    ScreenToClient(window_, &point);
+    layout();
+    const RECT left = arrowRect(false);
+    const RECT right = arrowRect(true);
+    const bool onArrow = scrolls() && (PtInRect(&left, point) || PtInRect(&right, point));
+    return onArrow || itemAt(point) >= 0 ? HTCLIENT : HTTRANSPARENT;
+}
+
+void TabControl::onWmLButtonDown(POINT point) {
+    const HWND window = window_;
+    layout();
+    for (const bool right : {false, true}) {
+        const RECT arrow = arrowRect(right);
+        if (scrolls() && PtInRect(&arrow, point)) {
+            scroll(right);
+            return;
+        }
+    }
+    if (!(styleOf(window) & TCS_FOCUSNEVER)) {
+        SetFocus(window);
+    }
+    if (IsWindow(window)) {
+        selectByUser(itemAt(point));
+    }
+}
+
+void TabControl::onWmKeyDown(WPARAM key, LPARAM flags) {
+    const HWND window = window_;
+    NMTCKEYDOWN notification{};
+    notification.hdr.hwndFrom = window;
+    notification.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(window));
+    notification.hdr.code = TCN_KEYDOWN;
+    notification.wVKey = static_cast<WORD>(key);
+    notification.flags = static_cast<UINT>(flags);
+    SendMessageA(GetParent(window), WM_NOTIFY, notification.hdr.idFrom, reinterpret_cast<LPARAM>(&notification));
+    if (!IsWindow(window)) {
+        return;
+    }
+    if (key == VK_LEFT) {
+        selectByUser(selected_ - 1);
+    } else if (key == VK_RIGHT) {
+        selectByUser(selected_ + 1);
+    }
+}
+
+void TabControl::selectByUser(int index) {
+    const HWND window = window_;
+    if (!isItem(index) || index == selected_ || notify(TCN_SELCHANGING)) {
+        return;
+    }
+    // The parent may have closed the window or removed items while it was asked.
+    if (!IsWindow(window) || !isItem(index)) {
+        return;
+    }
+    onTcmSetCurSel(index);
+    notify(TCN_SELCHANGE);
+}
+
+void TabControl::itemsChanged() {
+    laidOut_ = false;
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+int TabControl::onTcmInsertItem(int index, const TCITEMA& item) {
+    if (index < 0) {
+        return -1;
+    }
+    index = std::min(index, count());
+    items_.insert(items_.begin() + index, Item{});
+    onTcmSetItem(index, item);
+    if (count() == 1) {
+        selected_ = 0;
+    } else if (index <= selected_) {
+        ++selected_;
+    }
+    return index;
+}
+
+bool TabControl::onTcmGetItem(int index, TCITEMA& item) const {
+    if (!isItem(index)) {
+        return false;
+    }
+    const Item& found = items_[static_cast<std::size_t>(index)];
+    if ((item.mask & TCIF_TEXT) && item.pszText && item.cchTextMax > 0) {
+        const std::size_t length = std::min(found.text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
+        std::memcpy(item.pszText, found.text.data(), length);
+        item.pszText[length] = '\0';
+    }
+    if (item.mask & TCIF_PARAM) {
+        item.lParam = found.param;
+    }
+    return true;
+}
+
+bool TabControl::onTcmSetItem(int index, const TCITEMA& item) {
+    if (!isItem(index)) {
+        return false;
+    }
+    Item& changed = items_[static_cast<std::size_t>(index)];
+    if ((item.mask & TCIF_TEXT) && item.pszText) {
+        changed.text = item.pszText;
+    }
+    if (item.mask & TCIF_PARAM) {
+        changed.param = item.lParam;
+    }
+    itemsChanged();
+    return true;
+}
+
+bool TabControl::onTcmDeleteItem(int index) {
+    if (!isItem(index)) {
+        return false;
+    }
+    items_.erase(items_.begin() + index);
+    if (index == selected_) {
+        selected_ = -1;
+    } else if (index < selected_) {
+        --selected_;
+    }
+    itemsChanged();
+    return true;
+}
+
+bool TabControl::onTcmGetItemRect(int index, RECT& rect) {
+    if (!isItem(index)) {
+        return false;
+    }
+    layout();
+    rect = itemRect(index);
+    return true;
+}
+
+int TabControl::onTcmSetCurSel(int index) {
+    if (index < -1 || index >= count()) {
+        return -1;
+    }
+    const int before = selected_;
+    selected_ = index;
+    ensureVisible(index);
+    invalidateRow();
+    return before;
+}
+
+int TabControl::onTcmHitTest(TCHITTESTINFO& hit) {
+    layout();
+    const int index = itemAt(hit.pt);
+    hit.flags = index >= 0 ? TCHT_ONITEM : TCHT_NOWHERE;
+    return index;
+}
+
+void TabControl::onTcmAdjustRect(bool larger, RECT& rect) {
+    layout();
+    const int sign = larger ? -1 : 1;
+    rect.left += sign * kBodyMargin;
+    rect.right -= sign * kBodyMargin;
+    rect.top += sign * (rowBottom() + kBodyEdge);
+    rect.bottom -= sign * kBodyMargin;
+}
+
+// Captions are measured once after a change, not at every insertion.
+void TabControl::layout() {
+    if (laidOut_) {
+        return;
+    }
+    laidOut_ = true;
+    HDC dc = GetDC(window_);
+    {
+        const SelectedFont selected(dc, font_);
+        TEXTMETRICA metrics{};
+        GetTextMetricsA(dc, &metrics);
+        textHeight_ = metrics.tmHeight;
+        for (Item& item : items_) {
+            SIZE size{};
+            GetTextExtentPoint32A(dc, item.text.data(), static_cast<int>(item.text.size()), &size);
+            item.width = std::max(kMinimumWidth, size.cx + 2 * kPaddingX);
+        }
+    }
+    ReleaseDC(window_, dc);
+    first_ = std::clamp(first_, 0, std::max(0, count() - 1));
+    if (!scrolls()) {
+        first_ = 0;
+    }
+}
+
+int TabControl::rowBottom() const {
+    return kRowTop + textHeight_ + 2 * kPaddingY;
+}
+
+int TabControl::rowLength() const {
+    int length = 2 * kRowLeft;
+    for (const Item& item : items_) {
+        length += item.width;
+    }
+    return length;
+}
+
+// Items left of the first one shown get negative coordinates.
+RECT TabControl::itemRect(int index) const {
+    LONG left = kRowLeft;
+    for (int i = std::min(index, first_); i < std::max(index, first_); ++i) {
+        const int width = items_[static_cast<std::size_t>(i)].width;
+        left += index > first_ ? width : -width;
+    }
+    return {left, kRowTop, left + items_[static_cast<std::size_t>(index)].width, rowBottom()};
+}
+
+bool TabControl::scrolls() const {
+    RECT client;
+    GetClientRect(window_, &client);
+    return rowLength() > client.right;
+}
+
+RECT TabControl::arrowRect(bool right) const {
+    RECT client;
+    GetClientRect(window_, &client);
+    const LONG left = client.right - (right ? 1 : 2) * kArrowSize;
+    const LONG top = rowBottom() - kArrowSize - 1;
+    return {left, top, left + kArrowSize, top + kArrowSize};
+}
+
+bool TabControl::canScroll(bool right) const {
+    if (!right) {
+        return first_ > 0;
+    }
+    return itemRect(count() - 1).right > arrowRect(false).left;
+}
+
+void TabControl::scroll(bool right) {
+    if (canScroll(right)) {
+        first_ += right ? 1 : -1;
+        invalidateRow();
+    }
+}
+
+void TabControl::ensureVisible(int index) {
+    layout();
+    if (!scrolls()) {
+        first_ = 0;
+        return;
+    }
+    if (!isItem(index)) {
+        return;
+    }
+    first_ = std::min(first_, index);
+    while (first_ < index && itemRect(index).right > arrowRect(false).left) {
+        ++first_;
+    }
+    invalidateRow();
+}
+
+int TabControl::itemAt(POINT point) const {
+    const bool hidden = scrolls() && point.x >= arrowRect(false).left;
+    for (int i = first_; !hidden && i < count(); ++i) {
+        const RECT rect = itemRect(i);
+        if (PtInRect(&rect, point)) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+void TabControl::invalidateRow() const {
+    RECT row;
+    GetClientRect(window_, &row);
+    row.bottom = rowBottom() + kBodyEdge;
+    InvalidateRect(window_, &row, TRUE);
+}
+
+void registerTabClass() {
+    registerControlClass<TabControl>(WC_TABCONTROLA, CS_HREDRAW | CS_VREDRAW);
+}
+
+}  // namespace platform
+
+// The classes are always registered; a program only states what it is going to use.
+BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls) {
+    return controls && controls->dwSize == sizeof(INITCOMMONCONTROLSEX);
+}

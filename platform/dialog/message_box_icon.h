@@ -1,0 +1,13 @@
+// The pictures of message boxes.
+#pragma once
+
+#include <windows.h>
+
+namespace platform {
+
+constexpr int kBoxIconSize = 32;  // Pixels, width and height.
+
+// Draws the picture for a kind from MB_ICONHAND to MB_ICONASTERISK with its top left corner at the point.
+void drawBoxIcon(HDC dc, POINT at, UINT kind);
+
+}  // namespace platform

@@ -1,0 +1,93 @@
+// The screen as the window room sees it: top-level windows, input, clipboard. Two implementations: an X server,
+// and memory. Exactly one is in use in a process.
+#pragma once
+
+#include "platform/graphics/surface.h"
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+namespace platform {
+
+// What a display window is made from; `kind` decides how the window manager treats it.
+struct DisplayWindowInfo {
+    enum class Kind { Normal, Dialog, Popup };  // Popup: a drop-down list, without frame, never focused by the server.
+    Kind kind = Kind::Normal;
+    HWND window = nullptr;
+    HWND owner = nullptr;     // Transient for this window; null for none.
+    RECT rect{};              // Client area in screen coordinates.
+    bool positioned = false;  // False: the window manager may choose the place.
+    bool resizable = false;
+    std::string title;  // Code page 1252.
+};
+
+// Input arrives here; the window room implements it. All coordinates are pixels of the named top-level window's client
+// area.
+class InputSink {
+public:
+    virtual ~InputSink() = default;
+
+    enum class Mouse { Move, Down, Up };
+    // `button` is VK_LBUTTON, VK_MBUTTON or VK_RBUTTON, 0 for a move.
+    virtual void mouse(HWND top, Mouse what, int button, POINT at, DWORD timeMs) = 0;
+    virtual void wheel(HWND top, int delta, POINT at, DWORD timeMs) = 0;
+    // A key by its virtual code. `text` holds the characters it produces in code page 1252 (empty for none);
+    // a character that no key names (from an input method) comes with virtualKey 0.
+    virtual void key(int virtualKey, bool down, bool repeat, const std::string& text, DWORD timeMs) = 0;
+    // Modifier and lock state of the keyboard before the event that follows: bits MK_SHIFT, MK_CONTROL, and kAlt.
+    static constexpr unsigned kAlt = 0x20;
+    static constexpr unsigned kCapsLock = 0x40;
+    static constexpr unsigned kNumLock = 0x80;
+    virtual void modifiers(unsigned state) = 0;
+    virtual void closeRequested(HWND top) = 0;
+    // The server gave the keyboard focus to the window, or took it away (no window of ours has it then).
+    virtual void focusIn(HWND top) = 0;
+    virtual void focusOut(HWND top) = 0;
+    virtual void moved(HWND top, POINT clientOrigin) = 0;
+    virtual void resized(HWND top, SIZE client) = 0;
+    // A part must be shown again; the display presents it itself from the surface it was last given.
+};
+
+class Display {
+public:
+    virtual ~Display() = default;
+
+    virtual void createWindow(const DisplayWindowInfo& info) = 0;
+    virtual void destroyWindow(HWND window) = 0;
+    virtual void show(HWND window, bool visible) = 0;
+    virtual void setTitle(HWND window, const std::string& title) = 0;
+    virtual void setRect(HWND window, const RECT& client) = 0;
+    virtual void raise(HWND window) = 0;
+    virtual void setTopmost(HWND window, bool topmost) = 0;
+    // Asks the server for the keyboard focus.
+    virtual void focus(HWND window) = 0;
+    // While a popup is grabbed the display reports mouse events anywhere to it (outside: coordinates outside its
+    // client area), so that a click elsewhere can close a drop-down list. Null ends the grab.
+    virtual void grabMouse(HWND popup) = 0;
+    // Shows the part `rect` of the surface, which stays owned by the caller and lives until destroyWindow.
+    virtual void present(HWND window, const Surface& surface, const RECT& rect) = 0;
+    virtual void setCursor(HCURSOR cursor) = 0;                    // IDC_ARROW or IDC_IBEAM as a handle.
+    virtual void setCaretRect(HWND window, const RECT& rect) = 0;  // Where an input method shows itself.
+
+    // Delivers waiting events to the sink and returns how many there were; waits for the first one at most
+    // timeoutMs (0: not at all, -1: without limit). Sends pending output to the server before it waits.
+    virtual int pump(InputSink& sink, int timeoutMs) = 0;
+
+    virtual SIZE screenSize() const = 0;
+    virtual POINT cursorPosition() const = 0;
+    virtual void beep() = 0;
+
+    // Clipboard text in code page 1252. `readClipboard` may wait for another program, a second at most; false when
+    // there is none.
+    virtual void writeClipboard(const std::string& text) = 0;
+    virtual bool readClipboard(std::string& text) = 0;
+    virtual bool clipboardHasText() = 0;
+};
+
+std::unique_ptr<Display> openMemoryDisplay();
+// Null when no X server answers.
+std::unique_ptr<Display> openX11Display();
+
+}  // namespace platform

@@ -1,0 +1,9 @@
+set(ROOM_SOURCES
+    memory_display.cpp
+    x11_clipboard.cpp
+    x11_connection.cpp
+    x11_display.cpp
+    x11_input_method.cpp
+    x11_keyboard.cpp
+    x11_keysyms.cpp
+    x11_window.cpp)

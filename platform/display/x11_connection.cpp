@@ -1,0 +1,196 @@
+// Opening the connection, and what happens to errors: one about a window that has just vanished is harmless and is
+// passed over; a lost server ends the process with a line on standard error, as X programs do.
+
+#include "platform/display/x11_connection.h"
+
+#include <X11/Xatom.h>
+
+#include <bit>
+#include <cstdio>
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+constexpr std::array<const char*, static_cast<std::size_t>(X11Atom::Count)> kAtomNames = {
+    "WM_PROTOCOLS",
+    "WM_DELETE_WINDOW",
+    "WM_TAKE_FOCUS",
+    "_NET_WM_PING",
+    "_NET_WM_PID",
+    "_NET_WM_NAME",
+    "_NET_WM_WINDOW_TYPE",
+    "_NET_WM_WINDOW_TYPE_NORMAL",
+    "_NET_WM_WINDOW_TYPE_DIALOG",
+    "_NET_WM_WINDOW_TYPE_COMBO",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_ABOVE",
+    "_NET_WM_STATE_MODAL",
+    "_NET_ACTIVE_WINDOW",
+    "_NET_SUPPORTING_WM_CHECK",
+    "UTF8_STRING",
+    "CLIPBOARD",
+    "TARGETS",
+    "TIMESTAMP",
+    "TEXT",
+    "text/plain;charset=utf-8",
+    "INCR",
+    "_TAVRIK_TRANSFER",
+};
+
+// The handlers are the process's; a host may have its own connection and handlers, which keep theirs.
+::Display* ourDisplay = nullptr;
+bool serverLost = false;
+XErrorHandler previousErrorHandler = nullptr;
+XIOErrorHandler previousIoErrorHandler = nullptr;
+
+bool isExpectedError(int code) {
+    // A window that vanished, a focus or grab on a window that is not (or no longer) shown.
+    return code == BadWindow || code == BadDrawable || code == BadMatch || code == BadAccess;
+}
+
+int onError(::Display* display, XErrorEvent* error) {
+    if (display != ourDisplay)
+        return previousErrorHandler(display, error);
+    if (!isExpectedError(error->error_code)) {
+        std::array<char, 128> text{};
+        XGetErrorText(display, error->error_code, text.data(), static_cast<int>(text.size()));
+        std::fprintf(stderr, "tavrikwindow: the X server refused request %d: %s\n", error->request_code, text.data());
+    }
+    return 0;
+}
+
+int onIoError(::Display* display) {
+    if (display != ourDisplay)
+        return previousIoErrorHandler(display);
+    serverLost = true;
+    std::fputs("tavrikwindow: the connection to the X server is lost\n", stderr);
+    std::exit(1);
+}
+
+void installErrorHandlers(::Display* display) {
+    ourDisplay = display;
+    static const bool installed = [] {
+        previousErrorHandler = XSetErrorHandler(onError);
+        previousIoErrorHandler = XSetIOErrorHandler(onIoError);
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
+bool isByteMask(unsigned long mask) {
+    return mask != 0 && mask >> std::countr_zero(mask) == 0xFF;
+}
+
+}  // namespace
+
+std::unique_ptr<X11Connection> X11Connection::open() {
+    ::Display* display = XOpenDisplay(nullptr);
+    if (display == nullptr)
+        return nullptr;
+    std::unique_ptr<X11Connection> connection(new X11Connection(display));
+    if (!connection->chooseVisual())
+        return nullptr;
+    installErrorHandlers(display);
+    connection->createShared();
+    return connection;
+}
+
+X11Connection::X11Connection(::Display* display)
+    : display_(display), screen_(DefaultScreen(display)), root_(RootWindow(display, screen_)) {}
+
+X11Connection::~X11Connection() {
+    // Every request on a lost connection ends in the handler that is just ending the process.
+    if (serverLost)
+        return;
+    if (gc_ != nullptr)
+        XFreeGC(display_, gc_);
+    XCloseDisplay(display_);
+    if (ourDisplay == display_)
+        ourDisplay = nullptr;
+}
+
+bool X11Connection::chooseVisual() {
+    // Depth 24 first: a visual of depth 32 may be seen through.
+    if (XMatchVisualInfo(display_, screen_, 24, TrueColor, &visual_) == 0 &&
+        XMatchVisualInfo(display_, screen_, 32, TrueColor, &visual_) == 0)
+        return false;
+    const std::array<unsigned long, 3> masks = {visual_.red_mask, visual_.green_mask, visual_.blue_mask};
+    for (std::size_t i = 0; i < masks.size(); ++i) {
+        if (!isByteMask(masks[i]))
+            return false;
+        shifts_[i] = std::countr_zero(masks[i]);
+    }
+    const auto colours = static_cast<std::uint32_t>(masks[0] | masks[1] | masks[2]);
+    opaqueBits_ = visual_.depth == 32 ? ~colours : 0;
+    nativePixels_ = opaqueBits_ == 0 && shifts_ == std::array<int, 3>{16, 8, 0};
+    return true;
+}
+
+void X11Connection::createShared() {
+    const bool isDefault = visual_.visual == DefaultVisual(display_, screen_);
+    colormap_ =
+        isDefault ? DefaultColormap(display_, screen_) : XCreateColormap(display_, root_, visual_.visual, AllocNone);
+    XInternAtoms(display_, const_cast<char**>(kAtomNames.data()), static_cast<int>(kAtomNames.size()), False,
+                 atoms_.data());
+    XSetWindowAttributes attributes{};
+    attributes.colormap = colormap_;
+    attributes.event_mask = PropertyChangeMask;
+    utilityWindow_ = XCreateWindow(display_, root_, -1, -1, 1, 1, 0, visual_.depth, InputOutput, visual_.visual,
+                                   CWColormap | CWBorderPixel | CWEventMask, &attributes);
+    gc_ = XCreateGC(display_, utilityWindow_, 0, nullptr);
+}
+
+std::uint32_t X11Connection::pixel(std::uint32_t rgb) const {
+    const std::uint32_t red = (rgb >> 16) & 0xFF;
+    const std::uint32_t green = (rgb >> 8) & 0xFF;
+    const std::uint32_t blue = rgb & 0xFF;
+    return red << shifts_[0] | green << shifts_[1] | blue << shifts_[2] | opaqueBits_;
+}
+
+void X11Connection::noteTime(const XEvent& event) {
+    if (event.type == KeyPress || event.type == KeyRelease)
+        lastTime_ = event.xkey.time;
+    else if (event.type == ButtonPress || event.type == ButtonRelease)
+        lastTime_ = event.xbutton.time;
+    else if (event.type == MotionNotify)
+        lastTime_ = event.xmotion.time;
+    else if (event.type == PropertyNotify)
+        lastTime_ = event.xproperty.time;
+}
+
+void X11Connection::setAtomProperty(::Window window, X11Atom property, std::span<const Atom> values) {
+    XChangeProperty(display_, window, atom(property), XA_ATOM, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(values.data()), static_cast<int>(values.size()));
+}
+
+void X11Connection::setTextProperty(::Window window, Atom property, Atom type, const std::string& bytes) {
+    XChangeProperty(display_, window, property, type, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
+}
+
+void X11Connection::tellWindowManager(::Window window, X11Atom type, const std::array<long, 5>& data) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = atom(type);
+    event.xclient.format = 32;
+    for (std::size_t i = 0; i < data.size(); ++i)
+        event.xclient.data.l[i] = data[i];
+    XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+}
+
+bool X11Connection::hasWindowManager() {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* data = nullptr;
+    const int result = XGetWindowProperty(display_, root_, atom(X11Atom::NetSupportingWmCheck), 0, 1, False, XA_WINDOW,
+                                          &type, &format, &count, &left, &data);
+    if (data != nullptr)
+        XFree(data);
+    return result == Success && type == XA_WINDOW && count == 1;
+}
+
+}  // namespace platform

@@ -1,0 +1,94 @@
+// The connection to the X server and what all windows on it share: visual, atoms, a drawing context.
+#pragma once
+
+#include <windows.h>
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <array>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace platform {
+
+enum class X11Atom {
+    WmProtocols,
+    WmDeleteWindow,
+    WmTakeFocus,
+    NetWmPing,
+    NetWmPid,
+    NetWmName,
+    NetWmWindowType,
+    NetWmWindowTypeNormal,
+    NetWmWindowTypeDialog,
+    NetWmWindowTypeCombo,
+    NetWmState,
+    NetWmStateAbove,
+    NetWmStateModal,
+    NetActiveWindow,
+    NetSupportingWmCheck,
+    Utf8String,
+    Clipboard,
+    Targets,
+    Timestamp,
+    Text,
+    Utf8MimeText,
+    Incr,
+    TransferProperty,
+    Count
+};
+
+class X11Connection {
+public:
+    // Null when no server answers, or when it has no true-colour visual with eight bits a colour.
+    static std::unique_ptr<X11Connection> open();
+    ~X11Connection();
+    X11Connection(const X11Connection&) = delete;
+    X11Connection& operator=(const X11Connection&) = delete;
+
+    ::Display* display() const { return display_; }
+    ::Window root() const { return root_; }
+    int screen() const { return screen_; }
+    const XVisualInfo& visual() const { return visual_; }
+    Colormap colormap() const { return colormap_; }
+    // A window that is never shown: it owns selections.
+    ::Window utilityWindow() const { return utilityWindow_; }
+    GC gc() const { return gc_; }
+    Atom atom(X11Atom name) const { return atoms_[static_cast<std::size_t>(name)]; }
+
+    // The server's pixel for 0x00RRGGBB; with native pixels it is the same value.
+    bool hasNativePixels() const { return nativePixels_; }
+    std::uint32_t pixel(std::uint32_t rgb) const;
+
+    // Time of the newest event that carried one; what the server wants for selections and focus.
+    Time lastTime() const { return lastTime_; }
+    void noteTime(const XEvent& event);
+
+    void setAtomProperty(::Window window, X11Atom property, std::span<const Atom> values);
+    void setTextProperty(::Window window, Atom property, Atom type, const std::string& bytes);
+    // Sends a client message about `window` to the window manager.
+    void tellWindowManager(::Window window, X11Atom type, const std::array<long, 5>& data);
+    bool hasWindowManager();
+
+private:
+    explicit X11Connection(::Display* display);
+    bool chooseVisual();
+    void createShared();
+
+    ::Display* display_;
+    int screen_;
+    ::Window root_;
+    XVisualInfo visual_{};
+    bool nativePixels_ = false;
+    std::array<int, 3> shifts_{};   // Of red, green and blue in a pixel.
+    std::uint32_t opaqueBits_ = 0;  // Bits of a pixel that belong to no colour: full opacity on a 32-bit visual.
+    Colormap colormap_ = 0;
+    ::Window utilityWindow_ = 0;
+    GC gc_ = nullptr;
+    std::array<Atom, static_cast<std::size_t>(X11Atom::Count)> atoms_{};
+    Time lastTime_ = CurrentTime;
+};
+
+}  // namespace platform

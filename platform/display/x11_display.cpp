@@ -1,0 +1,371 @@
+// Focus is reported once a batch of events is through, so that a move between two of our windows is one change and
+// never looks as if another program had the focus in between.
+
+#include "platform/display/x11_display.h"
+
+#include <X11/XKBlib.h>
+#include <X11/cursorfont.h>
+#include <poll.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace platform {
+namespace {
+
+constexpr int kWheelStep = 120;
+constexpr long kGrabEvents = ButtonPressMask | ButtonReleaseMask | PointerMotionMask;
+
+// The virtual key of a mouse button, 0 for the wheel and the buttons beyond.
+int virtualButton(unsigned button) {
+    constexpr std::array<int, 4> kButtons = {0, VK_LBUTTON, VK_MBUTTON, VK_RBUTTON};
+    return button < kButtons.size() ? kButtons[button] : 0;
+}
+
+}  // namespace
+
+X11Display::X11Display(std::unique_ptr<X11Connection> connection)
+    : connection_(std::move(connection)), keyboard_(connection_->display()), clipboard_(*connection_) {}
+
+X11Window* X11Display::find(HWND window) const {
+    for (const auto& entry : windows_) {
+        if (entry->window() == window)
+            return entry.get();
+    }
+    return nullptr;
+}
+
+X11Window* X11Display::findById(::Window id) const {
+    for (const auto& entry : windows_) {
+        if (entry->id() == id)
+            return entry.get();
+    }
+    return nullptr;
+}
+
+void X11Display::createWindow(const DisplayWindowInfo& info) {
+    const X11Window* owner = find(info.owner);
+    windows_.push_back(std::make_unique<X11Window>(*connection_, info, owner != nullptr ? owner->id() : 0));
+    const ::Window id = windows_.back()->id();
+    keyboard_.inputMethod().attach(id);
+    XDefineCursor(connection_->display(), id, cursorOf(cursor_));
+}
+
+void X11Display::destroyWindow(HWND window) {
+    const X11Window* entry = find(window);
+    if (entry == nullptr)
+        return;
+    keyboard_.inputMethod().detach(entry->id());
+    std::erase_if(windows_, [entry](const auto& candidate) { return candidate.get() == entry; });
+    for (HWND* role : {&grabbed_, &serverFocus_, &reportedFocus_, &wantedFocus_}) {
+        if (*role == window)
+            *role = nullptr;
+    }
+}
+
+void X11Display::show(HWND window, bool visible) {
+    if (X11Window* entry = find(window))
+        entry->show(visible);
+}
+
+void X11Display::setTitle(HWND window, const std::string& title) {
+    if (X11Window* entry = find(window))
+        entry->setTitle(title);
+}
+
+void X11Display::setRect(HWND window, const RECT& client) {
+    if (X11Window* entry = find(window))
+        entry->setRect(client);
+}
+
+void X11Display::raise(HWND window) {
+    if (const X11Window* entry = find(window))
+        XRaiseWindow(connection_->display(), entry->id());
+}
+
+void X11Display::setTopmost(HWND window, bool topmost) {
+    if (X11Window* entry = find(window))
+        entry->setTopmost(topmost);
+}
+
+void X11Display::focus(HWND window) {
+    const X11Window* entry = find(window);
+    if (entry == nullptr)
+        return;
+    wantedFocus_ = window;
+    // A window that is not shown cannot have the focus; it asks again when the server has shown it.
+    if (entry->isMapped())
+        takeFocus(*entry);
+}
+
+void X11Display::takeFocus(const X11Window& window) {
+    ::Display* display = connection_->display();
+    if (connection_->hasWindowManager()) {
+        const X11Window* active = find(serverFocus_);
+        const long activeId = active != nullptr ? static_cast<long>(active->id()) : 0;
+        constexpr long kFromApplication = 1;
+        connection_->tellWindowManager(window.id(), X11Atom::NetActiveWindow,
+                                       {kFromApplication, static_cast<long>(connection_->lastTime()), activeId, 0, 0});
+    }
+    focusAskedBy_ = NextRequest(display);
+    XSetInputFocus(display, window.id(), RevertToParent, CurrentTime);
+}
+
+void X11Display::grabMouse(HWND popup) {
+    grabbed_ = popup;
+    const X11Window* entry = find(popup);
+    if (entry == nullptr)
+        XUngrabPointer(connection_->display(), CurrentTime);
+    else if (entry->isMapped())
+        takeGrab(*entry);
+}
+
+void X11Display::takeGrab(const X11Window& window) {
+    // Without owner events every mouse event is the popup's, also those over our other windows.
+    XGrabPointer(connection_->display(), window.id(), False, kGrabEvents, GrabModeAsync, GrabModeAsync, 0,
+                 cursorOf(nullptr), CurrentTime);
+}
+
+void X11Display::present(HWND window, const Surface& surface, const RECT& rect) {
+    if (X11Window* entry = find(window))
+        entry->present(surface, rect);
+}
+
+::Cursor X11Display::cursorOf(HCURSOR cursor) {
+    const bool text = cursor == reinterpret_cast<HCURSOR>(IDC_IBEAM);
+    ::Cursor& shape = text ? textCursor_ : arrow_;
+    if (shape == 0)
+        shape = XCreateFontCursor(connection_->display(), text ? XC_xterm : XC_left_ptr);
+    return shape;
+}
+
+void X11Display::setCursor(HCURSOR cursor) {
+    if (cursor == cursor_)
+        return;
+    cursor_ = cursor;
+    for (const auto& window : windows_)
+        XDefineCursor(connection_->display(), window->id(), cursorOf(cursor));
+}
+
+void X11Display::setCaretRect(HWND window, const RECT& rect) {
+    if (const X11Window* entry = find(window))
+        keyboard_.inputMethod().setCaretRect(entry->id(), rect);
+}
+
+SIZE X11Display::screenSize() const {
+    ::Display* display = connection_->display();
+    return {DisplayWidth(display, connection_->screen()), DisplayHeight(display, connection_->screen())};
+}
+
+POINT X11Display::cursorPosition() const {
+    ::Window root = 0;
+    ::Window child = 0;
+    POINT position{};
+    POINT inWindow{};
+    unsigned state = 0;
+    XQueryPointer(connection_->display(), connection_->root(), &root, &child, &position.x, &position.y, &inWindow.x,
+                  &inWindow.y, &state);
+    return position;
+}
+
+void X11Display::beep() {
+    XBell(connection_->display(), 0);
+}
+
+int X11Display::pump(InputSink& sink, int timeoutMs) {
+    using Clock = std::chrono::steady_clock;
+    const auto deadline = Clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0));
+    for (;;) {
+        for (const auto& window : windows_)
+            window->flushPresents();
+        // Looking for events also sends what is pending.
+        if (const int delivered = drain(sink))
+            return delivered;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+        if (timeoutMs >= 0 && left <= 0)
+            return 0;
+        pollfd descriptor{ConnectionNumber(connection_->display()), POLLIN, 0};
+        poll(&descriptor, 1, timeoutMs < 0 ? -1 : static_cast<int>(left));
+    }
+}
+
+int X11Display::drain(InputSink& sink) {
+    ::Display* display = connection_->display();
+    int delivered = 0;
+    XEvent event;
+    while (XPending(display) > 0) {
+        XNextEvent(display, &event);
+        connection_->noteTime(event);
+        if (XFilterEvent(&event, 0) == False)
+            delivered += dispatch(event, sink);
+    }
+    return delivered + reportFocus(sink);
+}
+
+int X11Display::dispatch(XEvent& event, InputSink& sink) {
+    switch (event.type) {
+        case MappingNotify:
+            keyboard_.onMappingNotify(event.xmapping);
+            return 0;
+        case SelectionRequest:
+            clipboard_.onSelectionRequest(event.xselectionrequest);
+            return 0;
+        case SelectionClear:
+            clipboard_.onSelectionClear(event.xselectionclear);
+            return 0;
+        default:
+            break;
+    }
+    X11Window* window = findById(event.xany.window);
+    return window != nullptr ? dispatchToWindow(event, *window, sink) : 0;
+}
+
+int X11Display::dispatchToWindow(XEvent& event, X11Window& window, InputSink& sink) {
+    switch (event.type) {
+        case KeyPress: {
+            const int focusEvents = reportFocus(sink);
+            return focusEvents + (keyboard_.onKeyPress(event.xkey, sink) ? 1 : 0);
+        }
+        case KeyRelease:
+            return keyboard_.onKeyRelease(event.xkey, sink) ? 1 : 0;
+        case ButtonPress:
+        case ButtonRelease:
+            return onMouseButton(event.xbutton, window.window(), sink);
+        case MotionNotify:
+            return onMouseMove(event.xmotion, window.window(), sink);
+        case ClientMessage:
+            return onClientMessage(event.xclient, window, sink);
+        case ConfigureNotify:
+            return onConfigureNotify(event.xconfigure, window, sink);
+        case FocusIn:
+        case FocusOut:
+            onFocusChange(event.xfocus, window);
+            return 0;
+        case Expose:
+            window.onExpose(event.xexpose);
+            return 0;
+        case ReparentNotify:
+            window.onReparentNotify(event.xreparent);
+            return 0;
+        case UnmapNotify:
+            window.onUnmapNotify();
+            return 0;
+        case MapNotify:
+            window.onMapNotify();
+            if (window.window() == wantedFocus_)
+                takeFocus(window);
+            if (window.window() == grabbed_)
+                takeGrab(window);
+            return 0;
+        default:
+            return 0;
+    }
+}
+
+int X11Display::onMouseButton(const XButtonEvent& event, HWND window, InputSink& sink) {
+    const POINT at = {event.x, event.y};
+    const auto time = static_cast<DWORD>(event.time);
+    const bool down = event.type == ButtonPress;
+    if (const int button = virtualButton(event.button)) {
+        sink.modifiers(keyboard_.modifiersOf(event.state));
+        sink.mouse(window, down ? InputSink::Mouse::Down : InputSink::Mouse::Up, button, at, time);
+        return 1;
+    }
+    if (!down || (event.button != Button4 && event.button != Button5))
+        return 0;
+    sink.modifiers(keyboard_.modifiersOf(event.state));
+    sink.wheel(window, event.button == Button4 ? kWheelStep : -kWheelStep, at, time);
+    return 1;
+}
+
+int X11Display::onMouseMove(const XMotionEvent& event, HWND window, InputSink& sink) {
+    // Of a run of moves the last one counts.
+    ::Display* display = connection_->display();
+    if (XEventsQueued(display, QueuedAlready) > 0) {
+        XEvent next;
+        XPeekEvent(display, &next);
+        if (next.type == MotionNotify && next.xmotion.window == event.window && next.xmotion.state == event.state)
+            return 0;
+    }
+    sink.modifiers(keyboard_.modifiersOf(event.state));
+    sink.mouse(window, InputSink::Mouse::Move, 0, {event.x, event.y}, static_cast<DWORD>(event.time));
+    return 1;
+}
+
+int X11Display::onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink) {
+    if (event.message_type != connection_->atom(X11Atom::WmProtocols))
+        return 0;
+    ::Display* display = connection_->display();
+    const auto protocol = static_cast<Atom>(event.data.l[0]);
+    if (protocol == connection_->atom(X11Atom::WmDeleteWindow)) {
+        sink.closeRequested(window.window());
+        return 1;
+    }
+    if (protocol == connection_->atom(X11Atom::WmTakeFocus)) {
+        XSetInputFocus(display, window.id(), RevertToParent, static_cast<Time>(event.data.l[1]));
+    } else if (protocol == connection_->atom(X11Atom::NetWmPing)) {
+        XEvent answer{};
+        answer.xclient = event;
+        answer.xclient.window = connection_->root();
+        XSendEvent(display, connection_->root(), False, SubstructureRedirectMask | SubstructureNotifyMask, &answer);
+    }
+    return 0;
+}
+
+int X11Display::onConfigureNotify(const XConfigureEvent& event, X11Window& window, InputSink& sink) {
+    const RECT old = window.rect();
+    if (!window.onConfigureNotify(event))
+        return 0;
+    const RECT now = window.rect();
+    const HWND handle = window.window();
+    int delivered = 0;
+    if (now.left != old.left || now.top != old.top) {
+        sink.moved(handle, {now.left, now.top});
+        ++delivered;
+    }
+    if (now.right - now.left != old.right - old.left || now.bottom - now.top != old.bottom - old.top) {
+        sink.resized(handle, {now.right - now.left, now.bottom - now.top});
+        ++delivered;
+    }
+    return delivered;
+}
+
+void X11Display::onFocusChange(const XFocusChangeEvent& event, X11Window& window) {
+    // A grab borrows the keyboard, and the pointer details say where keys go while no window has the focus at all.
+    const bool borrowed = event.mode == NotifyGrab || event.mode == NotifyUngrab;
+    if (borrowed || event.detail == NotifyInferior || event.detail == NotifyPointer)
+        return;
+    focusNotedBy_ = event.serial;
+    if (event.type == FocusIn) {
+        serverFocus_ = window.window();
+        wantedFocus_ = nullptr;
+        keyboard_.inputMethod().focusIn(window.id());
+        return;
+    }
+    if (serverFocus_ == window.window())
+        serverFocus_ = nullptr;
+    keyboard_.inputMethod().focusOut(window.id());
+}
+
+int X11Display::reportFocus(InputSink& sink) {
+    // While a request of ours is under way, older notices and a focus in between tell nothing.
+    const bool stale = focusNotedBy_ < focusAskedBy_ || (serverFocus_ == nullptr && wantedFocus_ != nullptr);
+    if (serverFocus_ == reportedFocus_ || stale)
+        return 0;
+    const HWND lost = reportedFocus_;
+    reportedFocus_ = serverFocus_;
+    if (reportedFocus_ == nullptr)
+        keyboard_.forgetPressedKeys();
+    if (lost != nullptr)
+        sink.focusOut(lost);
+    if (reportedFocus_ != nullptr)
+        sink.focusIn(reportedFocus_);
+    return 1;
+}
+
+std::unique_ptr<Display> openX11Display() {
+    auto connection = X11Connection::open();
+    return connection != nullptr ? std::make_unique<X11Display>(std::move(connection)) : nullptr;
+}
+
+}  // namespace platform

@@ -1,0 +1,74 @@
+// The display of an X server: dispatches its events to windows, keyboard, clipboard and the window room.
+#pragma once
+
+#include "platform/display/display.h"
+#include "platform/display/x11_clipboard.h"
+#include "platform/display/x11_connection.h"
+#include "platform/display/x11_keyboard.h"
+#include "platform/display/x11_window.h"
+
+#include <memory>
+#include <vector>
+
+namespace platform {
+
+class X11Display final : public Display {
+public:
+    explicit X11Display(std::unique_ptr<X11Connection> connection);
+
+    void createWindow(const DisplayWindowInfo& info) override;
+    void destroyWindow(HWND window) override;
+    void show(HWND window, bool visible) override;
+    void setTitle(HWND window, const std::string& title) override;
+    void setRect(HWND window, const RECT& client) override;
+    void raise(HWND window) override;
+    void setTopmost(HWND window, bool topmost) override;
+    void focus(HWND window) override;
+    void grabMouse(HWND popup) override;
+    void present(HWND window, const Surface& surface, const RECT& rect) override;
+    void setCursor(HCURSOR cursor) override;
+    void setCaretRect(HWND window, const RECT& rect) override;
+    int pump(InputSink& sink, int timeoutMs) override;
+    SIZE screenSize() const override;
+    POINT cursorPosition() const override;
+    void beep() override;
+    void writeClipboard(const std::string& text) override { clipboard_.write(text); }
+    bool readClipboard(std::string& text) override { return clipboard_.read(text); }
+    bool clipboardHasText() override { return clipboard_.hasText(); }
+
+private:
+    X11Window* find(HWND window) const;
+    X11Window* findById(::Window id) const;
+    ::Cursor cursorOf(HCURSOR cursor);
+
+    // Delivers what has arrived and answers how many events the sink got.
+    int drain(InputSink& sink);
+    int dispatch(XEvent& event, InputSink& sink);
+    // Events of one window, by kind; each answers how many events the sink got.
+    int dispatchToWindow(XEvent& event, X11Window& window, InputSink& sink);
+    int onMouseButton(const XButtonEvent& event, HWND window, InputSink& sink);
+    int onMouseMove(const XMotionEvent& event, HWND window, InputSink& sink);
+    int onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink);
+    int onConfigureNotify(const XConfigureEvent& event, X11Window& window, InputSink& sink);
+    void onFocusChange(const XFocusChangeEvent& event, X11Window& window);
+    int reportFocus(InputSink& sink);
+    void takeFocus(const X11Window& window);
+    void takeGrab(const X11Window& window);
+
+    std::unique_ptr<X11Connection> connection_;
+    X11Keyboard keyboard_;
+    X11Clipboard clipboard_;
+    std::vector<std::unique_ptr<X11Window>> windows_;
+    HCURSOR cursor_ = nullptr;
+    ::Cursor arrow_ = 0;
+    ::Cursor textCursor_ = 0;
+    HWND grabbed_ = nullptr;
+
+    HWND serverFocus_ = nullptr;      // As the server's events say.
+    HWND reportedFocus_ = nullptr;    // As the sink knows.
+    HWND wantedFocus_ = nullptr;      // Asked for, and not yet given or given up.
+    unsigned long focusAskedBy_ = 0;  // Serial number of the last request for the focus; older notices are stale.
+    unsigned long focusNotedBy_ = 0;  // Serial number of the last notice.
+};
+
+}  // namespace platform

@@ -1,0 +1,281 @@
+// Pixels go straight from the caller's surface into the request where the server's pixels are the same, and row by
+// row through a converted copy where they are not.
+
+#include "platform/display/x11_window.h"
+
+#include "platform/display/rect_math.h"
+#include "platform/resources/code_page.h"
+
+#include <X11/Xatom.h>
+#include <unistd.h>
+
+#include <bit>
+#include <cerrno>
+
+namespace platform {
+namespace {
+
+constexpr long kEvents = KeyPressMask | KeyReleaseMask | ButtonPressMask | ButtonReleaseMask | PointerMotionMask |
+                         ExposureMask | FocusChangeMask | StructureNotifyMask;
+
+// More parts than this are sent as one: a request has its cost too.
+constexpr std::size_t kMostPendingParts = 8;
+
+unsigned extent(LONG from, LONG to) {
+    return to > from ? static_cast<unsigned>(to - from) : 1;
+}
+
+std::uint32_t backgroundColour() {
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    return static_cast<std::uint32_t>(GetRValue(face)) << 16 | static_cast<std::uint32_t>(GetGValue(face)) << 8 |
+           static_cast<std::uint32_t>(GetBValue(face));
+}
+
+// WM_NAME is Latin-1, which lacks the code page's own characters.
+std::string latin1(const std::string& text) {
+    std::string result = text;
+    for (char& c : result) {
+        if (characterOfByte(static_cast<unsigned char>(c)) > 0xFF)
+            c = '?';
+    }
+    return result;
+}
+
+}  // namespace
+
+X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, ::Window owner)
+    : connection_(connection),
+      window_(info.window),
+      kind_(info.kind),
+      rect_(info.rect),
+      positioned_(info.positioned),
+      resizable_(info.resizable) {
+    const bool popup = kind_ == DisplayWindowInfo::Kind::Popup;
+    XSetWindowAttributes attributes{};
+    attributes.background_pixel = connection_.pixel(backgroundColour());
+    attributes.bit_gravity = NorthWestGravity;
+    attributes.colormap = connection_.colormap();
+    attributes.override_redirect = popup ? True : False;
+    attributes.save_under = popup ? True : False;
+    attributes.event_mask = kEvents;
+    id_ = XCreateWindow(
+        connection_.display(), connection_.root(), rect_.left, rect_.top, extent(rect_.left, rect_.right),
+        extent(rect_.top, rect_.bottom), 0, connection_.visual().depth, InputOutput, connection_.visual().visual,
+        CWBackPixel | CWBorderPixel | CWBitGravity | CWColormap | CWOverrideRedirect | CWSaveUnder | CWEventMask,
+        &attributes);
+    setTitle(info.title);
+    setWindowManagerHints(owner);
+    setSizeHints();
+}
+
+X11Window::~X11Window() {
+    XDestroyWindow(connection_.display(), id_);
+}
+
+void X11Window::setWindowManagerHints(::Window owner) {
+    ::Display* display = connection_.display();
+    std::string name = program_invocation_short_name;
+    std::string className = "Tavrik";
+    XClassHint classHint{name.data(), className.data()};
+    XWMHints hints{};
+    hints.flags = InputHint | StateHint;
+    hints.input = kind_ == DisplayWindowInfo::Kind::Popup ? False : True;
+    hints.initial_state = NormalState;
+    // The client machine and the locale of the texts come with this call; the titles are set apart.
+    XSetWMProperties(display, id_, nullptr, nullptr, nullptr, 0, nullptr, &hints, &classHint);
+    const long process = getpid();
+    XChangeProperty(display, id_, connection_.atom(X11Atom::NetWmPid), XA_CARDINAL, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(&process), 1);
+    if (owner != 0)
+        XSetTransientForHint(display, id_, owner);
+
+    constexpr std::array<X11Atom, 3> kTypes = {X11Atom::NetWmWindowTypeNormal, X11Atom::NetWmWindowTypeDialog,
+                                               X11Atom::NetWmWindowTypeCombo};
+    const std::array<Atom, 1> type = {connection_.atom(kTypes[static_cast<std::size_t>(kind_)])};
+    connection_.setAtomProperty(id_, X11Atom::NetWmWindowType, type);
+    // Dialogs with an owner are modal to it: their owner is disabled while they are shown.
+    modal_ = kind_ == DisplayWindowInfo::Kind::Dialog && owner != 0;
+    if (kind_ == DisplayWindowInfo::Kind::Popup)
+        return;
+    const std::array<Atom, 3> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
+                                           connection_.atom(X11Atom::WmTakeFocus),
+                                           connection_.atom(X11Atom::NetWmPing)};
+    connection_.setAtomProperty(id_, X11Atom::WmProtocols, protocols);
+}
+
+void X11Window::setSizeHints() {
+    XSizeHints hints{};
+    // With static gravity the place is that of the client area, whatever frame comes around it.
+    hints.flags = PSize | PWinGravity;
+    hints.win_gravity = StaticGravity;
+    if (positioned_)
+        hints.flags |= USPosition | PPosition;
+    if (!resizable_)
+        hints.flags |= PMinSize | PMaxSize;
+    hints.x = rect_.left;
+    hints.y = rect_.top;
+    hints.width = hints.min_width = hints.max_width = static_cast<int>(extent(rect_.left, rect_.right));
+    hints.height = hints.min_height = hints.max_height = static_cast<int>(extent(rect_.top, rect_.bottom));
+    XSetWMNormalHints(connection_.display(), id_, &hints);
+}
+
+void X11Window::show(bool visible) {
+    if (visible == shown_)
+        return;
+    shown_ = visible;
+    ::Display* display = connection_.display();
+    if (visible) {
+        writeState();  // The window manager forgets the state of a withdrawn window.
+        XMapRaised(display, id_);
+    } else {
+        XWithdrawWindow(display, id_, connection_.screen());
+    }
+}
+
+void X11Window::setTitle(const std::string& title) {
+    connection_.setTextProperty(id_, XA_WM_NAME, XA_STRING, latin1(title));
+    connection_.setTextProperty(id_, connection_.atom(X11Atom::NetWmName), connection_.atom(X11Atom::Utf8String),
+                                codePageToUtf8(title));
+}
+
+void X11Window::setRect(const RECT& client) {
+    if (sameRect(client, rect_))
+        return;
+    rect_ = client;
+    positioned_ = true;
+    setSizeHints();
+    placedBy_ = NextRequest(connection_.display());
+    XMoveResizeWindow(connection_.display(), id_, rect_.left, rect_.top, extent(rect_.left, rect_.right),
+                      extent(rect_.top, rect_.bottom));
+}
+
+void X11Window::setTopmost(bool topmost) {
+    if (topmost == topmost_)
+        return;
+    topmost_ = topmost;
+    if (shown_)
+        setState(X11Atom::NetWmStateAbove, topmost);
+    if (topmost)
+        XRaiseWindow(connection_.display(), id_);
+}
+
+// A shown window's state belongs to the window manager, which is asked to change it.
+void X11Window::setState(X11Atom state, bool on) {
+    constexpr long kFromApplication = 1;
+    connection_.tellWindowManager(id_, X11Atom::NetWmState,
+                                  {on ? 1 : 0, static_cast<long>(connection_.atom(state)), 0, kFromApplication, 0});
+}
+
+void X11Window::writeState() {
+    std::vector<Atom> states;
+    if (modal_)
+        states.push_back(connection_.atom(X11Atom::NetWmStateModal));
+    if (topmost_)
+        states.push_back(connection_.atom(X11Atom::NetWmStateAbove));
+    connection_.setAtomProperty(id_, X11Atom::NetWmState, states);
+}
+
+void X11Window::present(const Surface& surface, const RECT& rect) {
+    surface_ = &surface;
+    RECT part = intersectionOf(rect, {0, 0, surface.width(), surface.height()});
+    if (isEmptyRect(part))
+        return;
+    if (pending_.size() >= kMostPendingParts) {
+        for (const RECT& other : pending_)
+            part = boundsOf(part, other);
+        pending_.clear();
+    }
+    // Joining two parts may make the result meet a third one, so the search starts over.
+    for (std::size_t i = 0; i < pending_.size();) {
+        if (isEmptyRect(intersectionOf(pending_[i], part))) {
+            ++i;
+            continue;
+        }
+        part = boundsOf(part, pending_[i]);
+        pending_.erase(pending_.begin() + static_cast<std::ptrdiff_t>(i));
+        i = 0;
+    }
+    pending_.push_back(part);
+}
+
+void X11Window::flushPresents() {
+    if (!exposed_)
+        return;  // The exposure that is still to come shows everything.
+    for (const RECT& part : pending_)
+        putImage(part);
+    pending_.clear();
+}
+
+void X11Window::onUnmapNotify() {
+    mapped_ = false;
+    exposed_ = false;
+}
+
+void X11Window::onReparentNotify(const XReparentEvent& event) {
+    reparented_ = event.parent != connection_.root();
+}
+
+void X11Window::onExpose(const XExposeEvent& event) {
+    exposed_ = true;
+    if (surface_ != nullptr)
+        present(*surface_, {event.x, event.y, event.x + event.width, event.y + event.height});
+    if (event.count == 0)
+        flushPresents();
+}
+
+bool X11Window::onConfigureNotify(const XConfigureEvent& event) {
+    if (event.serial < placedBy_)
+        return false;
+    POINT origin = {event.x, event.y};
+    if (event.send_event == False && reparented_) {
+        // Inside a frame the server reports the place within it; only the window manager's own notices are of the
+        // screen.
+        ::Window child = 0;
+        XTranslateCoordinates(connection_.display(), id_, connection_.root(), 0, 0, &origin.x, &origin.y, &child);
+    }
+    rect_ = {origin.x, origin.y, origin.x + event.width, origin.y + event.height};
+    return true;
+}
+
+void X11Window::putImage(const RECT& rect) {
+    const RECT part = intersectionOf(rect, {0, 0, surface_->width(), surface_->height()});
+    if (isEmptyRect(part))
+        return;
+    const int width = part.right - part.left;
+    const int height = part.bottom - part.top;
+    std::vector<std::uint32_t> converted;
+    const std::uint32_t* pixels = surface_->row(part.top) + part.left;
+    int stride = surface_->width();
+    if (!connection_.hasNativePixels()) {
+        converted.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+        for (int y = 0; y < height; ++y) {
+            const std::uint32_t* row = pixels + static_cast<std::ptrdiff_t>(y) * stride;
+            for (int x = 0; x < width; ++x)
+                converted.push_back(connection_.pixel(row[x]));
+        }
+        pixels = converted.data();
+        stride = width;
+    }
+    const XVisualInfo& visual = connection_.visual();
+    XImage image{};
+    image.width = width;
+    image.height = height;
+    image.format = ZPixmap;
+    image.data = const_cast<char*>(reinterpret_cast<const char*>(pixels));
+    // The library swaps the bytes where the server's order differs.
+    image.byte_order = std::endian::native == std::endian::little ? LSBFirst : MSBFirst;
+    image.bitmap_bit_order = image.byte_order;
+    image.bitmap_unit = 32;
+    image.bitmap_pad = 32;
+    image.depth = visual.depth;
+    image.bits_per_pixel = 32;
+    image.bytes_per_line = stride * 4;
+    image.red_mask = visual.red_mask;
+    image.green_mask = visual.green_mask;
+    image.blue_mask = visual.blue_mask;
+    if (XInitImage(&image) != 0)
+        XPutImage(connection_.display(), id_, connection_.gc(), &image, 0, 0, part.left, part.top,
+                  static_cast<unsigned>(width), static_cast<unsigned>(height));
+}
+
+}  // namespace platform

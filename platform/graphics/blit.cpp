@@ -1,0 +1,200 @@
+// Copying and stretching from one context to another. Stretching by dropping and repeating pixels, or by
+// combining them (AND) when the context's mode asks for black on white; there is no smoothing mode.
+#include "platform/graphics/painting.h"
+
+#include <windows.h>
+
+#include <cstring>
+#include <vector>
+
+using namespace platform;
+
+namespace {
+
+// The source pixels that one destination pixel is made from along one axis: first to last, inclusive.
+struct SourceRange {
+    int first;
+    int last;
+};
+
+// One axis of a stretch. A negative length runs towards lower coordinates.
+struct Axis {
+    std::int64_t to;
+    std::int64_t toLength;
+    std::int64_t from;
+    std::int64_t fromLength;
+
+    std::int64_t low() const { return toLength > 0 ? to : to + toLength + 1; }
+    std::int64_t high() const { return toLength > 0 ? to + toLength : to + 1; }
+
+    SourceRange sourceOf(int position) const;
+};
+
+// Pixel centres are compared and ties go to the lower source pixel when pixels are repeated. When pixels are dropped
+// the same rule assigns each source pixel to a destination pixel, and the last one assigned is the one that shows.
+SourceRange Axis::sourceOf(int position) const {
+    const std::int64_t count = std::abs(toLength);
+    const std::int64_t sourceCount = std::abs(fromLength);
+    const std::int64_t index = toLength > 0 ? position - to : to - position;
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+    if (sourceCount <= count) {
+        first = last = ((2 * index + 1) * sourceCount - 1) / (2 * count);
+    } else {
+        const auto lastOf = [&](std::int64_t i) {
+            return i < 0 ? std::int64_t{-1} : (2 * sourceCount * (i + 1) - count) / (2 * count);
+        };
+        first = lastOf(index - 1) + 1;
+        last = lastOf(index);
+    }
+    if (fromLength > 0) {
+        return {limited(from + first), limited(from + last)};
+    }
+    return {limited(from - first), limited(from - last)};
+}
+
+Pixel combined(const Surface& surface, SourceRange columns, SourceRange rows) {
+    Pixel pixel = kWhite;
+    const int dx = columns.last >= columns.first ? 1 : -1;
+    const int dy = rows.last >= rows.first ? 1 : -1;
+    for (int y = rows.first; y != rows.last + dy; y += dy) {
+        for (int x = columns.first; x != columns.last + dx; x += dx) {
+            pixel &= surface.row(y)[x];
+        }
+    }
+    return pixel;
+}
+
+struct Stretch {
+    Axis columns;
+    Axis rows;
+    bool combine;
+};
+
+bool within(SourceRange range, int low, int high) {
+    return std::min(range.first, range.last) >= low && std::max(range.first, range.last) < high;
+}
+
+// Pixels that the source does not have leave the destination as it was.
+void stretchPart(Surface& to, const Surface& from, const Region* sourceClip, const Stretch& stretch, const RECT& part) {
+    struct Column {
+        int x;
+        SourceRange source;
+    };
+    std::vector<Column> columns;
+    columns.reserve(static_cast<std::size_t>(part.right - part.left));
+    for (int x = part.left; x < part.right; ++x) {
+        const SourceRange range = stretch.columns.sourceOf(x);
+        if (within(range, 0, from.width())) {
+            columns.push_back({x, range});
+        }
+    }
+    for (int y = part.top; y < part.bottom; ++y) {
+        const SourceRange rows = stretch.rows.sourceOf(y);
+        if (!within(rows, 0, from.height())) {
+            continue;
+        }
+        Pixel* target = to.row(y);
+        // Of dropped pixels the last of a row and the first of a column remain, as on the system.
+        const Pixel* source = from.row(rows.first);
+        for (const Column& column : columns) {
+            if (sourceClip == nullptr || sourceClip->contains(column.source.last, rows.first)) {
+                target[column.x] = stretch.combine ? combined(from, column.source, rows) : source[column.source.last];
+            }
+        }
+    }
+}
+
+void stretchCopy(DeviceContext& to, DeviceContext& from, const Stretch& stretch) {
+    if (to.surface() == nullptr || from.surface() == nullptr) {
+        return;
+    }
+    const RECT area = {limited(stretch.columns.low()), limited(stretch.rows.low()), limited(stretch.columns.high()),
+                       limited(stretch.rows.high())};
+    // A copy within one surface must not read what it has written.
+    Surface copy(0, 0);
+    const Surface* source = from.surface();
+    if (source == to.surface()) {
+        copy.resize(source->width(), source->height());
+        std::copy(source->row(0), source->row(source->height()), copy.row(0));
+        source = &copy;
+    }
+    const Region* sourceClip = from.inMemory() ? nullptr : &from.clip();
+    paintVisible(to, area, [&](const RECT& part) { stretchPart(*to.surface(), *source, sourceClip, stretch, part); });
+}
+
+// Moves the rows in the order that leaves an overlapping source intact.
+void copyRows(Surface& to, const Surface& from, const RECT& part, int dx, int dy) {
+    const auto bytes = static_cast<std::size_t>(part.right - part.left) * sizeof(Pixel);
+    const int height = part.bottom - part.top;
+    for (int i = 0; i < height; ++i) {
+        const int y = dy >= 0 ? part.top + i : part.bottom - 1 - i;
+        std::memmove(to.row(y) + part.left, from.row(y + dy) + part.left + dx, bytes);
+    }
+}
+
+// `area` is the destination; the source pixel of (x, y) is (x + dx, y + dy).
+void copyArea(DeviceContext& to, DeviceContext& from, const RECT& area, int dx, int dy) {
+    if (to.surface() == nullptr || from.surface() == nullptr) {
+        return;
+    }
+    // Several parts of one surface: a part may not overwrite what a later one reads.
+    const bool sameSurface = from.surface() == to.surface();
+    Region source(from.surface()->bounds());
+    if (!from.inMemory()) {
+        source.intersect(from.clip());
+    }
+    source.offset(-dx, -dy);
+    source.intersect(area);
+    if (sameSurface && source.rects().size() * to.clip().rects().size() > 1) {
+        const Axis columns = {area.left, area.right - area.left, area.left + dx, area.right - area.left};
+        const Axis rows = {area.top, area.bottom - area.top, area.top + dy, area.bottom - area.top};
+        stretchCopy(to, from, {columns, rows, false});
+        return;
+    }
+    for (const RECT& rect : source.rects()) {
+        paintVisible(to, rect, [&](const RECT& part) { copyRows(*to.surface(), *from.surface(), part, dx, dy); });
+    }
+}
+
+}  // namespace
+
+BOOL BitBlt(HDC toHandle, int x, int y, int width, int height, HDC fromHandle, int fromX, int fromY, DWORD operation) {
+    if (operation != SRCCOPY) {
+        return PatBlt(toHandle, x, y, width, height, operation);
+    }
+    DeviceContext* to = contextFromHandle(toHandle);
+    DeviceContext* from = contextFromHandle(fromHandle);
+    if (to == nullptr || from == nullptr) {
+        return FALSE;
+    }
+    const RECT area = blockOnSurface(*to, x, y, width, height);
+    const POINT target = toSurface(*to, x, y);
+    const POINT source = toSurface(*from, fromX, fromY);
+    copyArea(*to, *from, area, source.x - target.x, source.y - target.y);
+    return TRUE;
+}
+
+BOOL StretchBlt(HDC toHandle, int x, int y, int width, int height, HDC fromHandle, int fromX, int fromY, int fromWidth,
+                int fromHeight, DWORD operation) {
+    if (operation != SRCCOPY) {
+        return PatBlt(toHandle, x, y, width, height, operation);
+    }
+    if (width == fromWidth && height == fromHeight && width >= 0 && height >= 0) {
+        return BitBlt(toHandle, x, y, width, height, fromHandle, fromX, fromY, operation);
+    }
+    DeviceContext* to = contextFromHandle(toHandle);
+    DeviceContext* from = contextFromHandle(fromHandle);
+    if (to == nullptr || from == nullptr) {
+        return FALSE;
+    }
+    if (width == 0 || height == 0 || fromWidth == 0 || fromHeight == 0) {
+        return TRUE;
+    }
+    const POINT target = toSurface(*to, x, y);
+    const POINT source = toSurface(*from, fromX, fromY);
+    const Axis columns = {target.x, limited(width), source.x, limited(fromWidth)};
+    const Axis rows = {target.y, limited(height), source.y, limited(fromHeight)};
+    stretchCopy(*to, *from, {columns, rows, to->state().stretchMode == BLACKONWHITE});
+    return TRUE;
+}

@@ -1,0 +1,209 @@
+#include "platform/graphics/device_context.h"
+
+#include "platform/graphics/window_dc.h"
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+// Closed contexts, kept with the memory of their regions for the next opening.
+std::vector<DeviceContext*>& pool() {
+    static auto* contexts = new std::vector<DeviceContext*>;
+    return *contexts;
+}
+
+DeviceContext* takeContext() {
+    if (pool().empty()) {
+        return new DeviceContext;
+    }
+    DeviceContext* context = pool().back();
+    pool().pop_back();
+    return context;
+}
+
+HDC nameContext(DeviceContext* context) {
+    if (addHandle(*context) == nullptr) {
+        context->close();
+        pool().push_back(context);
+    }
+    return static_cast<HDC>(context->handle);
+}
+
+void giveBack(DeviceContext* context) {
+    removeHandle(*context);
+    context->close();
+    pool().push_back(context);
+}
+
+}  // namespace
+
+void DeviceContext::openOnWindow(HWND window, Surface* surface, POINT origin, const Region& visible) {
+    window_ = window;
+    origin_ = origin;
+    visible_ = visible;
+    if (surface != nullptr) {
+        surface->attach(surface_);
+    }
+    selectDefaults();
+}
+
+void DeviceContext::openInMemory() {
+    window_ = nullptr;
+    origin_ = {};
+    selectDefaults();
+    state_.bitmap = &defaultBitmap();
+    retain(*state_.bitmap);
+    useSurface(&state_.bitmap->surface);
+}
+
+void DeviceContext::close() {
+    for (const ContextState& state : saved_) {
+        releaseAll(state);
+    }
+    saved_.clear();
+    useSurface(nullptr);
+    releaseAll(state_);
+    Region clip = std::move(state_.clip);
+    state_ = {};
+    state_.clip = std::move(clip);
+    state_.clip.clear();
+    visible_.clear();
+}
+
+void DeviceContext::selectDefaults() {
+    select(defaultPen());
+    select(defaultBrush());
+    select(defaultFont());
+}
+
+void DeviceContext::useSurface(Surface* surface) {
+    if (surface_ != nullptr) {
+        surface_->detach(surface_);
+    }
+    if (surface != nullptr) {
+        surface->attach(surface_);
+        visible_ = Region(surface->bounds());
+        updateClip();
+    }
+}
+
+bool DeviceContext::select(Bitmap& bitmap) {
+    const bool heldElsewhere = !bitmap.permanent && bitmap.uses > 0 && bitmap.selectedInto != this;
+    if (!inMemory() || heldElsewhere) {
+        return false;
+    }
+    bitmap.selectedInto = this;
+    useSurface(&bitmap.surface);
+    exchange(state_.bitmap, bitmap);
+    return true;
+}
+
+void DeviceContext::intersectClip(const RECT& rect) {
+    if (state_.clipped) {
+        state_.clip.intersect(rect);
+    } else {
+        state_.clip = Region(rect);
+        state_.clipped = true;
+    }
+    updateClip();
+}
+
+void DeviceContext::excludeClip(const RECT& rect) {
+    if (!state_.clipped) {
+        state_.clip = visible_;
+        state_.clipped = true;
+    }
+    state_.clip.subtract(rect);
+    updateClip();
+}
+
+void DeviceContext::updateClip() {
+    if (state_.clipped) {
+        effectiveClip_ = visible_;
+        effectiveClip_.intersect(state_.clip);
+    }
+}
+
+void DeviceContext::retainAll(const ContextState& state) {
+    for (GdiObject* object : {static_cast<GdiObject*>(state.pen), static_cast<GdiObject*>(state.brush),
+                              static_cast<GdiObject*>(state.font), static_cast<GdiObject*>(state.bitmap)}) {
+        if (object != nullptr) {
+            retain(*object);
+        }
+    }
+}
+
+void DeviceContext::releaseAll(const ContextState& state) {
+    for (GdiObject* object : {static_cast<GdiObject*>(state.pen), static_cast<GdiObject*>(state.brush),
+                              static_cast<GdiObject*>(state.font), static_cast<GdiObject*>(state.bitmap)}) {
+        if (object != nullptr) {
+            release(*object);
+        }
+    }
+}
+
+int DeviceContext::save() {
+    retainAll(state_);
+    saved_.push_back(state_);
+    return static_cast<int>(saved_.size());
+}
+
+bool DeviceContext::restore(int level) {
+    const int count = static_cast<int>(saved_.size());
+    if (level < -count || level == 0 || level > count) {
+        return false;
+    }
+    const auto wanted = static_cast<std::size_t>(level > 0 ? level - 1 : count + level);
+    while (saved_.size() > wanted) {
+        const ContextState current = std::exchange(state_, std::move(saved_.back()));
+        saved_.pop_back();
+        if (state_.bitmap != current.bitmap) {
+            useSurface(&state_.bitmap->surface);
+        }
+        releaseAll(current);
+    }
+    updateClip();
+    return true;
+}
+
+HDC openWindowDc(HWND window, Surface* surface, POINT origin, const Region& clip) {
+    DeviceContext* context = takeContext();
+    context->openOnWindow(window, surface, origin, clip);
+    return nameContext(context);
+}
+
+void closeWindowDc(HDC dc) {
+    DeviceContext* context = contextFromHandle(dc);
+    if (context != nullptr && !context->inMemory()) {
+        giveBack(context);
+    }
+}
+
+HWND windowOfDc(HDC dc) {
+    const DeviceContext* context = contextFromHandle(dc);
+    return context == nullptr ? nullptr : context->window();
+}
+
+}  // namespace platform
+
+using namespace platform;
+
+HDC CreateCompatibleDC(HDC dc) {
+    if (dc != nullptr && contextFromHandle(dc) == nullptr) {
+        return nullptr;
+    }
+    DeviceContext* context = takeContext();
+    context->openInMemory();
+    return nameContext(context);
+}
+
+BOOL DeleteDC(HDC dc) {
+    DeviceContext* context = contextFromHandle(dc);
+    if (context == nullptr || !context->inMemory()) {
+        return FALSE;
+    }
+    giveBack(context);
+    return TRUE;
+}

@@ -1,0 +1,187 @@
+#include "platform/graphics/font.h"
+
+#include "platform/graphics/font_files.h"
+#include "platform/graphics/window_dc.h"
+#include "platform/resources/code_page.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_MODULE_H
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+constexpr int kDotsPerInch = 96;
+constexpr int kPointsPerInch = 72;
+
+// The dialog font at 96 dots per inch, by which dialogs are laid out; other sizes are in proportion to it.
+constexpr int kDialogEm = 11;
+constexpr int kDialogHeight = 13;
+constexpr int kDialogAverageWidth = 6;
+
+constexpr int kLargestEm = 400;
+
+int inProportion(int em, int ofDialogFont) {
+    return std::max(1, (em * ofDialogFont + kDialogEm / 2) / kDialogEm);
+}
+
+// The two faces, opened when first needed and kept: the cached glyphs of a size are added one by one.
+class Faces {
+public:
+    FT_Face face(bool bold) {
+        if (!searched_) {
+            search();
+        }
+        return bold ? bold_ : regular_;
+    }
+
+private:
+    void search() {
+        searched_ = true;
+        if (FT_Init_FreeType(&library_) != 0) {
+            return;
+        }
+        // Stems on whole pixels in both directions: the later interpreter leaves them blurred at this size.
+        FT_UInt interpreter = 35;
+        FT_Property_Set(library_, "truetype", "interpreter-version", &interpreter);
+        const FontFiles files = findFontFiles();
+        regular_ = open(files.regular);
+        bold_ = open(files.bold);
+        bold_ = bold_ == nullptr ? regular_ : bold_;
+    }
+
+    FT_Face open(const std::string& path) {
+        FT_Face face = nullptr;
+        const bool opened = !path.empty() && FT_New_Face(library_, path.c_str(), 0, &face) == 0;
+        return opened && FT_IS_SCALABLE(face) ? face : nullptr;
+    }
+
+    bool searched_ = false;
+    FT_Library library_ = nullptr;
+    FT_Face regular_ = nullptr;
+    FT_Face bold_ = nullptr;
+};
+
+// Both stay until the process ends: text may be drawn from a host's last destructors.
+Faces& faces() {
+    static auto* theFaces = new Faces;
+    return *theFaces;
+}
+
+std::vector<std::unique_ptr<SizedFont>>& sizedFonts() {
+    static auto* fonts = new std::vector<std::unique_ptr<SizedFont>>;
+    return *fonts;
+}
+
+// A positive height is that of the line, a negative one that of the characters, as documented.
+int emOf(const LOGFONTA& font) {
+    constexpr int kLargestHeight = 2 * kLargestEm;
+    const int height = std::clamp(font.lfHeight, -kLargestHeight, kLargestHeight);
+    if (height == 0) {
+        return kDialogEm;
+    }
+    const int em = height < 0 ? -height : (height * kDialogEm + kDialogHeight / 2) / kDialogHeight;
+    return std::clamp(em, 1, kLargestEm);
+}
+
+// The weights from semi-bold up are drawn with the bold face.
+bool isBold(const LOGFONTA& font) {
+    return font.lfWeight > (FW_NORMAL + FW_BOLD) / 2;
+}
+
+int descentOf(FT_Face face, int em, int height) {
+    if (face == nullptr || face->units_per_EM == 0) {
+        return height - inProportion(em, kDialogHeight - 3);
+    }
+    return static_cast<int>(std::ceil(-1.0 * face->descender * em / face->units_per_EM));
+}
+
+// FreeType measures in 64ths of a pixel.
+short wholePixels(FT_Pos position) {
+    return static_cast<short>((position + 32) / 64);
+}
+
+}  // namespace
+
+SizedFont::SizedFont(FT_Face face, int emHeight, bool bold)
+    : face_(face),
+      emHeight_(emHeight),
+      bold_(bold),
+      height_(inProportion(emHeight, kDialogHeight)),
+      ascent_(height_ - std::clamp(descentOf(face, emHeight, height_), 0, height_)),
+      averageWidth_(inProportion(emHeight, kDialogAverageWidth)) {}
+
+void SizedFont::load(unsigned char character, Glyph& glyph) {
+    glyph.loaded = true;
+    glyph.advance = static_cast<short>(averageWidth_);
+    if (face_ == nullptr || FT_Set_Pixel_Sizes(face_, 0, static_cast<FT_UInt>(emHeight_)) != 0 ||
+        FT_Load_Char(face_, characterOfByte(character), FT_LOAD_RENDER | FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP) !=
+            0) {
+        return;
+    }
+    const FT_GlyphSlot slot = face_->glyph;
+    const FT_Bitmap& bitmap = slot->bitmap;
+    glyph.advance = wholePixels(slot->advance.x);
+    if (bitmap.pixel_mode != FT_PIXEL_MODE_GRAY || bitmap.width == 0 || bitmap.rows == 0) {
+        return;
+    }
+    glyph.left = static_cast<short>(slot->bitmap_left);
+    glyph.top = static_cast<short>(slot->bitmap_top);
+    glyph.width = static_cast<short>(bitmap.width);
+    glyph.height = static_cast<short>(bitmap.rows);
+    glyph.coverage = std::make_unique<BYTE[]>(std::size_t{bitmap.width} * bitmap.rows);
+    for (unsigned row = 0; row < bitmap.rows; ++row) {
+        std::memcpy(glyph.coverage.get() + std::size_t{row} * bitmap.width,
+                    bitmap.buffer + static_cast<std::ptrdiff_t>(row) * bitmap.pitch, bitmap.width);
+    }
+}
+
+int SizedFont::width(std::string_view text) {
+    std::int64_t sum = 0;
+    for (const char character : text) {
+        sum += glyph(character).advance;
+    }
+    return static_cast<int>(std::min<std::int64_t>(sum, INT32_MAX));
+}
+
+SizedFont& sizedFont(Font& font) {
+    if (font.sized != nullptr) {
+        return *font.sized;
+    }
+    const int em = emOf(font.logical);
+    const bool bold = isBold(font.logical);
+    auto& fonts = sizedFonts();
+    auto found = std::find_if(fonts.begin(), fonts.end(), [em, bold](const std::unique_ptr<SizedFont>& candidate) {
+        return candidate->emHeight() == em && candidate->bold() == bold;
+    });
+    if (found == fonts.end()) {
+        fonts.push_back(std::make_unique<SizedFont>(faces().face(bold), em, bold));
+        found = std::prev(fonts.end());
+    }
+    font.sized = found->get();
+    return *font.sized;
+}
+
+HFONT dialogFont(int pointSize) {
+    static auto* fonts = new std::vector<Font*>;
+    LOGFONTA description{};
+    description.lfHeight = -(std::clamp(pointSize, 1, kLargestEm) * kDotsPerInch + kPointsPerInch / 2) / kPointsPerInch;
+    description.lfWeight = FW_NORMAL;
+    description.lfCharSet = ANSI_CHARSET;
+    std::strncpy(description.lfFaceName, "MS Sans Serif", LF_FACESIZE - 1);
+    for (Font* font : *fonts) {
+        if (font->logical.lfHeight == description.lfHeight) {
+            return static_cast<HFONT>(font->handle);
+        }
+    }
+    fonts->push_back(&makePermanent(std::make_unique<Font>(description)));
+    return static_cast<HFONT>(fonts->back()->handle);
+}
+
+}  // namespace platform

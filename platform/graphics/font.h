@@ -1,0 +1,60 @@
+// Fonts at a size: metrics and glyphs, each glyph rendered once per process. Every face name gives the same
+// sans-serif; there is a regular and a bold face, no italics and no underlining by the font.
+#pragma once
+
+#include "platform/graphics/gdi_objects.h"
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+struct FT_FaceRec_;
+
+namespace platform {
+
+struct Glyph {
+    bool loaded = false;
+    short advance = 0;  // To the next glyph, in pixels like all of the following.
+    short left = 0;     // From the pen position to the first column.
+    short top = 0;      // From the baseline up to the first row.
+    short width = 0;
+    short height = 0;
+    std::unique_ptr<BYTE[]> coverage;  // Rows of `width` bytes, 255 where the glyph covers a pixel.
+};
+
+class SizedFont {
+public:
+    // Without a face (null) the font measures and draws nothing.
+    SizedFont(FT_FaceRec_* face, int emHeight, bool bold);
+
+    int emHeight() const { return emHeight_; }
+    bool bold() const { return bold_; }
+    int height() const { return height_; }
+    int ascent() const { return ascent_; }
+    int averageWidth() const { return averageWidth_; }
+
+    // By the character's byte in code page 1252.
+    const Glyph& glyph(char character) {
+        Glyph& glyph = glyphs_[static_cast<unsigned char>(character)];
+        if (!glyph.loaded) {
+            load(static_cast<unsigned char>(character), glyph);
+        }
+        return glyph;
+    }
+    int width(std::string_view text);
+
+private:
+    void load(unsigned char character, Glyph& glyph);
+
+    FT_FaceRec_* face_;
+    int emHeight_;
+    bool bold_;
+    int height_;
+    int ascent_;
+    int averageWidth_;
+    std::array<Glyph, 256> glyphs_;
+};
+
+SizedFont& sizedFont(Font& font);
+
+}  // namespace platform

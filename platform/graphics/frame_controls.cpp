@@ -1,0 +1,222 @@
+// DrawFrameControl: push buttons, check boxes, radio buttons and the arrows of scroll bars and combo boxes.
+// Captions, size grips and menu marks are left out.
+#include "platform/graphics/painting.h"
+#include "platform/graphics/system_colours.h"
+
+#include <windows.h>
+
+#include <span>
+#include <string_view>
+
+using namespace platform;
+
+namespace {
+
+// Pictures are rows of text: one character a pixel.
+using Picture = std::span<const std::string_view>;
+
+constexpr std::string_view kTick[] = {
+    "      K",  //
+    "     KK",  //
+    "    KKK",  //
+    "K  KKK ",  //
+    "KKKKK  ",  //
+    "KKKK   ",  //
+    " KK    ",
+};
+
+// The ring of a radio button, 12 pixels wide; W is what the inside has.
+constexpr std::string_view kRadio[] = {
+    "    SSSS    ",  //
+    "  SSDDDDSS  ",  //
+    " SDDWWWWDDH ",  //
+    " SDWWWWWWLH ",  //
+    "SDWWWWWWWWLH",  //
+    "SDWWWWWWWWLH",  //
+    "SDWWWWWWWWLH",  //
+    "SDWWWWWWWWLH",  //
+    " SDWWWWWWLH ",  //
+    " SLLWWWWLLH ",  //
+    "  HHLLLLHH  ",  //
+    "    HHHH    ",
+};
+
+constexpr std::string_view kRadioDot[] = {
+    " KK ",  //
+    "KKKK",  //
+    "KKKK",  //
+    " KK ",
+};
+
+// Colours of the letters of a picture that differ from use to use.
+struct Inks {
+    int mark;    // K
+    int inside;  // W
+};
+
+int colourIndex(char letter, Inks inks) {
+    switch (letter) {
+        case 'K':
+            return inks.mark;
+        case 'W':
+            return inks.inside;
+        case 'S':
+            return COLOR_3DSHADOW;
+        case 'D':
+            return COLOR_3DDKSHADOW;
+        case 'L':
+            return COLOR_3DLIGHT;
+        default:
+            return COLOR_3DHIGHLIGHT;
+    }
+}
+
+void drawPicture(DeviceContext& dc, POINT at, Picture picture, Inks inks) {
+    for (std::size_t y = 0; y < picture.size(); ++y) {
+        const std::string_view row = picture[y];
+        for (std::size_t x = 0; x < row.size(); ++x) {
+            if (row[x] != ' ') {
+                putPixel(dc, at.x + static_cast<int>(x), at.y + static_cast<int>(y),
+                         systemPixel(colourIndex(row[x], inks)));
+            }
+        }
+    }
+}
+
+// The mixed grey of a button that stays down and of the third state: every second pixel light.
+void fillDithered(DeviceContext& dc, const RECT& area) {
+    fillArea(dc, area, systemPixel(COLOR_BTNFACE));
+    const RECT reach = overlapOf(area, dc.clip().bounds());
+    for (int y = reach.top; y < reach.bottom; ++y) {
+        for (int x = reach.left; x < reach.right; ++x) {
+            if ((x + y) % 2 != 0) {
+                putPixel(dc, x, y, systemPixel(COLOR_3DHIGHLIGHT));
+            }
+        }
+    }
+}
+
+RECT inset(const RECT& rect, int pixels) {
+    return {rect.left + pixels, rect.top + pixels, rect.right - pixels, rect.bottom - pixels};
+}
+
+// The largest square in the middle of a rectangle.
+RECT middleSquare(const RECT& rect) {
+    const int side = std::min(rect.right - rect.left, rect.bottom - rect.top);
+    const int left = rect.left + (rect.right - rect.left - side) / 2;
+    const int top = rect.top + (rect.bottom - rect.top - side) / 2;
+    return {left, top, left + side, top + side};
+}
+
+RECT onSurface(const DeviceContext& dc, const RECT& rect) {
+    return toSurface(dc, rect.left, rect.top, rect.right, rect.bottom);
+}
+
+int insideColour(UINT state) {
+    return (state & (DFCS_INACTIVE | DFCS_PUSHED)) != 0 ? COLOR_BTNFACE : COLOR_WINDOW;
+}
+
+int markColour(UINT state) {
+    return (state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_WINDOWTEXT;
+}
+
+void drawPushButton(HDC handle, DeviceContext& dc, RECT rect, UINT state) {
+    const bool down = (state & (DFCS_PUSHED | DFCS_CHECKED)) != 0;
+    const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0u;
+    if ((state & DFCS_CHECKED) != 0) {
+        fillDithered(dc, inset(onSurface(dc, rect), 2));
+        DrawEdge(handle, &rect, EDGE_SUNKEN, BF_RECT | BF_SOFT | flat);
+        return;
+    }
+    DrawEdge(handle, &rect, down ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | BF_SOFT | flat);
+}
+
+void drawCheckBox(HDC handle, DeviceContext& dc, const RECT& rect, UINT state) {
+    RECT square = middleSquare(rect);
+    const bool third = (state & DFCS_BUTTON3STATE) != 0 && (state & DFCS_CHECKED) != 0;
+    const RECT inside = inset(onSurface(dc, square), 2);
+    if (third) {
+        fillDithered(dc, inside);
+    } else {
+        fillArea(dc, inside, systemPixel(insideColour(state)));
+    }
+    DrawEdge(handle, &square, EDGE_SUNKEN, BF_RECT | ((state & DFCS_FLAT) != 0 ? BF_FLAT : 0u));
+    if ((state & DFCS_CHECKED) != 0) {
+        const int size = static_cast<int>(std::size(kTick));
+        const POINT at = {inside.left + (inside.right - inside.left - size) / 2,
+                          inside.top + (inside.bottom - inside.top - size) / 2};
+        drawPicture(dc, at, kTick, {third ? COLOR_BTNSHADOW : markColour(state), COLOR_WINDOW});
+    }
+}
+
+void drawRadioButton(DeviceContext& dc, const RECT& rect, UINT state) {
+    const RECT square = onSurface(dc, middleSquare(rect));
+    const int size = static_cast<int>(std::size(kRadio));
+    const int dotSize = static_cast<int>(std::size(kRadioDot));
+    const int margin = (square.right - square.left - size + 1) / 2;
+    const POINT ring = {square.left + margin, square.top + margin};
+    drawPicture(dc, ring, kRadio, {COLOR_WINDOWTEXT, insideColour(state)});
+    if ((state & DFCS_CHECKED) != 0) {
+        const POINT dot = {ring.x + (size - dotSize) / 2, ring.y + (size - dotSize) / 2};
+        drawPicture(dc, dot, kRadioDot, {markColour(state), COLOR_WINDOW});
+    }
+}
+
+// A triangle with its tip towards `direction`; its lines are 1, 3, 5 ... pixels long.
+void drawArrow(DeviceContext& dc, const RECT& rect, UINT direction, POINT shift, Pixel pixel) {
+    const int width = rect.right - rect.left;
+    const int height = rect.bottom - rect.top;
+    const int lines = (std::min(width, height) + 3) / 4;
+    const bool sideways = direction == DFCS_SCROLLLEFT || direction == DFCS_SCROLLRIGHT;
+    const bool tipFirst = direction == DFCS_SCROLLUP || direction == DFCS_SCROLLLEFT;
+    const int along = ((sideways ? width : height) - lines - (tipFirst ? 1 : 0)) / 2;
+    const int middle = ((sideways ? height : width) - 1) / 2;
+    for (int i = 0; i < lines; ++i) {
+        const int reach = tipFirst ? i : lines - 1 - i;
+        const RECT line = {middle - reach, along + i, middle + reach + 1, along + i + 1};
+        const int x = rect.left + shift.x;
+        const int y = rect.top + shift.y;
+        fillArea(dc,
+                 sideways ? RECT{x + line.top, y + line.left, x + line.bottom, y + line.right}
+                          : RECT{x + line.left, y + line.top, x + line.right, y + line.bottom},
+                 pixel);
+    }
+}
+
+void drawScrollButton(HDC handle, DeviceContext& dc, RECT rect, UINT state) {
+    const bool pushed = (state & DFCS_PUSHED) != 0;
+    const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0u;
+    const UINT direction = (state & 0x00FF) == DFCS_SCROLLCOMBOBOX ? DFCS_SCROLLDOWN : state & DFCS_SCROLLRIGHT;
+    const RECT area = onSurface(dc, rect);
+    DrawEdge(handle, &rect, pushed ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | (pushed ? BF_SOFT : 0u) | flat);
+    const int shift = pushed ? 1 : 0;
+    if ((state & DFCS_INACTIVE) != 0) {
+        drawArrow(dc, area, direction, {shift + 1, shift + 1}, systemPixel(COLOR_3DHIGHLIGHT));
+    }
+    drawArrow(dc, area, direction, {shift, shift},
+              systemPixel((state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_BTNTEXT));
+}
+
+}  // namespace
+
+BOOL DrawFrameControl(HDC handle, LPRECT rect, UINT kind, UINT state) {
+    DeviceContext* dc = contextFromHandle(handle);
+    if (dc == nullptr || rect == nullptr || (kind != DFC_BUTTON && kind != DFC_SCROLL)) {
+        return FALSE;
+    }
+    const RECT area = {limited(rect->left), limited(rect->top), limited(rect->right), limited(rect->bottom)};
+    const bool isPushButton = (state & DFCS_BUTTONPUSH) != 0;
+    if (kind == DFC_SCROLL) {
+        drawScrollButton(handle, *dc, area, state);
+    } else if (isPushButton) {
+        drawPushButton(handle, *dc, area, state);
+    } else if ((state & DFCS_BUTTONRADIO) != 0) {
+        drawRadioButton(*dc, area, state);
+    } else {
+        drawCheckBox(handle, *dc, area, state);
+    }
+    if ((state & DFCS_ADJUSTRECT) != 0 && (kind == DFC_SCROLL || isPushButton)) {
+        *rect = inset(area, 2);
+    }
+    return TRUE;
+}

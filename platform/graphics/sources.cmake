@@ -1,0 +1,22 @@
+set(ROOM_SOURCES
+    bitmaps.cpp
+    blit.cpp
+    context_state.cpp
+    device_context.cpp
+    dib.cpp
+    draw_text.cpp
+    edges.cpp
+    fill.cpp
+    flood_fill.cpp
+    font.cpp
+    frame_controls.cpp
+    gdi_objects.cpp
+    font_files.cpp
+    shapes.cpp
+    painting.cpp
+    pens.cpp
+    rects.cpp
+    region.cpp
+    surface.cpp
+    system_colours.cpp
+    text_out.cpp)

@@ -1,0 +1,125 @@
+// Property sheets: structures, messages and notifications under their documented names.
+#pragma once
+
+#include <windows.h>
+
+struct _PSP;
+using HPROPSHEETPAGE = struct _PSP*;
+struct _PROPSHEETPAGEA;
+using LPFNPSPCALLBACKA = UINT(CALLBACK*)(HWND, UINT, struct _PROPSHEETPAGEA*);
+using PFNPROPSHEETCALLBACK = int(CALLBACK*)(HWND, UINT, LPARAM);
+
+struct _PROPSHEETPAGEA {
+    DWORD dwSize;
+    DWORD dwFlags;
+    HINSTANCE hInstance;
+    union {
+        LPCSTR pszTemplate;
+        LPCDLGTEMPLATE pResource;
+    };
+    union {
+        HICON hIcon;
+        LPCSTR pszIcon;
+    };
+    LPCSTR pszTitle;
+    DLGPROC pfnDlgProc;
+    LPARAM lParam;
+    LPFNPSPCALLBACKA pfnCallback;
+    UINT* pcRefParent;
+};
+using PROPSHEETPAGEA = _PROPSHEETPAGEA;
+using LPPROPSHEETPAGEA = PROPSHEETPAGEA*;
+using LPCPROPSHEETPAGEA = const PROPSHEETPAGEA*;
+
+#define PSP_DEFAULT 0x0000
+#define PSP_DLGINDIRECT 0x0001
+#define PSP_USETITLE 0x0008
+#define PSP_USECALLBACK 0x0080
+#define PSP_HASHELP 0x0020
+#define PSP_PREMATURE 0x0400
+#define PSPCB_RELEASE 1
+#define PSPCB_CREATE 2
+
+struct _PROPSHEETHEADERA {
+    DWORD dwSize;
+    DWORD dwFlags;
+    HWND hwndParent;
+    HINSTANCE hInstance;
+    union {
+        HICON hIcon;
+        LPCSTR pszIcon;
+    };
+    LPCSTR pszCaption;
+    UINT nPages;
+    union {
+        UINT nStartPage;
+        LPCSTR pStartPage;
+    };
+    union {
+        LPCPROPSHEETPAGEA ppsp;
+        HPROPSHEETPAGE* phpage;
+    };
+    PFNPROPSHEETCALLBACK pfnCallback;
+};
+using PROPSHEETHEADERA = _PROPSHEETHEADERA;
+using LPCPROPSHEETHEADERA = const PROPSHEETHEADERA*;
+
+#define PSH_DEFAULT 0x00000000
+#define PSH_PROPTITLE 0x00000001
+#define PSH_PROPSHEETPAGE 0x00000008
+#define PSH_USEPSTARTPAGE 0x00000040
+#define PSH_NOAPPLYNOW 0x00000080
+#define PSH_USECALLBACK 0x00000100
+#define PSH_HASHELP 0x00000200
+#define PSH_MODELESS 0x00000400
+#define PSH_NOCONTEXTHELP 0x02000000
+#define PSCB_INITIALIZED 1
+#define PSCB_PRECREATE 2
+
+#define PSN_FIRST (0U - 200U)
+#define PSN_SETACTIVE (PSN_FIRST - 0)
+#define PSN_KILLACTIVE (PSN_FIRST - 1)
+#define PSN_APPLY (PSN_FIRST - 2)
+#define PSN_RESET (PSN_FIRST - 3)
+#define PSN_HELP (PSN_FIRST - 5)
+#define PSN_QUERYCANCEL (PSN_FIRST - 9)
+#define PSN_QUERYINITIALFOCUS (PSN_FIRST - 13)
+#define PSNRET_NOERROR 0
+#define PSNRET_INVALID 1
+#define PSNRET_INVALID_NOCHANGEPAGE 2
+
+struct _PSHNOTIFY {
+    NMHDR hdr;
+    LPARAM lParam;
+};
+using PSHNOTIFY = _PSHNOTIFY;
+using LPPSHNOTIFY = PSHNOTIFY*;
+
+#define PSM_SETCURSEL (WM_USER + 101)
+#define PSM_REMOVEPAGE (WM_USER + 102)
+#define PSM_ADDPAGE (WM_USER + 103)
+#define PSM_CHANGED (WM_USER + 104)
+#define PSM_CANCELTOCLOSE (WM_USER + 107)
+#define PSM_UNCHANGED (WM_USER + 109)
+#define PSM_APPLY (WM_USER + 110)
+#define PSM_SETTITLEA (WM_USER + 111)
+#define PSM_PRESSBUTTON (WM_USER + 113)
+#define PSM_SETCURSELID (WM_USER + 114)
+#define PSM_GETTABCONTROL (WM_USER + 116)
+#define PSM_ISDIALOGMESSAGE (WM_USER + 117)
+#define PSM_GETCURRENTPAGEHWND (WM_USER + 118)
+#define PSM_INDEXTOHWND (WM_USER + 130)
+#define PSM_HWNDTOINDEX (WM_USER + 129)
+#define PSM_INDEXTOPAGE (WM_USER + 132)
+#define PSM_PAGETOINDEX (WM_USER + 131)
+#define PSBTN_OK 3
+#define PSBTN_APPLYNOW 4
+#define PSBTN_CANCEL 5
+
+#pragma GCC visibility push(default)
+extern "C" {
+HPROPSHEETPAGE CreatePropertySheetPageA(LPCPROPSHEETPAGEA page);
+BOOL DestroyPropertySheetPage(HPROPSHEETPAGE page);
+INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header);
+}
+#pragma GCC visibility pop

@@ -1,0 +1,22 @@
+// Choice of the native display. Windows has one display and no such choice, so this header is native only.
+#pragma once
+
+#define TAVRIK_DISPLAY_X11 0     // The X server named by the environment variable DISPLAY.
+#define TAVRIK_DISPLAY_MEMORY 1  // The same windows in memory: nothing is shown, pictures can be taken.
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+// Selects the display. To be called before the first window is created; without a call the first window
+// selects X11 where a server answers, else memory. Returns non-zero on success; on failure nothing is selected.
+int TavrikDisplayInit(int kind);
+
+// The display in use: TAVRIK_DISPLAY_X11, TAVRIK_DISPLAY_MEMORY, or -1 before one is selected.
+int TavrikDisplayKind(void);
+
+// Hands the address range of a module's compiled resources (.res) to the window system. The module is the shared
+// object or program that contains `begin`; the range stays owned by the module and must live as long as it is loaded.
+void TavrikRegisterResources(const void* begin, const void* end);
+
+}  // extern "C"
+#pragma GCC visibility pop

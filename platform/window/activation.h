@@ -1,0 +1,22 @@
+// The active top-level window and how activation moves.
+#pragma once
+
+#include "platform/window/focus.h"
+#include "platform/window/window.h"
+
+namespace platform {
+
+HWND activeWindow();
+
+enum class ActivationCause { Program, Click, Server };
+// Makes the top-level window active (null: none) and gives it the focus. False when a hook or the window refused.
+bool activate(HWND top, ActivationCause cause);
+// Gives activation away because the window is hidden or destroyed: to its owner, else to the next window below.
+void activateOther(const Window& leaving);
+// Forgets a window that is gone.
+void dropActivationOf(const Window& window);
+
+// Brings the top-level window with its owners and owned windows to the front.
+void raiseTopLevel(Window& window);
+
+}  // namespace platform

@@ -1,0 +1,52 @@
+// Selection of the display, once in a process.
+#include "platform/window/display_choice.h"
+
+#include <tavrikdisplay.h>
+
+namespace platform {
+namespace {
+
+struct Selection {
+    // Never freed: windows may be destroyed as late as at the end of the process.
+    Display* display = nullptr;
+    int kind = -1;
+};
+
+Selection& selection() {
+    static Selection only;
+    return only;
+}
+
+bool select(int kind) {
+    std::unique_ptr<Display> opened = kind == TAVRIK_DISPLAY_X11 ? openX11Display() : openMemoryDisplay();
+    if (!opened)
+        return false;
+    selection() = {opened.release(), kind};
+    return true;
+}
+
+}  // namespace
+
+Display& display() {
+    if (!selection().display && !select(TAVRIK_DISPLAY_X11))
+        select(TAVRIK_DISPLAY_MEMORY);
+    return *selection().display;
+}
+
+bool isDisplaySelected() {
+    return selection().display != nullptr;
+}
+
+}  // namespace platform
+
+int TavrikDisplayInit(int kind) {
+    if (kind != TAVRIK_DISPLAY_X11 && kind != TAVRIK_DISPLAY_MEMORY)
+        return 0;
+    if (platform::isDisplaySelected())
+        return platform::selection().kind == kind ? 1 : 0;
+    return platform::select(kind) ? 1 : 0;
+}
+
+int TavrikDisplayKind(void) {
+    return platform::selection().kind;
+}

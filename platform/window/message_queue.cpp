@@ -1,0 +1,154 @@
+// Posted messages in their order. There is one queue; messages posted from another thread are refused.
+#include "platform/window/message_queue.h"
+
+#include "platform/window/input_queue.h"
+#include "platform/window/window.h"
+
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+constexpr std::size_t kMaxPosted = 10000;
+constexpr DWORD kErrorNotEnoughQuota = 1816;
+constexpr DWORD kErrorInvalidThreadId = 1444;
+
+// A queue in one block of memory that is used again and again. Messages mostly leave at the front.
+class PostedMessages {
+public:
+    bool add(const MSG& message) {
+        if (messages_.size() - front_ >= kMaxPosted)
+            return false;
+        messages_.push_back(message);
+        return true;
+    }
+
+    bool take(MSG& message, const MessageFilter& filter, bool remove) {
+        for (std::size_t i = front_; i < messages_.size(); ++i) {
+            if (!filter.accepts(messages_[i].hwnd, messages_[i].message))
+                continue;
+            message = messages_[i];
+            if (remove)
+                removeAt(i);
+            return true;
+        }
+        return false;
+    }
+
+    void dropOf(HWND window) {
+        compact();
+        std::erase_if(messages_, [window](const MSG& message) { return message.hwnd == window; });
+    }
+
+    bool isEmpty() const { return front_ == messages_.size(); }
+
+private:
+    void removeAt(std::size_t index) {
+        if (index == front_) {
+            ++front_;
+        } else {
+            messages_.erase(messages_.begin() + static_cast<std::ptrdiff_t>(index));
+        }
+        if (isEmpty())
+            compact();
+    }
+
+    void compact() {
+        messages_.erase(messages_.begin(), messages_.begin() + static_cast<std::ptrdiff_t>(front_));
+        front_ = 0;
+    }
+
+    std::vector<MSG> messages_;
+    std::size_t front_ = 0;
+};
+
+struct Queue {
+    PostedMessages posted;
+    bool quit = false;
+    int exitCode = 0;
+    DWORD thread = 0;
+};
+
+Queue& queue() {
+    static Queue only;
+    return only;
+}
+
+}  // namespace
+
+bool claimQueue() {
+    const DWORD current = GetCurrentThreadId();
+    if (windowCount() == 0)
+        queue().thread = current;
+    return queue().thread == current;
+}
+
+DWORD queueThread() {
+    return queue().thread;
+}
+DWORD currentProcessId() {
+    return static_cast<DWORD>(getpid());
+}
+
+bool MessageFilter::acceptsWindow(HWND handle) const {
+    if (!window || window == handle)
+        return true;
+    if (window == reinterpret_cast<HWND>(-1))
+        return !handle;
+    const Window* asked = findWindow(window);
+    const Window* owner = findWindow(handle);
+    return asked && owner && isDescendant(*asked, *owner);
+}
+
+bool takePosted(MSG& message, const MessageFilter& filter, bool remove) {
+    return queue().posted.take(message, filter, remove);
+}
+
+bool hasPosted() {
+    return !queue().posted.isEmpty() || queue().quit;
+}
+
+bool takeQuit(MSG& message, bool remove) {
+    if (!queue().quit)
+        return false;
+    message = MSG{nullptr, WM_QUIT, static_cast<WPARAM>(queue().exitCode), 0, GetTickCount(), lastPointerPosition()};
+    if (remove)
+        queue().quit = false;
+    return true;
+}
+
+bool post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (queue().posted.add({window, message, wParam, lParam, GetTickCount(), lastPointerPosition()}))
+        return true;
+    SetLastError(kErrorNotEnoughQuota);
+    return false;
+}
+
+void dropPostedOf(HWND window) {
+    queue().posted.dropOf(window);
+}
+
+}  // namespace platform
+
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (platform::windowCount() > 0 && GetCurrentThreadId() != platform::queueThread()) {
+        SetLastError(platform::kErrorInvalidThreadId);
+        return FALSE;
+    }
+    if (window && !platform::requireWindow(window))
+        return FALSE;
+    return platform::post(window, message, wParam, lParam) ? TRUE : FALSE;
+}
+
+BOOL PostThreadMessageA(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (thread != GetCurrentThreadId()) {
+        SetLastError(platform::kErrorInvalidThreadId);
+        return FALSE;
+    }
+    return PostMessageA(nullptr, message, wParam, lParam);
+}
+
+void PostQuitMessage(int exitCode) {
+    platform::queue().quit = true;
+    platform::queue().exitCode = exitCode;
+}

@@ -1,0 +1,205 @@
+// Device contexts of windows and the painting bracket. What is visible is computed when a context is opened.
+#include "platform/window/painting.h"
+
+#include "platform/graphics/window_dc.h"
+#include "platform/window/caret.h"
+#include "platform/window/top_level.h"
+
+namespace platform {
+namespace {
+
+// Upper left corner of the window on the surface of its top-level window.
+POINT surfaceOrigin(const Window& window) {
+    POINT origin{};
+    const Window* up = &window;
+    for (; up->parent && !isTopLevel(*up); up = up->parent) {
+        origin.x += up->rect.left + up->parent->client.left - up->parent->rect.left;
+        origin.y += up->rect.top + up->parent->client.top - up->parent->rect.top;
+    }
+    return origin;
+}
+
+RECT clientOnSurface(const Window& window) {
+    const POINT origin = surfaceOrigin(window);
+    RECT rect = window.client;
+    OffsetRect(&rect, origin.x - window.rect.left, origin.y - window.rect.top);
+    return rect;
+}
+
+void subtractSiblingsAbove(Region& region, const Window& window) {
+    const RECT parentClient = clientOnSurface(*window.parent);
+    for (const Window* above = window.previous; above; above = above->previous) {
+        if (!above->has(WS_VISIBLE) || above->hasEx(WS_EX_TRANSPARENT))
+            continue;
+        RECT rect = above->rect;
+        OffsetRect(&rect, parentClient.left, parentClient.top);
+        region.subtract(rect);
+    }
+}
+
+void subtractChildren(Region& region, const Window& window) {
+    const RECT client = clientOnSurface(window);
+    for (const Window* child = window.firstChild; child; child = child->next) {
+        if (!child->has(WS_VISIBLE) || child->hasEx(WS_EX_TRANSPARENT))
+            continue;
+        RECT rect = child->rect;
+        OffsetRect(&rect, client.left, client.top);
+        region.subtract(rect);
+    }
+}
+
+// Whether a parent that paints over its children has still to be painted: the child waits for it.
+bool waitsForParent(const Window& window) {
+    for (const Window* up = window.parent; up && up->parent; up = up->parent) {
+        if (!up->paint.update.isEmpty() && !up->has(WS_CLIPCHILDREN))
+            return true;
+    }
+    return false;
+}
+
+// Sends WM_NCPAINT when the borders are invalid.
+void paintFrame(HWND handle) {
+    Window* window = findWindow(handle);
+    if (!window || !window->paint.frame)
+        return;
+    window->paint.frame = false;
+    SendMessageA(handle, WM_NCPAINT, 1, 0);
+}
+
+// The update region limited to the client area, in coordinates of the surface.
+Region updateOnSurface(const Window& window) {
+    Region region = window.paint.update;
+    const POINT origin = surfaceOrigin(window);
+    region.offset(origin.x, origin.y);
+    return region;
+}
+
+}  // namespace
+
+Region visibleRegion(const Window& window, bool wholeWindow) {
+    const Window* top = &window;
+    while (top->parent && !isTopLevel(*top))
+        top = top->parent;
+    if (!top->parent || !isShown(window))
+        return Region();
+    const POINT origin = surfaceOrigin(window);
+    const RECT whole{origin.x, origin.y, origin.x + widthOf(window.rect), origin.y + heightOf(window.rect)};
+    Region region(wholeWindow ? whole : clientOnSurface(window));
+    if (window.has(WS_CLIPCHILDREN))
+        subtractChildren(region, window);
+    for (const Window* level = &window; level != top; level = level->parent) {
+        if (level->has(WS_CLIPSIBLINGS))
+            subtractSiblingsAbove(region, *level);
+        region.intersect(clientOnSurface(*level->parent));
+    }
+    return region;
+}
+
+HDC openDc(Window& window, bool wholeWindow, const Region* clip) {
+    Region region = visibleRegion(window, wholeWindow);
+    if (clip)
+        region.intersect(*clip);
+    Window* top = topLevelOf(window);
+    const bool drawable = top && isShown(*top);
+    const RECT client = clientOnSurface(window);
+    const POINT origin = wholeWindow ? surfaceOrigin(window) : POINT{client.left, client.top};
+    return openWindowDc(window.handle, drawable ? &surfaceOf(*top) : nullptr, origin, region);
+}
+
+void eraseNow(HWND handle, bool withChildren) {
+    Window* window = findWindow(handle);
+    if (!window || !isShown(*window) || !hasPaint())
+        return;
+    if (!window->paint.update.isEmpty() && !waitsForParent(*window)) {
+        paintFrame(handle);
+        window = findWindow(handle);
+        if (window && window->paint.erase) {
+            const Region update = updateOnSurface(*window);
+            const HDC dc = openDc(*window, false, &update);
+            const bool erased = SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0) != 0;
+            closeWindowDc(dc);
+            window = findWindow(handle);
+            if (window && erased)
+                window->paint.erase = false;
+        }
+    }
+    if (!window || !withChildren)
+        return;
+    for (const HWND child : childHandles(*window))
+        eraseNow(child, true);
+}
+
+}  // namespace platform
+
+using platform::Window;
+
+HDC BeginPaint(HWND window, LPPAINTSTRUCT paint) {
+    Window* found = platform::requireWindow(window);
+    if (!found || !paint)
+        return nullptr;
+    platform::hideCaretOver(*found);
+    platform::paintFrame(window);
+    found = platform::findWindow(window);
+    if (!found)
+        return nullptr;
+    const platform::Region update = platform::updateOnSurface(*found);
+    const bool erase = found->paint.erase;
+    platform::clearPaint(*found);
+    *paint = PAINTSTRUCT{};
+    paint->hdc = platform::openDc(*found, false, &update);
+    if (erase)
+        paint->fErase = SendMessageA(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) ? FALSE : TRUE;
+    GetClipBox(paint->hdc, &paint->rcPaint);
+    return paint->hdc;
+}
+
+BOOL EndPaint(HWND window, const PAINTSTRUCT* paint) {
+    if (!paint || !paint->hdc)
+        return FALSE;
+    platform::closeWindowDc(paint->hdc);
+    if (platform::isAlive(window))
+        platform::restoreCaret();
+    return TRUE;
+}
+
+HDC GetDC(HWND window) {
+    if (!window)
+        return platform::openWindowDc(nullptr, nullptr, POINT{}, platform::Region());
+    Window* found = platform::requireWindow(window);
+    return found ? platform::openDc(*found, false, nullptr) : nullptr;
+}
+
+HDC GetWindowDC(HWND window) {
+    Window* found = window ? platform::requireWindow(window) : nullptr;
+    if (window && !found)
+        return nullptr;
+    return found ? platform::openDc(*found, true, nullptr) : GetDC(nullptr);
+}
+
+int ReleaseDC(HWND, HDC dc) {
+    if (!dc)
+        return 0;
+    platform::closeWindowDc(dc);
+    return 1;
+}
+
+// The window paints what it still has to paint; then its pixels are copied, those of windows inside it included.
+BOOL PrintWindow(HWND window, HDC dc, UINT flags) {
+    if (!platform::requireWindow(window))
+        return FALSE;
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    Window* found = platform::findWindow(window);
+    Window* top = found ? platform::topLevelOf(*found) : nullptr;
+    if (!top || !platform::isShown(*found))
+        return FALSE;
+    const bool clientOnly = (flags & PW_CLIENTONLY) != 0;
+    const POINT corner = platform::surfaceOrigin(*found);
+    const RECT whole{corner.x, corner.y, corner.x + platform::widthOf(found->rect),
+                     corner.y + platform::heightOf(found->rect)};
+    const RECT part = clientOnly ? platform::clientOnSurface(*found) : whole;
+    const HDC pixels =
+        platform::openWindowDc(window, &platform::surfaceOf(*top), {part.left, part.top}, platform::Region(part));
+    const BOOL copied = BitBlt(dc, 0, 0, platform::widthOf(part), platform::heightOf(part), pixels, 0, 0, SRCCOPY);
+    platform::closeWindowDc(pixels);
+    return copied;
+}

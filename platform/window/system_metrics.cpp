@@ -1,0 +1,94 @@
+// Figures of the system, the clock, errors and comparison of texts.
+#include "platform/window/display_choice.h"
+
+#include <windows.h>
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <chrono>
+
+namespace {
+
+struct Metric {
+    int index;
+    int value;
+};
+
+// Those of a classic desktop at 96 dots an inch. Frames are the window manager's, so they have no width here.
+constexpr Metric kMetrics[] = {
+    {SM_CXVSCROLL, 17}, {SM_CYHSCROLL, 17},   {SM_CYCAPTION, 0},    {SM_CXBORDER, 1},
+    {SM_CYBORDER, 1},   {SM_CXFIXEDFRAME, 0}, {SM_CYFIXEDFRAME, 0}, {SM_CXICON, 32},
+    {SM_CYICON, 32},    {SM_CYVSCROLL, 17},   {SM_CXDOUBLECLK, 4},  {SM_CYDOUBLECLK, 4},
+    {SM_CXEDGE, 2},     {SM_CYEDGE, 2},       {SM_CXDRAG, 4},       {SM_CYDRAG, 4},
+};
+
+thread_local DWORD t_lastError = ERROR_SUCCESS;
+
+// Letters of code page 1252 in lower case: those from 0xC0 on lie 32 apart, except the multiplication sign and the
+// sharp s; three letters lie elsewhere.
+unsigned char toLower(unsigned char byte) {
+    if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7))
+        return static_cast<unsigned char>(byte + 0x20);
+    switch (byte) {
+        case 0x8A:
+        case 0x8C:
+        case 0x8E:
+            return static_cast<unsigned char>(byte + 0x10);
+        case 0x9F:
+            return 0xFF;
+        default:
+            return byte;
+    }
+}
+
+}  // namespace
+
+int GetSystemMetrics(int index) {
+    if (index == SM_CXSCREEN || index == SM_CYSCREEN) {
+        const SIZE screen = platform::display().screenSize();
+        return index == SM_CXSCREEN ? screen.cx : screen.cy;
+    }
+    for (const Metric& metric : kMetrics) {
+        if (metric.index == index)
+            return metric.value;
+    }
+    return 0;
+}
+
+BOOL SystemParametersInfoA(UINT action, UINT, PVOID data, UINT) {
+    if (action != SPI_GETWORKAREA || !data)
+        return FALSE;
+    const SIZE screen = platform::display().screenSize();
+    *static_cast<RECT*>(data) = {0, 0, screen.cx, screen.cy};
+    return TRUE;
+}
+
+DWORD GetTickCount(void) {
+    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+}
+
+DWORD GetCurrentThreadId(void) {
+    thread_local const auto id = static_cast<DWORD>(syscall(SYS_gettid));
+    return id;
+}
+
+DWORD GetLastError(void) {
+    return t_lastError;
+}
+
+void SetLastError(DWORD error) {
+    t_lastError = error;
+}
+
+int lstrcmpiA(LPCSTR a, LPCSTR b) {
+    if (!a || !b)
+        return (a ? 1 : 0) - (b ? 1 : 0);
+    while (*a && toLower(static_cast<unsigned char>(*a)) == toLower(static_cast<unsigned char>(*b))) {
+        ++a;
+        ++b;
+    }
+    const int difference = toLower(static_cast<unsigned char>(*a)) - toLower(static_cast<unsigned char>(*b));
+    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
+}

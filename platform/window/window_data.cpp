@@ -1,0 +1,196 @@
+// What is stored with a window: styles, identifier, procedure, extra bytes, properties.
+#include "platform/window/message_queue.h"
+#include "platform/window/top_level.h"
+#include "platform/window/window.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace platform {
+namespace {
+
+constexpr DWORD kErrorInvalidIndex = 1413;
+
+// Extra bytes need not be aligned, so they are copied.
+template <typename Value>
+Value readExtra(const Window& window, int index) {
+    Value value{};
+    if (index < 0 || static_cast<std::size_t>(index) + sizeof value > window.extra.size()) {
+        SetLastError(kErrorInvalidIndex);
+        return value;
+    }
+    std::memcpy(&value, window.extra.data() + index, sizeof value);
+    return value;
+}
+
+template <typename Value>
+Value writeExtra(Window& window, int index, Value value) {
+    const auto old = readExtra<Value>(window, index);
+    if (index >= 0 && static_cast<std::size_t>(index) + sizeof value <= window.extra.size())
+        std::memcpy(window.extra.data() + index, &value, sizeof value);
+    return old;
+}
+
+// The style bits as the window's procedure left them in WM_STYLECHANGING are what is stored.
+DWORD changeStyle(HWND handle, int index, DWORD value) {
+    Window* window = findWindow(handle);
+    STYLESTRUCT styles{index == GWL_STYLE ? window->style : window->exStyle, value};
+    SendMessageA(handle, WM_STYLECHANGING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&styles));
+    window = findWindow(handle);
+    if (!window)
+        return styles.styleOld;
+    if (index == GWL_STYLE) {
+        const bool shown = isShown(*window);
+        window->style = styles.styleNew;
+        if (shown != isShown(*window) && isTopLevel(*window))
+            showOnDisplay(*window, !shown);
+    } else {
+        const auto topmost = static_cast<DWORD>(WS_EX_TOPMOST);  // Changed by SetWindowPos alone.
+        window->exStyle = (styles.styleNew & ~topmost) | (window->exStyle & topmost);
+    }
+    SendMessageA(handle, WM_STYLECHANGED, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&styles));
+    return styles.styleOld;
+}
+
+LONG_PTR changeOwner(Window& window, HWND owner) {
+    if (!isTopLevel(window))
+        return reinterpret_cast<LONG_PTR>(SetParent(window.handle, owner));
+    const HWND old = window.owner;
+    Window* newOwner = findWindow(owner);
+    window.owner = newOwner ? topLevelOf(*newOwner)->handle : nullptr;
+    return reinterpret_cast<LONG_PTR>(old);
+}
+
+bool isProperty(const Property& property, LPCSTR name) {
+    return lstrcmpiA(property.name.c_str(), name) == 0;
+}
+
+// A property may also be named by an atom.
+std::string propertyName(LPCSTR name) {
+    return IS_INTRESOURCE(name) ? "#" + std::to_string(reinterpret_cast<std::uintptr_t>(name)) : std::string(name);
+}
+
+std::vector<Property>::iterator findProperty(Window& window, LPCSTR name) {
+    const std::string wanted = propertyName(name);
+    return std::find_if(window.properties.begin(), window.properties.end(),
+                        [&wanted](const Property& property) { return isProperty(property, wanted.c_str()); });
+}
+
+}  // namespace
+}  // namespace platform
+
+using platform::requireWindow;
+using platform::Window;
+
+LONG_PTR GetWindowLongPtrA(HWND window, int index) {
+    const Window* found = requireWindow(window);
+    if (!found)
+        return 0;
+    switch (index) {
+        case GWL_STYLE:
+            return static_cast<LONG_PTR>(found->style);
+        case GWL_EXSTYLE:
+            return static_cast<LONG_PTR>(found->exStyle);
+        case GWLP_ID:
+            return static_cast<LONG_PTR>(found->id);
+        case GWLP_USERDATA:
+            return found->userData;
+        case GWLP_WNDPROC:
+            return reinterpret_cast<LONG_PTR>(found->proc);
+        case GWLP_HINSTANCE:
+            return reinterpret_cast<LONG_PTR>(found->instance);
+        case GWLP_HWNDPARENT:
+            return reinterpret_cast<LONG_PTR>(platform::isTopLevel(*found) ? found->owner : GetParent(window));
+        default:
+            return platform::readExtra<LONG_PTR>(*found, index);
+    }
+}
+
+LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value) {
+    Window* found = requireWindow(window);
+    if (!found)
+        return 0;
+    switch (index) {
+        case GWL_STYLE:
+        case GWL_EXSTYLE:
+            return static_cast<LONG_PTR>(platform::changeStyle(window, index, static_cast<DWORD>(value)));
+        case GWLP_ID:
+            return static_cast<LONG_PTR>(std::exchange(found->id, static_cast<UINT_PTR>(value)));
+        case GWLP_USERDATA:
+            return std::exchange(found->userData, value);
+        case GWLP_WNDPROC:
+            return reinterpret_cast<LONG_PTR>(std::exchange(found->proc, reinterpret_cast<WNDPROC>(value)));
+        case GWLP_HINSTANCE:
+            return reinterpret_cast<LONG_PTR>(std::exchange(found->instance, reinterpret_cast<HINSTANCE>(value)));
+        case GWLP_HWNDPARENT:
+            return platform::changeOwner(*found, reinterpret_cast<HWND>(value));
+        default:
+            return platform::writeExtra<LONG_PTR>(*found, index, value);
+    }
+}
+
+LONG GetWindowLongA(HWND window, int index) {
+    const Window* found = index >= 0 ? requireWindow(window) : nullptr;
+    return found ? platform::readExtra<LONG>(*found, index) : static_cast<LONG>(GetWindowLongPtrA(window, index));
+}
+
+LONG SetWindowLongA(HWND window, int index, LONG value) {
+    Window* found = index >= 0 ? requireWindow(window) : nullptr;
+    return found ? platform::writeExtra<LONG>(*found, index, value)
+                 : static_cast<LONG>(SetWindowLongPtrA(window, index, value));
+}
+
+BOOL SetPropA(HWND window, LPCSTR name, HANDLE data) {
+    Window* found = requireWindow(window);
+    if (!found || !name)
+        return FALSE;
+    const auto property = platform::findProperty(*found, name);
+    if (property != found->properties.end())
+        property->data = data;
+    else
+        found->properties.push_back({platform::propertyName(name), data});
+    return TRUE;
+}
+
+HANDLE GetPropA(HWND window, LPCSTR name) {
+    Window* found = requireWindow(window);
+    if (!found || !name)
+        return nullptr;
+    const auto property = platform::findProperty(*found, name);
+    return property == found->properties.end() ? nullptr : property->data;
+}
+
+HANDLE RemovePropA(HWND window, LPCSTR name) {
+    Window* found = requireWindow(window);
+    if (!found || !name)
+        return nullptr;
+    const auto property = platform::findProperty(*found, name);
+    if (property == found->properties.end())
+        return nullptr;
+    const HANDLE data = property->data;
+    found->properties.erase(property);
+    return data;
+}
+
+BOOL IsWindow(HWND window) {
+    return platform::isAlive(window) ? TRUE : FALSE;
+}
+
+BOOL IsWindowVisible(HWND window) {
+    const Window* found = requireWindow(window);
+    return found && platform::isShown(*found) ? TRUE : FALSE;
+}
+
+BOOL IsWindowEnabled(HWND window) {
+    const Window* found = requireWindow(window);
+    return found && !found->has(WS_DISABLED) ? TRUE : FALSE;
+}
+
+DWORD GetWindowThreadProcessId(HWND window, LPDWORD process) {
+    if (!requireWindow(window))
+        return 0;
+    if (process)
+        *process = platform::currentProcessId();
+    return platform::queueThread();
+}

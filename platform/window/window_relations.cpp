@@ -1,0 +1,165 @@
+// Questions about the tree: parents, owners, neighbours, enumeration.
+#include "platform/window/message_queue.h"
+#include "platform/window/top_level.h"
+#include "platform/window/window.h"
+
+namespace platform {
+namespace {
+
+HWND handleOf(const Window* window) {
+    return window ? window->handle : nullptr;
+}
+
+// All windows inside, parents before their children.
+void collectInside(const Window& window, std::vector<HWND>& handles) {
+    for (const Window* child = window.firstChild; child; child = child->next) {
+        handles.push_back(child->handle);
+        collectInside(*child, handles);
+    }
+}
+
+BOOL callForEach(const std::vector<HWND>& handles, WNDENUMPROC proc, LPARAM param) {
+    for (const HWND handle : handles) {
+        if (isAlive(handle) && !proc(handle, param))
+            return FALSE;
+    }
+    return TRUE;
+}
+
+HWND rootOwner(Window& window) {
+    const Window* top = topLevelOf(window);
+    while (top) {
+        const Window* owner = findWindow(top->owner);
+        if (!owner)
+            return top->handle;
+        top = owner;
+    }
+    return nullptr;
+}
+
+// Moves the window to another place in the tree; screen coordinates stay with a window that becomes top-level.
+void relink(Window& window, Window& parent) {
+    if (isTopLevel(window) && &parent != &desktop())
+        removeFromDisplay(window);
+    unlinkWindow(window);
+    linkWindow(window, parent, nullptr);
+}
+
+}  // namespace
+}  // namespace platform
+
+using platform::requireWindow;
+using platform::Window;
+
+HWND GetParent(HWND window) {
+    const Window* found = requireWindow(window);
+    if (!found || !found->parent)
+        return nullptr;
+    if (found->has(WS_POPUP))
+        return found->owner;
+    return found->has(WS_CHILD) ? found->parent->handle : nullptr;
+}
+
+HWND SetParent(HWND window, HWND parent) {
+    const Window* found = requireWindow(window);
+    const Window* target = parent ? requireWindow(parent) : &platform::desktop();
+    if (!found || !found->parent || !target || target == found || platform::isDescendant(*found, *target))
+        return nullptr;
+    const HWND targetHandle = target->handle;
+    const HWND previous = found->parent->handle;
+    const BOOL wasVisible = ShowWindow(window, SW_HIDE);
+    Window* moved = platform::findWindow(window);
+    Window* newParent = platform::findWindow(targetHandle);
+    if (!moved || !newParent)
+        return nullptr;
+    platform::relink(*moved, *newParent);
+    const RECT rect = moved->rect;
+    SetWindowPos(window, HWND_TOP, rect.left, rect.top, 0, 0, SWP_NOSIZE | (wasVisible ? 0U : SWP_NOACTIVATE));
+    if (wasVisible)
+        ShowWindow(window, SW_SHOW);
+    return previous;
+}
+
+HWND GetWindow(HWND window, UINT relation) {
+    const Window* found = requireWindow(window);
+    if (!found)
+        return nullptr;
+    switch (relation) {
+        case GW_HWNDFIRST:
+            return found->parent ? platform::handleOf(found->parent->firstChild) : nullptr;
+        case GW_HWNDLAST:
+            return found->parent ? platform::handleOf(found->parent->lastChild) : nullptr;
+        case GW_HWNDNEXT:
+            return platform::handleOf(found->next);
+        case GW_HWNDPREV:
+            return platform::handleOf(found->previous);
+        case GW_OWNER:
+            return found->owner;
+        case GW_CHILD:
+            return platform::handleOf(found->firstChild);
+        default:
+            return nullptr;
+    }
+}
+
+HWND GetTopWindow(HWND window) {
+    return GetWindow(window ? window : GetDesktopWindow(), GW_CHILD);
+}
+
+HWND GetAncestor(HWND window, UINT kind) {
+    Window* found = requireWindow(window);
+    if (!found || !found->parent)
+        return nullptr;
+    switch (kind) {
+        case GA_PARENT:
+            return found->parent->handle;
+        case GA_ROOT:
+            return platform::handleOf(platform::topLevelOf(*found));
+        case GA_ROOTOWNER:
+            return platform::rootOwner(*found);
+        default:
+            return nullptr;
+    }
+}
+
+HWND GetDesktopWindow(void) {
+    return platform::desktop().handle;
+}
+
+BOOL IsChild(HWND parent, HWND window) {
+    const Window* outer = requireWindow(parent);
+    const Window* inner = outer ? requireWindow(window) : nullptr;
+    // The chain ends at the top-level window: a popup is no child of its owner.
+    while (inner && inner->has(WS_CHILD) && inner->parent) {
+        inner = inner->parent;
+        if (inner == outer)
+            return TRUE;
+    }
+    return FALSE;
+}
+
+HWND FindWindowA(LPCSTR className, LPCSTR text) {
+    for (const Window* top = platform::desktop().firstChild; top; top = top->next) {
+        const bool rightClass =
+            !className || !top->windowClass || platform::findClass(className, top->instance) == top->windowClass;
+        if (rightClass && (!text || lstrcmpiA(top->text.c_str(), text) == 0))
+            return top->handle;
+    }
+    return nullptr;
+}
+
+BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC proc, LPARAM param) {
+    if (!proc || thread != platform::queueThread())
+        return proc ? TRUE : FALSE;
+    return platform::callForEach(platform::childHandles(platform::desktop()), proc, param);
+}
+
+BOOL EnumChildWindows(HWND parent, WNDENUMPROC proc, LPARAM param) {
+    const Window* found = parent ? requireWindow(parent) : &platform::desktop();
+    if (!found || !proc)
+        return FALSE;
+    std::vector<HWND> handles;
+    platform::collectInside(*found, handles);
+    platform::callForEach(handles, proc, param);
+    return TRUE;
+}

@@ -1,0 +1,529 @@
+// List boxes and combo boxes: what they tell their parent, and selection, text and drop state after each step.
+#include "trace.h"
+#include "typing.h"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+constexpr int kControlId = 20;
+constexpr const char* kFruit[] = {"Apple", "banana", "Cherry", "apricot", "Date", "elder", "fig", "Zebra", "yam"};
+
+constexpr DWORD kKinds[] = {CBS_DROPDOWN, CBS_DROPDOWNLIST};
+
+LPARAM textParam(const char* text) {
+    return reinterpret_cast<LPARAM>(text);
+}
+
+int number(LRESULT value) {
+    return static_cast<int>(value);
+}
+
+// A message with its answer; `text` stands for lParam when it is not null.
+struct MessageStep {
+    const char* what;
+    UINT message;
+    WPARAM wParam;
+    std::intptr_t lParam;
+    const char* text;
+};
+
+class ControlStage {
+public:
+    ControlStage(Trace& trace, const char* className, DWORD style, int height, UINT addMessage)
+        : trace_(trace), parent_(trace, LoggingParent::Kind::Window) {
+        parent_.setQuiet(true);
+        control_ = parent_.add(className, "", style, kControlId, 10, 10, 150, height);
+        for (const char* text : kFruit) {
+            SendMessageA(control_, addMessage, 0, textParam(text));
+        }
+        other_ = parent_.add("Edit", "", 0, kControlId + 1, 200, 10, 100, 20);
+        SetFocus(other_);
+        parent_.setQuiet(false);
+    }
+    virtual ~ControlStage() = default;
+
+    HWND control() const { return control_; }
+    HWND other() const { return other_; }
+    LoggingParent& parent() { return parent_; }
+
+    virtual void state(const char* after) const = 0;
+    virtual HWND keyboardTarget() const { return control_; }
+
+    LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageA(control_, message, wParam, lParam);
+    }
+
+    void type(const char* keys) {
+        typeKeys(keyboardTarget(), keys);
+        state(keys);
+    }
+
+    void run(const MessageStep& step) {
+        const LRESULT result =
+            ask(step.message, step.wParam, step.text ? textParam(step.text) : static_cast<LPARAM>(step.lParam));
+        trace_.line("%s %s = %d", step.what, step.text ? step.text : "", number(result));
+        state("");
+    }
+
+protected:
+    Trace& trace_;
+
+private:
+    LoggingParent parent_;
+    HWND control_ = nullptr;
+    HWND other_ = nullptr;
+};
+
+class ListStage : public ControlStage {
+public:
+    ListStage(Trace& trace, DWORD style) : ControlStage(trace, "ListBox", style | LBS_NOTIFY, 70, LB_ADDSTRING) {}
+
+    void state(const char* after) const override {
+        trace_.line("%s -> current %d, caret %d, top %s", after, number(ask(LB_GETCURSEL)),
+                    number(ask(LB_GETCARETINDEX)), ask(LB_GETTOPINDEX) ? "scrolled" : "0");
+    }
+};
+
+class ComboStage : public ControlStage {
+public:
+    ComboStage(Trace& trace, DWORD style) : ControlStage(trace, "ComboBox", style, 90, CB_ADDSTRING) {
+        info_.cbSize = sizeof info_;
+        ask(CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info_));
+        // What a notification's receiver reads differs from what is shown afterwards.
+        parent().setHook([this](UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+            if (message == WM_COMMAND && reinterpret_cast<HWND>(lParam) == control()) {
+                char text[64];
+                GetWindowTextA(control(), text, sizeof text);
+                trace_.line("shows \"%s\", current %d%s", text, number(ask(CB_GETCURSEL)),
+                            ask(CB_GETDROPPEDSTATE) ? ", open" : "");
+            }
+            return false;
+        });
+    }
+    ~ComboStage() override { parent().setHook(nullptr); }
+
+    const COMBOBOXINFO& info() const { return info_; }
+    HWND keyboardTarget() const override { return info_.hwndItem ? info_.hwndItem : control(); }
+
+    void state(const char* after) const override {
+        char text[64];
+        DWORD start = 0;
+        DWORD end = 0;
+        GetWindowTextA(control(), text, sizeof text);
+        ask(CB_GETEDITSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        trace_.line("%s -> \"%s\" %u..%u current %d, list %d%s", after, text, static_cast<unsigned>(start),
+                    static_cast<unsigned>(end), number(ask(CB_GETCURSEL)),
+                    number(SendMessageA(info_.hwndList, LB_GETCURSEL, 0, 0)), ask(CB_GETDROPPEDSTATE) ? " open" : "");
+    }
+
+    // The middle of an entry in the open list, for a message to that list.
+    LPARAM entryPoint(int index) const {
+        RECT rect{};
+        SendMessageA(info_.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
+        return MAKELPARAM(20, (rect.top + rect.bottom) / 2);
+    }
+    LPARAM buttonPoint() const {
+        return MAKELPARAM((info_.rcButton.left + info_.rcButton.right) / 2,
+                          (info_.rcButton.top + info_.rcButton.bottom) / 2);
+    }
+    void mouse(const char* what, HWND window, UINT message, WPARAM keys, LPARAM point) {
+        SendMessageA(window, message, keys, point);
+        state(what);
+    }
+    void clickButton() {
+        mouse("button down", control(), WM_LBUTTONDOWN, MK_LBUTTON, buttonPoint());
+        mouse("button up", control(), WM_LBUTTONUP, 0, buttonPoint());
+    }
+
+private:
+    COMBOBOXINFO info_{};
+};
+
+constexpr MessageStep kListSteps[] = {
+    {"find", LB_FINDSTRING, static_cast<WPARAM>(-1), 0, "ap"},
+    {"find after 3", LB_FINDSTRING, 3, 0, "AP"},
+    {"find after last", LB_FINDSTRING, 8, 0, "ap"},
+    {"find nothing", LB_FINDSTRING, 0, 0, "x"},
+    {"exact", LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), 0, "APPLE"},
+    {"exact", LB_FINDSTRINGEXACT, 0, 0, "app"},
+    {"select string", LB_SELECTSTRING, static_cast<WPARAM>(-1), 0, "da"},
+    {"select string missing", LB_SELECTSTRING, 0, 0, "x"},
+    {"set current", LB_SETCURSEL, 2, 0, nullptr},
+    {"set current too large", LB_SETCURSEL, 99, 0, nullptr},
+    {"set current none", LB_SETCURSEL, static_cast<WPARAM>(-1), 0, nullptr},
+    {"set current last", LB_SETCURSEL, 8, 0, nullptr},
+    {"is selected", LB_GETSEL, 8, 0, nullptr},
+    {"insert", LB_INSERTSTRING, 1, 0, "new"},
+    {"insert at end", LB_INSERTSTRING, static_cast<WPARAM>(-1), 0, "last"},
+    {"text length", LB_GETTEXTLEN, 99, 0, nullptr},
+    {"set data", LB_SETITEMDATA, 1, 77, nullptr},
+    {"data", LB_GETITEMDATA, 99, 0, nullptr},
+    {"delete before current", LB_DELETESTRING, 0, 0, nullptr},
+    {"data moved", LB_GETITEMDATA, 0, 0, nullptr},
+    {"delete current", LB_DELETESTRING, 8, 0, nullptr},
+    {"set top", LB_SETTOPINDEX, 3, 0, nullptr},
+    {"set caret", LB_SETCARETINDEX, 2, FALSE, nullptr},
+    {"add umlaut", LB_ADDSTRING, 0, 0, "\xC4pple"},
+    {"find umlaut", LB_FINDSTRING, 0, 0, "\xC4P"},
+    {"find umlaut in other case", LB_FINDSTRING, 0, 0, "\xE4p"},
+    {"find exact umlaut in other case", LB_FINDSTRINGEXACT, 0, 0, "\xE4PPLE"},
+    {"reset", LB_RESETCONTENT, 0, 0, nullptr},
+    {"current of empty", LB_SETCURSEL, 0, 0, nullptr},
+};
+
+void listTexts(Trace& trace, const ControlStage& stage, UINT countMessage, UINT textMessage) {
+    const int count = number(stage.ask(countMessage));
+    for (int i = -1; i <= count; ++i) {
+        char text[64] = "";
+        const LRESULT length = stage.ask(textMessage, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+        trace.line("%d: %d \"%s\"", i, number(length), length >= 0 ? text : "");
+    }
+}
+
+void traceLists(Trace& trace) {
+    trace.section("list messages");
+    {
+        ListStage stage(trace, WS_VSCROLL | WS_BORDER);
+        for (const MessageStep& step : kListSteps) {
+            stage.run(step);
+        }
+    }
+    trace.section("sorted list");
+    {
+        ListStage stage(trace, LBS_SORT);
+        stage.run({"add", LB_ADDSTRING, 0, 0, "cherry"});
+        stage.run({"add", LB_ADDSTRING, 0, 0, ""});
+        stage.run({"add", LB_ADDSTRING, 0, 0, "10"});
+        stage.run({"add", LB_ADDSTRING, 0, 0, "9"});
+        stage.run({"add", LB_ADDSTRING, 0, 0, "zza"});
+        stage.run({"insert", LB_INSERTSTRING, 0, 0, "unsorted"});
+        listTexts(trace, stage, LB_GETCOUNT, LB_GETTEXT);
+    }
+    trace.section("list keys and mouse");
+    ListStage stage(trace, WS_VSCROLL | WS_BORDER);
+    SetFocus(stage.control());
+    stage.state("SetFocus");
+    for (const char* keys : {"{down}", "{down}", "{up}", "{end}", "{up}", "{home}", "{pgdn}", "{pgup}", "c", "a", "a",
+                             "z", "q", "{right}", "{left}", "{enter}", "{esc}"}) {
+        stage.type(keys);
+    }
+    const auto mouse = [&](const char* what, UINT message, WPARAM keys, int index) {
+        RECT rect{};
+        stage.ask(LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
+        stage.ask(message, keys, MAKELPARAM(5, (rect.top + rect.bottom) / 2));
+        stage.state(what);
+    };
+    stage.ask(LB_SETCURSEL, 0);
+    mouse("down 1", WM_LBUTTONDOWN, MK_LBUTTON, 1);
+    mouse("drag 2", WM_MOUSEMOVE, MK_LBUTTON, 2);
+    mouse("up 2", WM_LBUTTONUP, 0, 2);
+    mouse("down 2", WM_LBUTTONDOWN, MK_LBUTTON, 2);
+    mouse("up 2", WM_LBUTTONUP, 0, 2);
+    mouse("double 2", WM_LBUTTONDBLCLK, MK_LBUTTON, 2);
+    mouse("up 2", WM_LBUTTONUP, 0, 2);
+    for (const char* keys : {"{end}", "{down}"}) {
+        stage.ask(LB_SETCURSEL, 3);
+        stage.ask(LB_SETCURSEL, static_cast<WPARAM>(-1));
+        stage.state("nothing selected");
+        stage.type(keys);
+    }
+    SetFocus(stage.other());
+    stage.state("focus away");
+}
+
+void traceStructure(Trace& trace) {
+    trace.section("combo structure");
+    constexpr DWORD kStyles[] = {CBS_DROPDOWN, CBS_DROPDOWNLIST, CBS_DROPDOWN | CBS_SORT | CBS_UPPERCASE,
+                                 CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL, CBS_DROPDOWNLIST | CBS_DISABLENOSCROLL};
+    for (const DWORD style : kStyles) {
+        ComboStage stage(trace, style);
+        const COMBOBOXINFO& info = stage.info();
+        char listClass[16] = "";
+        char itemClass[16] = "";
+        GetClassNameA(info.hwndList, listClass, sizeof listClass);
+        GetClassNameA(info.hwndItem, itemClass, sizeof itemClass);
+        trace.line("style %08x: %08x, code %x", static_cast<unsigned>(style),
+                   static_cast<unsigned>(GetWindowLongA(stage.control(), GWL_STYLE)),
+                   static_cast<unsigned>(stage.ask(WM_GETDLGCODE)));
+        trace.line("combo %d, list %s %d %08x %08x, item %s %d %08x, first child is item %d",
+                   info.hwndCombo == stage.control(), listClass, GetDlgCtrlID(info.hwndList),
+                   static_cast<unsigned>(GetWindowLongA(info.hwndList, GWL_STYLE)),
+                   static_cast<unsigned>(GetWindowLongA(info.hwndList, GWL_EXSTYLE)), itemClass,
+                   GetDlgCtrlID(info.hwndItem), static_cast<unsigned>(GetWindowLongA(info.hwndItem, GWL_STYLE)),
+                   GetWindow(stage.control(), GW_CHILD) == info.hwndItem);
+        trace.line("list is a child of the combo %d, item height equal %d, button state %x",
+                   IsChild(stage.control(), info.hwndList),
+                   stage.ask(CB_GETITEMHEIGHT, 0) == SendMessageA(info.hwndList, LB_GETITEMHEIGHT, 0, 0),
+                   static_cast<unsigned>(info.stateButton));
+        RECT window;
+        RECT client;
+        GetWindowRect(stage.control(), &window);
+        GetClientRect(stage.control(), &client);
+        trace.line("height over field %d, dropped width %d",
+                   number(window.bottom - window.top - stage.ask(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1))),
+                   number(stage.ask(CB_GETDROPPEDWIDTH)));
+        trace.line("item %d %d %d, button %d %d %d", number(info.rcItem.left), number(info.rcItem.top),
+                   number(client.right - info.rcItem.right), number(client.right - info.rcButton.left),
+                   number(info.rcButton.top), number(client.right - info.rcButton.right));
+    }
+}
+
+constexpr MessageStep kComboSteps[] = {
+    {"find", CB_FINDSTRING, static_cast<WPARAM>(-1), 0, "ap"},
+    {"find after 0", CB_FINDSTRING, 0, 0, "ap"},
+    {"find empty", CB_FINDSTRING, static_cast<WPARAM>(-1), 0, ""},
+    {"select empty", CB_SELECTSTRING, static_cast<WPARAM>(-1), 0, ""},
+    {"exact", CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), 0, "FIG"},
+    {"select", CB_SELECTSTRING, 0, 0, "ap"},
+    {"set current", CB_SETCURSEL, 4, 0, nullptr},
+    {"set current too large", CB_SETCURSEL, 99, 0, nullptr},
+    {"set current none", CB_SETCURSEL, static_cast<WPARAM>(-1), 0, nullptr},
+    {"set current", CB_SETCURSEL, 2, 0, nullptr},
+    {"insert", CB_INSERTSTRING, 0, 0, "new"},
+    {"delete other", CB_DELETESTRING, 0, 0, nullptr},
+    {"delete current", CB_DELETESTRING, 2, 0, nullptr},
+    {"select 0", CB_SETCURSEL, 0, 0, nullptr},
+    {"edit sel", CB_SETEDITSEL, 0, MAKELPARAM(1, 3), nullptr},
+    {"limit", CB_LIMITTEXT, 3, 0, nullptr},
+    {"set text over limit", WM_SETTEXT, 0, 0, "toolong"},
+    {"show", CB_SHOWDROPDOWN, TRUE, 0, nullptr},
+    {"set current open", CB_SETCURSEL, 3, 0, nullptr},
+    {"hide", CB_SHOWDROPDOWN, FALSE, 0, nullptr},
+    {"set item height", CB_SETITEMHEIGHT, 0, 20, nullptr},
+    {"set field height", CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), 24, nullptr},
+    {"field height", CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0, nullptr},
+    {"set dropped width", CB_SETDROPPEDWIDTH, 250, 0, nullptr},
+    {"reset", CB_RESETCONTENT, 0, 0, nullptr},
+    {"set text", WM_SETTEXT, 0, 0, "after"},
+    {"WM_CLEAR", WM_CLEAR, 0, 0, nullptr},
+    {"set current of empty", CB_SETCURSEL, 0, 0, nullptr},
+    {"show empty", CB_SHOWDROPDOWN, TRUE, 0, nullptr},
+    {"hide empty", CB_SHOWDROPDOWN, FALSE, 0, nullptr},
+};
+
+struct ComboKeys {
+    const char* name;
+    DWORD style;
+    const char* keys[24];
+};
+
+constexpr ComboKeys kComboKeys[] = {
+    {"combo typing",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"f", "{bs}", "ch", "{S-left}x", "{home}{S-end}{del}", "apr", "{enter}", "{C-z}", "q"}},
+    {"combo typing open",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"{f4}", "c", "h", "x", "{bs}{bs}{bs}", "d", "{enter}", "{A-down}", "f", "{esc}"}},
+    {"combo keys closed",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"{down}", "{down}", "{up}", "{pgdn}", "{pgup}", "{end}", "{home}", "{right}", "{C-end}", "{up}", "{enter}",
+      "{esc}"}},
+    {"combo keys open",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"{f4}", "{down}", "{down}", "{up}", "{enter}", "{A-down}", "{down}", "{esc}", "{f4}", "{down}", "{f4}",
+      "{A-down}", "{down}", "{A-up}", "{A-down}", "{pgdn}", "{end}", "{enter}"}},
+    {"list combo keys closed",
+     CBS_DROPDOWNLIST,
+     {"{down}", "{down}", "{up}", "{right}", "{left}", "{pgdn}", "{pgup}", "{end}", "{home}", "a", "a", "a", "z", "q",
+      "\xE4", "{enter}", "{esc}", "{del}"}},
+    {"list combo keys open",
+     CBS_DROPDOWNLIST,
+     {"{f4}", "{down}", "{down}", "{enter}", "{A-down}", "{down}",  "{esc}", "{f4}",   "{down}", "{f4}",   "{A-down}",
+      "z",    "{A-up}", "{f4}",   "{end}",   "{home}",   "{enter}", "{f4}",  "{down}", "{tab}",  "{enter}"}},
+    {"combo typing after a pick",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"{down}", "x", "y", "{f4}", "{down}", "b", "a", "{enter}", "{bs}"}},
+    {"upper-case combo", CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_UPPERCASE, {"ab\xE5", "{down}", "{bs}x"}},
+    {"sorted combo", CBS_DROPDOWN | CBS_SORT, {"{down}", "{end}", "{home}", "{down}{down}{down}{down}{down}"}},
+};
+
+void traceComboKeys(Trace& trace) {
+    for (const ComboKeys& row : kComboKeys) {
+        trace.section(row.name);
+        ComboStage stage(trace, row.style | WS_VSCROLL);
+        SetFocus(stage.control());
+        stage.state("SetFocus");
+        for (const char* const* keys = row.keys; *keys; ++keys) {
+            stage.type(*keys);
+        }
+        SetFocus(stage.other());
+        stage.state("focus away");
+    }
+}
+
+void traceComboFocus(Trace& trace) {
+    for (const DWORD style : kKinds) {
+        trace.section(style == CBS_DROPDOWN ? "combo focus" : "list combo focus");
+        ComboStage stage(trace, style | WS_VSCROLL);
+        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
+        stage.state("WM_KILLFOCUS without focus");
+        SetFocus(stage.control());
+        trace.line("focus on item %d", GetFocus() == stage.keyboardTarget());
+        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
+        stage.state("WM_KILLFOCUS direct");
+        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
+        stage.state("WM_KILLFOCUS again");
+        trace.line("focus on item %d", GetFocus() == stage.keyboardTarget());
+        SetFocus(stage.other());
+        SetFocus(stage.keyboardTarget());
+        stage.ask(CB_SHOWDROPDOWN, TRUE);
+        stage.state("open");
+        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
+        stage.state("WM_KILLFOCUS while open");
+        SetFocus(stage.other());
+        SetFocus(stage.control());
+        stage.ask(CB_SHOWDROPDOWN, TRUE);
+        stage.type("{down}");
+        SetFocus(stage.other());
+        stage.state("focus away while open");
+        SetFocus(stage.control());
+        stage.run({"WM_KILLFOCUS to the combo", WM_KILLFOCUS, 0, 0, nullptr});
+        EnableWindow(stage.control(), FALSE);
+        stage.state("disabled");
+        trace.line("item enabled %d", IsWindowEnabled(stage.keyboardTarget()));
+        stage.run({"set current disabled", CB_SETCURSEL, 1, 0, nullptr});
+        stage.type("x");
+        stage.ask(CB_SHOWDROPDOWN, TRUE);
+        stage.state("opened while disabled");
+        stage.ask(CB_SHOWDROPDOWN, FALSE);
+        EnableWindow(stage.control(), TRUE);
+        SetFocus(stage.control());
+        for (const UINT key : {VK_RETURN, VK_ESCAPE, VK_TAB}) {
+            for (const bool open : {true, false}) {
+                MSG message{};
+                message.hwnd = stage.keyboardTarget();
+                message.message = WM_KEYDOWN;
+                message.wParam = key;
+                SendMessageA(stage.control(), CB_SHOWDROPDOWN, open, 0);
+                trace.line("key %x: code %x", key,
+                           static_cast<unsigned>(SendMessageA(stage.keyboardTarget(), WM_GETDLGCODE, key,
+                                                              reinterpret_cast<LPARAM>(&message))));
+            }
+        }
+    }
+}
+
+void traceComboMouse(Trace& trace) {
+    for (const DWORD style : kKinds) {
+        trace.section(style == CBS_DROPDOWN ? "combo mouse" : "list combo mouse");
+        ComboStage stage(trace, style | WS_VSCROLL);
+        const HWND list = stage.info().hwndList;
+        stage.clickButton();
+        trace.line("focus on item %d, capture on list %d, visible %d", GetFocus() == stage.keyboardTarget(),
+                   GetCapture() == list, IsWindowVisible(list));
+        stage.mouse("move to 2", list, WM_MOUSEMOVE, 0, stage.entryPoint(2));
+        stage.mouse("move to 1", list, WM_MOUSEMOVE, 0, stage.entryPoint(1));
+        stage.mouse("down on 1", list, WM_LBUTTONDOWN, MK_LBUTTON, stage.entryPoint(1));
+        stage.mouse("up on 1", list, WM_LBUTTONUP, 0, stage.entryPoint(1));
+        trace.line("capture %d", GetCapture() != nullptr);
+        stage.clickButton();
+        stage.mouse("move to 0", list, WM_MOUSEMOVE, 0, stage.entryPoint(0));
+        stage.mouse("down outside", list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(-50, -50));
+        stage.mouse("up outside", stage.control(), WM_LBUTTONUP, 0, MAKELPARAM(-50, -50));
+        stage.clickButton();
+        stage.clickButton();
+        stage.mouse("button down", stage.control(), WM_LBUTTONDOWN, MK_LBUTTON, stage.buttonPoint());
+        POINT entry = {20, 15};
+        MapWindowPoints(list, stage.control(), &entry, 1);
+        SendMessageA(stage.control(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(entry.x, entry.y));
+        trace.line("list takes over %d", GetCapture() == list);
+        stage.mouse("drag to 3", list, WM_MOUSEMOVE, MK_LBUTTON, stage.entryPoint(3));
+        stage.mouse("up on 3", list, WM_LBUTTONUP, 0, stage.entryPoint(3));
+        stage.clickButton();
+        stage.mouse("down on 4", list, WM_LBUTTONDOWN, MK_LBUTTON, stage.entryPoint(4));
+        stage.mouse("drag outside", list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, 20));
+        stage.mouse("up outside", list, WM_LBUTTONUP, 0, MAKELPARAM(300, 20));
+        stage.clickButton();
+        stage.mouse("wheel down", stage.keyboardTarget(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+        stage.mouse("wheel up", stage.keyboardTarget(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+        stage.mouse("wheel up on combo", stage.control(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+        stage.mouse("wheel on list", list, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+        if (style == CBS_DROPDOWNLIST) {
+            stage.mouse("field down", stage.control(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 8));
+            stage.mouse("field up", stage.control(), WM_LBUTTONUP, 0, MAKELPARAM(10, 8));
+        }
+        stage.ask(CB_SHOWDROPDOWN, FALSE);
+        stage.mouse("wheel down closed", stage.control(), WM_MOUSEWHEEL, MAKEWPARAM(0, 0x10000 - 2 * WHEEL_DELTA), 0);
+        SetFocus(stage.other());
+        stage.state("focus away");
+    }
+}
+
+void traceOwnerDrawn(Trace& trace) {
+    trace.section("owner-drawn combo");
+    bool watching = true;
+    LoggingParent parent(trace, LoggingParent::Kind::Window);
+    parent.setHook([&](UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
+        if (message == WM_MEASUREITEM) {
+            auto* measure = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+            trace.line("WM_MEASUREITEM type %u id %u item %d", measure->CtlType, measure->CtlID,
+                       static_cast<int>(measure->itemID));
+            measure->itemHeight = 18;
+            result = TRUE;
+            return true;
+        }
+        if (message == WM_DRAWITEM) {
+            const auto* draw = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+            result = TRUE;
+            if (!watching) {
+                return true;
+            }
+            trace.line("WM_DRAWITEM type %u id %u item %d action %x state %x data %d high %d", draw->CtlType,
+                       draw->CtlID, static_cast<int>(draw->itemID), draw->itemAction, draw->itemState,
+                       static_cast<int>(draw->itemData), draw->rcItem.bottom - draw->rcItem.top > 10);
+            return true;
+        }
+        return false;
+    });
+    const HWND combo = parent.add("ComboBox", "", CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL,
+                                  kControlId, 10, 10, 150, 120);
+    trace.line("item height %d", number(SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0)));
+    for (int i = 0; i < 3; ++i) {
+        SendMessageA(combo, CB_ADDSTRING, 0, textParam(kFruit[i]));
+        SendMessageA(combo, CB_SETITEMDATA, static_cast<WPARAM>(i), 100 + i);
+    }
+    watching = false;
+    const auto redraw = [&](const char* what, HWND window) {
+        UpdateWindow(window);
+        trace.line("%s", what);
+        watching = true;
+        InvalidateRect(window, nullptr, TRUE);
+        UpdateWindow(window);
+        watching = false;
+    };
+    redraw("nothing selected", combo);
+    SendMessageA(combo, CB_SETCURSEL, 1, 0);
+    redraw("selected", combo);
+    SetFocus(combo);
+    redraw("focused", combo);
+    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    redraw("open", combo);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    SendMessageA(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    redraw("its list", info.hwndList);
+    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+    EnableWindow(combo, FALSE);
+    redraw("disabled", combo);
+}
+
+}  // namespace
+
+void traceCombos(Trace& trace) {
+    trace.section("combos");
+    traceLists(trace);
+    traceStructure(trace);
+    for (const DWORD style : kKinds) {
+        trace.section(style == CBS_DROPDOWN ? "combo messages" : "list combo messages");
+        ComboStage stage(trace, style | CBS_AUTOHSCROLL | WS_VSCROLL);
+        for (const MessageStep& step : kComboSteps) {
+            stage.run(step);
+        }
+    }
+    traceComboKeys(trace);
+    traceComboFocus(trace);
+    traceComboMouse(trace);
+    traceOwnerDrawn(trace);
+}

@@ -1,0 +1,431 @@
+// Dialogs: order of creation, walks over tab stops and groups, keys, nested modal loops, message boxes.
+#include "tests/conformance/template_builder.h"
+#include "tests/conformance/trace.h"
+#include "tests/conformance/window_spy.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace {
+
+constexpr WORD kButton = 0x80;
+constexpr WORD kEdit = 0x81;
+constexpr WORD kStatic = 0x82;
+constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+constexpr DWORD kPageStyle = WS_CHILD | DS_CONTROL | WS_VISIBLE;
+constexpr int kPageId = 300;
+
+HINSTANCE instance() {
+    return GetModuleHandleA(nullptr);
+}
+
+// Controls of every kind that a walk must tell apart; the page with ids from 301 is put behind id 130.
+TemplateBuilder mainTemplate(TemplateBuilder::Form form) {
+    TemplateBuilder builder(form, kDialogStyle, 200, 120, "Huvud");
+    builder.add(kStatic, 0xFFFF, "&Namn:", WS_GROUP)
+        .add(kEdit, 101, "abc", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL)
+        .add(kButton, 111, "&Ett", BS_AUTORADIOBUTTON | WS_GROUP | WS_TABSTOP)
+        .add(kButton, 112, "&Tv\xE5", BS_AUTORADIOBUTTON)
+        .add(kButton, 113, "T&re", BS_AUTORADIOBUTTON)
+        .add(kEdit, 120, "", WS_TABSTOP | WS_GROUP | WS_DISABLED)
+        .add(kButton, 130, "&Kryss", BS_AUTOCHECKBOX | WS_TABSTOP | WS_GROUP)
+        .add(kButton, 140, "&Grupp", BS_GROUPBOX | WS_GROUP)
+        .add(kButton, 141, "Fyra", BS_AUTORADIOBUTTON)
+        .add(kButton, 142, "Fem", BS_AUTORADIOBUTTON | WS_TABSTOP)
+        .add(kButton, IDOK, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP)
+        .add(kButton, IDCANCEL, "Avbryt", BS_PUSHBUTTON | WS_TABSTOP)
+        .add(kButton, 150, "&Mera", BS_PUSHBUTTON | WS_TABSTOP);
+    return builder;
+}
+
+TemplateBuilder pageTemplate() {
+    TemplateBuilder builder(TemplateBuilder::Form::Extended, kPageStyle, 100, 50, "", WS_EX_CONTROLPARENT);
+    builder.add(kEdit, 301, "p1", WS_TABSTOP | WS_BORDER)
+        .add(kEdit, 302, "p2", WS_TABSTOP | WS_BORDER | ES_READONLY)
+        .add(kButton, 303, "&Sida", BS_PUSHBUTTON | WS_TABSTOP);
+    return builder;
+}
+
+// What the dialog procedures of this file are told through the parameter of WM_INITDIALOG.
+struct DialogScript {
+    WindowSpy* spy = nullptr;
+    std::string name;
+    BOOL initResult = TRUE;
+    int focusOnInit = 0;
+    bool withPage = false;
+    UINT keyOnInit = 0;
+    WORD commandOnInit = 0;
+    void (*onCommand)(HWND dialog, int id, DialogScript& script) = nullptr;
+};
+
+// A timer whose id is the command, so that the modal loop has become idle before.
+void CALLBACK postCommand(HWND dialog, UINT, UINT_PTR command, DWORD) {
+    KillTimer(dialog, command);
+    PostMessageA(dialog, WM_COMMAND, command, 0);
+}
+
+INT_PTR CALLBACK scriptedProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* script = reinterpret_cast<DialogScript*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    if (message == WM_COMMAND && script != nullptr && script->onCommand != nullptr) {
+        script->onCommand(dialog, LOWORD(wParam), *script);
+        return TRUE;
+    }
+    if (message != WM_INITDIALOG || lParam == 0) {
+        return FALSE;
+    }
+    script = reinterpret_cast<DialogScript*>(lParam);
+    SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+    if (script->spy != nullptr) {
+        script->spy->name(dialog, script->name);
+        script->spy->line("-- first tab stop " + script->spy->nameOf(reinterpret_cast<HWND>(wParam)));
+    }
+    if (script->withPage) {
+        const TemplateBuilder page = pageTemplate();
+        HWND child = CreateDialogIndirectParamA(instance(), page.get(), dialog, scriptedProc, 0);
+        SetWindowLongPtrA(child, GWLP_ID, kPageId);
+        SetWindowPos(child, GetDlgItem(dialog, 130), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    }
+    if (script->focusOnInit != 0) {
+        SetFocus(GetDlgItem(dialog, script->focusOnInit));
+    }
+    if (script->keyOnInit != 0) {
+        postKey(dialog, script->keyOnInit);
+    }
+    if (script->commandOnInit != 0) {
+        SetTimer(dialog, script->commandOnInit, 20, postCommand);
+    }
+    return script->initResult;
+}
+
+// The control with the id, also when it stands on the nested page.
+HWND control(HWND dialog, int id) {
+    HWND found = GetDlgItem(dialog, id);
+    HWND page = GetDlgItem(dialog, kPageId);
+    return found != nullptr || page == nullptr ? found : GetDlgItem(page, id);
+}
+
+int idOf(HWND window) {
+    return window == nullptr ? 0 : GetDlgCtrlID(window);
+}
+
+HWND createOwner() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.hInstance = instance();
+    windowClass.lpszClassName = "TavrikTraceOwner";
+    RegisterClassA(&windowClass);
+    HWND owner = CreateWindowExA(0, windowClass.lpszClassName, "Fr\xE5gare", WS_POPUP | WS_CAPTION | WS_VISIBLE, 50, 50,
+                                 500, 400, nullptr, nullptr, instance(), nullptr);
+    SetActiveWindow(owner);
+    SetFocus(owner);
+    drainQueue();
+    return owner;
+}
+
+// A modeless main dialog for walks and keys.
+HWND createMain(HWND owner, DialogScript& script) {
+    const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Extended);
+    HWND dialog =
+        CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc, reinterpret_cast<LPARAM>(&script));
+    ShowWindow(dialog, SW_SHOW);
+    drainQueue();
+    return dialog;
+}
+
+void traceCreation(Trace& trace) {
+    for (const auto form : {TemplateBuilder::Form::Classic, TemplateBuilder::Form::Extended}) {
+        trace.section(form == TemplateBuilder::Form::Classic ? "creation, classic" : "creation, extended");
+        HWND owner = createOwner();
+        WindowSpy spy(trace);
+        spy.watch(owner);
+        spy.name(owner, "owner");
+        DialogScript script;
+        script.spy = &spy;
+        script.name = "main";
+        const TemplateBuilder builder = mainTemplate(form);
+        HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc,
+                                                 reinterpret_cast<LPARAM>(&script));
+        std::array<char, 32> caption{};
+        GetWindowTextA(dialog, caption.data(), static_cast<int>(caption.size()));
+        trace.line("caption %s style %08X exstyle %08X", caption.data(),
+                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_STYLE)),
+                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE) & ~WS_EX_WINDOWEDGE));
+        trace.line("focus %d, default %08X", idOf(GetFocus()),
+                   static_cast<unsigned>(SendMessageA(dialog, DM_GETDEFID, 0, 0)));
+        ShowWindow(dialog, SW_SHOW);
+        drainQueue();
+        trace.line("focus %d", idOf(GetFocus()));
+        SetActiveWindow(owner);
+        trace.line("focus %d", idOf(GetFocus()));
+        SetActiveWindow(dialog);
+        trace.line("focus %d", idOf(GetFocus()));
+        SetFocus(GetDlgItem(dialog, 130));
+        SetFocus(dialog);
+        trace.line("focus %d", idOf(GetFocus()));
+        DestroyWindow(dialog);
+        DestroyWindow(owner);
+        drainQueue();
+    }
+}
+
+// Groups whose first control has no WS_GROUP, or stands invisible or disabled.
+void traceGroups(Trace& trace) {
+    trace.section("groups");
+    TemplateBuilder builder(TemplateBuilder::Form::Classic, kDialogStyle, 100, 60, "");
+    builder.add(kButton, 11, "", BS_PUSHBUTTON)
+        .add(kButton, 12, "", BS_PUSHBUTTON)
+        .add(kButton, 13, "", BS_PUSHBUTTON | WS_GROUP | WS_DISABLED)
+        .add(kButton, 14, "", BS_PUSHBUTTON)
+        .add(kButton, 15, "", BS_PUSHBUTTON | WS_DISABLED)
+        .add(kButton, 16, "", BS_PUSHBUTTON)
+        .add(kButton, 17, "", BS_PUSHBUTTON | WS_GROUP)
+        .add(kButton, 18, "", BS_PUSHBUTTON);
+    HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), nullptr, scriptedProc, 0);
+    ShowWindow(GetDlgItem(dialog, 17), SW_HIDE);
+    for (int id = 11; id <= 18; ++id) {
+        trace.line("%d: next %d, previous %d", id, idOf(GetNextDlgGroupItem(dialog, GetDlgItem(dialog, id), FALSE)),
+                   idOf(GetNextDlgGroupItem(dialog, GetDlgItem(dialog, id), TRUE)));
+    }
+    trace.line("no tab stop: %d, first of the group %d", idOf(GetNextDlgTabItem(dialog, nullptr, FALSE)),
+               idOf(GetNextDlgGroupItem(dialog, nullptr, FALSE)));
+    DestroyWindow(dialog);
+    drainQueue();
+}
+
+void traceWalks(Trace& trace) {
+    trace.section("walks");
+    HWND owner = createOwner();
+    DialogScript script;
+    script.withPage = true;
+    HWND dialog = createMain(owner, script);
+    for (const int id : {0, 0xFFFF, 101, 111, 112, 113, 120, 130, 140, 141, 142, 1, 2, 150, 300, 301, 302, 303}) {
+        HWND from = id == 0 ? nullptr : control(dialog, id);
+        trace.line("%d: next %d, previous %d; in group next %d, previous %d", id,
+                   idOf(GetNextDlgTabItem(dialog, from, FALSE)), idOf(GetNextDlgTabItem(dialog, from, TRUE)),
+                   idOf(GetNextDlgGroupItem(dialog, from, FALSE)), idOf(GetNextDlgGroupItem(dialog, from, TRUE)));
+    }
+    HWND page = GetDlgItem(dialog, kPageId);
+    trace.line("page alone: %d %d %d", idOf(GetNextDlgTabItem(page, nullptr, FALSE)),
+               idOf(GetNextDlgTabItem(page, nullptr, TRUE)),
+               idOf(GetNextDlgTabItem(page, control(dialog, 303), FALSE)));
+    ShowWindow(page, SW_HIDE);
+    trace.line("page hidden: after 130 %d, before 142 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)),
+               idOf(GetNextDlgTabItem(dialog, control(dialog, 142), TRUE)));
+    ShowWindow(page, SW_SHOW);
+    EnableWindow(page, FALSE);
+    trace.line("page disabled: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
+    DestroyWindow(dialog);
+    DestroyWindow(owner);
+    drainQueue();
+}
+
+constexpr unsigned kShift = 1;
+constexpr unsigned kAlt = 4;
+
+struct KeyCase {
+    int from;
+    UINT message;
+    WPARAM key;
+    unsigned modifiers;
+};
+
+constexpr KeyCase kKeyCases[] = {
+    {101, WM_KEYDOWN, VK_TAB, 0},
+    {101, WM_KEYDOWN, VK_TAB, kShift},
+    {130, WM_KEYDOWN, VK_TAB, 0},
+    {301, WM_KEYDOWN, VK_TAB, 0},
+    {302, WM_KEYDOWN, VK_TAB, kShift},
+    {303, WM_KEYDOWN, VK_TAB, 0},
+    {150, WM_KEYDOWN, VK_TAB, 0},
+    {111, WM_KEYDOWN, VK_RIGHT, 0},
+    {111, WM_KEYDOWN, VK_UP, 0},
+    {141, WM_KEYDOWN, VK_LEFT, 0},
+    {130, WM_KEYDOWN, VK_DOWN, 0},
+    {1, WM_KEYDOWN, VK_RIGHT, 0},
+    {101, WM_KEYDOWN, VK_RETURN, 0},
+    {303, WM_KEYDOWN, VK_RETURN, 0},
+    {301, WM_KEYDOWN, VK_ESCAPE, 0},
+    {101, WM_CHAR, 'k', 0},
+    {130, WM_CHAR, 'm', 0},
+    {130, WM_CHAR, 'n', 0},
+    {130, WM_CHAR, 's', 0},
+    {130, WM_CHAR, 'g', 0},
+    {101, WM_SYSCHAR, 'r', kAlt},
+    {101, WM_SYSCHAR, 'k', kAlt},
+    {130, WM_SYSCHAR, 'n', kAlt},
+    {101, WM_SYSCHAR, 'x', kAlt},
+    {303, WM_KEYDOWN, VK_RIGHT, 0},
+    {2, WM_KEYDOWN, VK_TAB, kShift},
+    {142, WM_KEYDOWN, VK_TAB, 0},
+    {302, WM_KEYDOWN, VK_TAB, 0},
+};
+
+void setModifiers(unsigned modifiers) {
+    std::array<BYTE, 256> state{};
+    state[VK_SHIFT] = static_cast<BYTE>((modifiers & kShift) != 0 ? 0x80 : 0);
+    state[VK_MENU] = static_cast<BYTE>((modifiers & kAlt) != 0 ? 0x80 : 0);
+    SetKeyboardState(state.data());
+}
+
+void traceKeys(Trace& trace) {
+    trace.section("keys");
+    for (const KeyCase& row : kKeyCases) {
+        HWND owner = createOwner();
+        DialogScript script;
+        script.withPage = true;
+        HWND dialog = createMain(owner, script);
+        CheckRadioButton(dialog, 111, 113, 111);
+        SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(dialog, row.from)), TRUE);
+        drainQueue();
+        trace.line("%d: %s %d, modifiers %u", row.from, messageName(row.message), static_cast<int>(row.key),
+                   row.modifiers);
+        {
+            WindowSpy spy(trace);
+            spy.name(dialog, "main");
+            spy.watch(dialog);
+            spy.watchChildren(dialog);
+            setModifiers(row.modifiers);
+            MSG message{};
+            message.hwnd = GetFocus();
+            message.message = row.message;
+            message.wParam = row.key;
+            message.lParam = row.modifiers == kAlt ? 0x20000001 : 1;
+            const BOOL taken = IsDialogMessageA(dialog, &message);
+            setModifiers(0);
+            trace.line("taken %d, focus %d, default %d, radios %u%u%u", taken != 0, idOf(GetFocus()),
+                       LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IsDlgButtonChecked(dialog, 111),
+                       IsDlgButtonChecked(dialog, 112), IsDlgButtonChecked(dialog, 113));
+        }
+        DestroyWindow(dialog);
+        DestroyWindow(owner);
+        drainQueue();
+    }
+}
+
+void onInnerCommand(HWND dialog, int id, DialogScript& script) {
+    script.spy->line("enabled: parent " + std::to_string(IsWindowEnabled(GetParent(dialog))));
+    if (id == IDOK || id == IDCANCEL) {
+        EndDialog(dialog, 100 + id);
+        script.spy->line("ended, enabled: parent " + std::to_string(IsWindowEnabled(GetParent(dialog))));
+    }
+}
+
+void onOuterCommand(HWND dialog, int id, DialogScript& script) {
+    if (id == 150) {
+        DialogScript inner;
+        inner.spy = script.spy;
+        inner.name = "inner";
+        inner.onCommand = onInnerCommand;
+        inner.keyOnInit = VK_ESCAPE;
+        TemplateBuilder builder(TemplateBuilder::Form::Extended, kDialogStyle | DS_CENTER, 100, 60, "Inre");
+        builder.add(kButton, IDOK, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP);
+        const INT_PTR result =
+            DialogBoxIndirectParamA(instance(), builder.get(), dialog, scriptedProc, reinterpret_cast<LPARAM>(&inner));
+        script.spy->line("inner gave " + std::to_string(result) + ", focus " + script.spy->nameOf(GetFocus()));
+        PostMessageA(dialog, WM_CLOSE, 0, 0);
+        return;
+    }
+    if (id == IDOK || id == IDCANCEL) {
+        EndDialog(dialog, id);
+    }
+}
+
+void traceModal(Trace& trace) {
+    trace.section("modal");
+    HWND owner = createOwner();
+    HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
+                                instance(), nullptr);
+    SetFocus(edit);
+    WindowSpy spy(trace);
+    spy.name(owner, "owner");
+    spy.watch(owner);
+    spy.watch(edit);
+    DialogScript outer;
+    outer.spy = &spy;
+    outer.name = "outer";
+    outer.onCommand = onOuterCommand;
+    outer.focusOnInit = 150;
+    outer.initResult = FALSE;
+    outer.commandOnInit = 150;
+    const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Classic);
+    const INT_PTR result =
+        DialogBoxIndirectParamA(instance(), builder.get(), edit, scriptedProc, reinterpret_cast<LPARAM>(&outer));
+    trace.line("outer gave %d, owner enabled %d, focus %s", static_cast<int>(result), IsWindowEnabled(owner) != 0,
+               spy.nameOf(GetFocus()).c_str());
+    const INT_PTR none = DialogBoxParamA(instance(), MAKEINTRESOURCEA(31999), owner, scriptedProc, 0);
+    trace.line("missing template gives %d, owner enabled %d", static_cast<int>(none), IsWindowEnabled(owner) != 0);
+}
+
+struct BoxCase {
+    const char* what;
+    UINT type;
+    UINT key;
+};
+
+// Escape is pressed only where a Cancel button answers it alike on all systems.
+constexpr BoxCase kBoxCases[] = {
+    {"exclamation, ok", MB_OK | MB_ICONEXCLAMATION, VK_RETURN},
+    {"ok, cancel", MB_OKCANCEL | MB_ICONQUESTION, VK_ESCAPE},
+    {"yes, no", MB_YESNO | MB_ICONINFORMATION, VK_RETURN},
+    {"yes, no, cancel, second default", MB_YESNOCANCEL | MB_DEFBUTTON2 | MB_ICONERROR, VK_RETURN},
+    {"yes, no, cancel", MB_YESNOCANCEL, VK_ESCAPE},
+};
+
+// The key for the box that is about to come up, and who writes the trace.
+UINT pendingKey = 0;
+WindowSpy* pendingSpy = nullptr;
+
+void CALLBACK pressPendingKey(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    HWND box = GetActiveWindow();
+    std::array<char, 80> text{};
+    GetWindowTextA(box, text.data(), static_cast<int>(text.size()));
+    pendingSpy->line(std::string("-- caption ") + text.data());
+    GetDlgItemTextA(box, 0xFFFF, text.data(), static_cast<int>(text.size()));
+    std::replace(text.begin(), text.end(), '\n', '|');
+    pendingSpy->line(std::string("-- text ") + text.data());
+    pendingSpy->line("-- focus " + std::to_string(idOf(GetFocus())));
+    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (IsWindowVisible(child) && idOf(child) < IDHELP) {
+            pendingSpy->line("-- has " + pendingSpy->nameOf(child));
+        }
+    }
+    postKey(GetFocus(), pendingKey);
+}
+
+void traceMessageBoxes(Trace& trace) {
+    HWND owner = createOwner();
+    HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
+                                instance(), nullptr);
+    for (const BoxCase& row : kBoxCases) {
+        trace.section("message box");
+        trace.line("%s, key %u", row.what, row.key);
+        SetFocus(edit);
+        WindowSpy spy(trace, {"#32770"});
+        spy.watch(owner);
+        spy.name(owner, "owner");
+        spy.watch(edit);
+        pendingKey = row.key;
+        pendingSpy = &spy;
+        SetTimer(nullptr, 0, 20, pressPendingKey);
+        const int result = MessageBoxA(owner, "Rad ett\nRad tv\xE5", "Rubrik", row.type);
+        trace.line("gave %d, owner enabled %d, focus %s", result, IsWindowEnabled(owner) != 0,
+                   spy.nameOf(GetFocus()).c_str());
+    }
+    DestroyWindow(owner);
+    drainQueue();
+}
+
+}  // namespace
+
+void traceDialogs(Trace& trace) {
+    traceCreation(trace);
+    traceWalks(trace);
+    traceGroups(trace);
+    traceKeys(trace);
+    traceModal(trace);
+    traceMessageBoxes(trace);
+}

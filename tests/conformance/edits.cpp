@@ -1,0 +1,315 @@
+// Single-line edits: what they tell their parent, and their text, selection and modification after each step.
+#include "trace.h"
+#include "typing.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr int kEditId = 10;
+
+class EditStage {
+public:
+    EditStage(Trace& trace, DWORD style, const char* text, int width = 200)
+        : trace_(trace), parent_(trace, LoggingParent::Kind::Window) {
+        parent_.setQuiet(true);
+        edit_ = parent_.add("Edit", text, style, kEditId, 10, 10, width, 20);
+        other_ = parent_.add("Edit", "", 0, kEditId + 1, 10, 40, 100, 20);
+        SetFocus(edit_);
+        parent_.setQuiet(false);
+    }
+
+    HWND edit() const { return edit_; }
+    HWND other() const { return other_; }
+    LoggingParent& parent() { return parent_; }
+
+    void type(const char* keys) {
+        typeKeys(edit_, keys);
+        state(keys);
+    }
+
+    LRESULT send(const char* what, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        const LRESULT result = SendMessageA(edit_, message, wParam, lParam);
+        trace_.line("%s = %d", what, static_cast<int>(result));
+        state("");
+        return result;
+    }
+
+    void state(const char* after) const {
+        char text[64];
+        DWORD start = 0;
+        DWORD end = 0;
+        GetWindowTextA(edit_, text, sizeof text);
+        SendMessageA(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        trace_.line("%s -> \"%s\" %u..%u%s%s", after, text, static_cast<unsigned>(start), static_cast<unsigned>(end),
+                    SendMessageA(edit_, EM_GETMODIFY, 0, 0) ? " modified" : "",
+                    SendMessageA(edit_, EM_CANUNDO, 0, 0) ? " undoable" : "");
+    }
+
+    // The point of a character's left edge, in the middle of the line.
+    LPARAM pointOf(int index) const {
+        const LRESULT at = SendMessageA(edit_, EM_POSFROMCHAR, static_cast<WPARAM>(index), 0);
+        return MAKELPARAM(LOWORD(at) + 1, 8);
+    }
+
+private:
+    Trace& trace_;
+    LoggingParent parent_;
+    HWND edit_ = nullptr;
+    HWND other_ = nullptr;
+};
+
+LPARAM textParam(const char* text) {
+    return reinterpret_cast<LPARAM>(text);
+}
+
+void setClipboard(HWND owner, const char* text) {
+    const std::size_t size = std::strlen(text) + 1;
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text, size);
+    GlobalUnlock(memory);
+    OpenClipboard(owner);
+    EmptyClipboard();
+    SetClipboardData(CF_TEXT, memory);
+    CloseClipboard();
+}
+
+struct TypingCase {
+    const char* name;
+    DWORD style;
+    const char* text;
+    const char* keys[14];
+};
+
+constexpr TypingCase kTyping[] = {
+    {"typing", ES_AUTOHSCROLL, "", {"a", "bc", "{bs}", "{left}{del}", "{enter}", "{esc}", "{tab}", "\xE5", "{del}"}},
+    {"moving",
+     ES_AUTOHSCROLL,
+     "one two,  three",
+     {"{end}", "{left}", "{home}", "{right}", "{down}", "{up}", "{C-right}", "{C-right}", "{C-right}", "{C-left}",
+      "{C-end}", "{C-left}", "{C-home}"}},
+    {"selecting",
+     ES_AUTOHSCROLL,
+     "one two,  three",
+     {"{S-right}", "{S-right}", "{S-end}", "{left}", "{end}{S-left}{S-left}", "{right}", "{S-home}", "{left}",
+      "{C-S-right}", "{C-S-right}", "{C-S-left}", "{C-a}", "x"}},
+    {"deleting",
+     ES_AUTOHSCROLL,
+     "one two three",
+     {"{S-right}{S-right}{del}", "{end}{C-bs}", "{C-S-left}{bs}", "{home}{C-del}", "{end}{S-del}", "{home}{bs}",
+      "{end}{del}"}},
+    {"undo",
+     ES_AUTOHSCROLL,
+     "start",
+     {"{end}ab", "{C-z}", "{C-z}", "{bs}{bs}", "{C-z}", "{home}{S-right}x", "{C-z}", "yz{right}q", "{C-z}"}},
+    {"clipboard keys",
+     ES_AUTOHSCROLL,
+     "copy cut",
+     {"{C-S-right}{C-c}", "{end}{C-v}", "{C-S-left}{C-x}", "{S-ins}", "{home}{C-S-right}{C-ins}", "{S-del}",
+      "{S-ins}{S-ins}"}},
+    {"digits only", ES_AUTOHSCROLL | ES_NUMBER, "a1", {"{end}2", "x", ".", "-", "{bs}", "3"}},
+    {"upper case", ES_AUTOHSCROLL | ES_UPPERCASE, "start", {"{end}ab", "\xE5\xE4\xF6", "\xDF"}},
+    {"lower case", ES_AUTOHSCROLL | ES_LOWERCASE, "START", {"{end}AB", "\xC5\xC4\xD6"}},
+    {"password", ES_AUTOHSCROLL | ES_PASSWORD, "secret", {"{C-right}", "{home}{S-right}{C-c}", "{end}{C-v}", "{C-x}"}},
+    {"read only",
+     ES_AUTOHSCROLL | ES_READONLY,
+     "fixed",
+     {"x", "{del}", "{bs}", "{S-right}{C-x}", "{C-v}", "{S-ins}", "{S-del}", "{C-z}"}},
+    {"centred", ES_AUTOHSCROLL | ES_CENTER, "mid", {"{end}x", "{home}y"}},
+};
+
+void traceTyping(Trace& trace) {
+    for (const TypingCase& row : kTyping) {
+        trace.section(row.name);
+        EditStage stage(trace, row.style, row.text);
+        stage.state("");
+        for (const char* const* keys = row.keys; *keys; ++keys) {
+            stage.type(*keys);
+        }
+    }
+}
+
+struct MessageStep {
+    const char* what;
+    UINT message;
+    WPARAM wParam;
+    std::intptr_t lParam;
+    const char* text;  // Instead of lParam when not null.
+};
+
+constexpr MessageStep kMessageSteps[] = {
+    {"WM_SETTEXT again", WM_SETTEXT, 0, 0, "start"},
+    {"WM_SETTEXT", WM_SETTEXT, 0, 0, "other text"},
+    {"WM_SETTEXT null", WM_SETTEXT, 0, 0, nullptr},
+    {"WM_SETTEXT", WM_SETTEXT, 0, 0, "abcdef"},
+    {"EM_SETSEL 1 3", EM_SETSEL, 1, 3, nullptr},
+    {"EM_SETSEL 3 1", EM_SETSEL, 3, 1, nullptr},
+    {"EM_SETSEL 0 -1", EM_SETSEL, 0, -1, nullptr},
+    {"EM_SETSEL -1 0", EM_SETSEL, static_cast<WPARAM>(-1), 0, nullptr},
+    {"EM_REPLACESEL", EM_REPLACESEL, FALSE, 0, "XY"},
+    {"EM_REPLACESEL undoable", EM_REPLACESEL, TRUE, 0, "Z"},
+    {"EM_UNDO", EM_UNDO, 0, 0, nullptr},
+    {"EM_EMPTYUNDOBUFFER", EM_EMPTYUNDOBUFFER, 0, 0, nullptr},
+    {"EM_UNDO", EM_UNDO, 0, 0, nullptr},
+    {"EM_SETMODIFY 0", EM_SETMODIFY, FALSE, 0, nullptr},
+    {"EM_REPLACESEL empty", EM_REPLACESEL, FALSE, 0, ""},
+    {"WM_CLEAR nothing", WM_CLEAR, 0, 0, nullptr},
+    {"EM_SETSEL 0 2", EM_SETSEL, 0, 2, nullptr},
+    {"WM_CLEAR", WM_CLEAR, 0, 0, nullptr},
+    {"WM_PASTE", WM_PASTE, 0, 0, nullptr},
+    {"EM_SETSEL 0 2", EM_SETSEL, 0, 2, nullptr},
+    {"WM_CUT", WM_CUT, 0, 0, nullptr},
+    {"EM_LINELENGTH 0", EM_LINELENGTH, 0, 0, nullptr},
+    {"EM_GETLIMITTEXT", EM_GETLIMITTEXT, 0, 0, nullptr},
+    {"EM_SETLIMITTEXT 3", EM_SETLIMITTEXT, 3, 0, nullptr},
+    {"EM_GETLIMITTEXT", EM_GETLIMITTEXT, 0, 0, nullptr},
+    {"WM_CHAR over the limit", WM_CHAR, 'x', 1, nullptr},
+    {"WM_SETTEXT over the limit", WM_SETTEXT, 0, 0, "longer"},
+    {"WM_PASTE over the limit", WM_PASTE, 0, 0, nullptr},
+    {"EM_SETSEL 0 5", EM_SETSEL, 0, 5, nullptr},
+    {"EM_REPLACESEL over the limit", EM_REPLACESEL, FALSE, 0, "uvwxyz"},
+    {"EM_SETLIMITTEXT 0", EM_SETLIMITTEXT, 0, 0, nullptr},
+    {"EM_GETLIMITTEXT", EM_GETLIMITTEXT, 0, 0, nullptr},
+    {"EM_SETREADONLY 1", EM_SETREADONLY, TRUE, 0, nullptr},
+    {"EM_REPLACESEL read only", EM_REPLACESEL, FALSE, 0, "r"},
+    {"EM_SETREADONLY 0", EM_SETREADONLY, FALSE, 0, nullptr},
+    {"WM_KILLFOCUS direct", WM_KILLFOCUS, 0, 0, nullptr},
+    {"WM_KILLFOCUS direct", WM_KILLFOCUS, 0, 0, nullptr},
+    {"WM_SETFOCUS direct", WM_SETFOCUS, 0, 0, nullptr},
+    {"WM_UNDO", WM_UNDO, 0, 0, nullptr},
+};
+
+void traceMessages(Trace& trace) {
+    trace.section("edit messages");
+    EditStage stage(trace, ES_AUTOHSCROLL, "start");
+    for (const MessageStep& step : kMessageSteps) {
+        stage.send(step.what, step.message, step.wParam, step.text ? textParam(step.text) : step.lParam);
+    }
+    char line[8] = {7, 0};
+    const LRESULT copied = SendMessageA(stage.edit(), EM_GETLINE, 0, textParam(line));
+    trace.line("EM_GETLINE %d \"%.7s\"", static_cast<int>(copied), line);
+    char shortBuffer[4];
+    trace.line("GetWindowText %d \"%s\"", GetWindowTextA(stage.edit(), shortBuffer, sizeof shortBuffer), shortBuffer);
+}
+
+void tracePaste(Trace& trace) {
+    struct PasteCase {
+        const char* name;
+        DWORD style;
+        const char* clipboard;
+    };
+    constexpr PasteCase kCases[] = {
+        {"paste text", ES_AUTOHSCROLL, "pasted"},
+        {"paste into digits only", ES_AUTOHSCROLL | ES_NUMBER, "1a2"},
+        {"paste lines", ES_AUTOHSCROLL, "first\r\nsecond"},
+        {"paste upper case", ES_AUTOHSCROLL | ES_UPPERCASE, "ab\xE5"},
+        {"paste nothing", ES_AUTOHSCROLL, ""},
+    };
+    for (const PasteCase& row : kCases) {
+        trace.section(row.name);
+        EditStage stage(trace, row.style, "0");
+        setClipboard(stage.parent().handle(), row.clipboard);
+        stage.send("WM_PASTE", WM_PASTE);
+        stage.send("EM_SETLIMITTEXT", EM_SETLIMITTEXT, 9);
+        stage.send("WM_PASTE at the limit", WM_PASTE);
+        stage.send("EM_UNDO", EM_UNDO);
+    }
+}
+
+void traceFocus(Trace& trace) {
+    trace.section("edit focus");
+    EditStage stage(trace, ES_AUTOHSCROLL, "text");
+    SetFocus(stage.other());
+    SetFocus(stage.edit());
+    stage.state("SetFocus");
+    EnableWindow(stage.edit(), FALSE);
+    trace.line("disabled, focus %s", GetFocus() == stage.edit() ? "stays" : "gone");
+    stage.type("x");
+    stage.send("WM_SETTEXT disabled", WM_SETTEXT, 0, textParam("set"));
+    EnableWindow(stage.edit(), TRUE);
+    SetWindowLongA(stage.edit(), GWL_STYLE, GetWindowLongA(stage.edit(), GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
+    stage.type("y");
+    SetFocus(stage.other());
+    SetFocus(stage.edit());
+    stage.state("SetFocus on disabled style");
+}
+
+void traceMouse(Trace& trace) {
+    trace.section("edit mouse");
+    EditStage stage(trace, ES_AUTOHSCROLL, "one two three");
+    const auto mouse = [&](const char* what, UINT message, WPARAM keys, int index) {
+        SendMessageA(stage.edit(), message, keys, stage.pointOf(index));
+        stage.state(what);
+    };
+    SetFocus(stage.other());
+    mouse("down at 2", WM_LBUTTONDOWN, MK_LBUTTON, 2);
+    trace.line("focus %d, capture %d", GetFocus() == stage.edit(), GetCapture() == stage.edit());
+    mouse("drag to 6", WM_MOUSEMOVE, MK_LBUTTON, 6);
+    mouse("drag to 1", WM_MOUSEMOVE, MK_LBUTTON, 1);
+    mouse("up", WM_LBUTTONUP, 0, 1);
+    trace.line("capture %d", GetCapture() == stage.edit());
+    mouse("move", WM_MOUSEMOVE, 0, 6);
+    mouse("shift-click at 4", WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, 4);
+    mouse("up", WM_LBUTTONUP, 0, 4);
+    for (const int index : {5, 3, 12, 0}) {
+        trace.line("double click at %d", index);
+        mouse("down", WM_LBUTTONDOWN, MK_LBUTTON, index);
+        mouse("up", WM_LBUTTONUP, 0, index);
+        mouse("second down", WM_LBUTTONDBLCLK, MK_LBUTTON, index);
+        mouse("second up", WM_LBUTTONUP, 0, index);
+    }
+    SendMessageA(stage.edit(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 8));
+    SendMessageA(stage.edit(), WM_LBUTTONUP, 0, MAKELPARAM(190, 8));
+    stage.state("click right of the text");
+    for (const int index : {0, 4, 12}) {
+        const LRESULT at = SendMessageA(stage.edit(), EM_CHARFROMPOS, 0, stage.pointOf(index));
+        trace.line("EM_CHARFROMPOS %d = %d", index, static_cast<int>(at));
+    }
+    trace.line("EM_POSFROMCHAR 13 = %d, 14 = %d", SendMessageA(stage.edit(), EM_POSFROMCHAR, 13, 0) == -1,
+               SendMessageA(stage.edit(), EM_POSFROMCHAR, 14, 0) == -1);
+}
+
+void traceWidth(Trace& trace) {
+    trace.section("edit without scrolling");
+    EditStage stage(trace, 0, "", 60);
+    stage.parent().setQuiet(true);
+    int typed = 0;
+    int length = 0;
+    do {
+        SendMessageA(stage.edit(), WM_CHAR, 'W', 1);
+        length = GetWindowTextLengthA(stage.edit());
+        ++typed;
+    } while (length == typed && typed < 100);
+    trace.line("stopped %d", length < 20);
+    stage.parent().setQuiet(false);
+    SendMessageA(stage.edit(), WM_CHAR, 'W', 1);
+    trace.line("still %d", GetWindowTextLengthA(stage.edit()) == length);
+    SendMessageA(stage.edit(), WM_SETTEXT, 0, textParam("WWWWWWWWWWWWWWWWWWWWWWWW"));
+    trace.line("set text %d", GetWindowTextLengthA(stage.edit()));
+}
+
+void traceStyles(Trace& trace) {
+    trace.section("edit styles and codes");
+    constexpr DWORD kStyles[] = {ES_AUTOHSCROLL,           WS_BORDER,   ES_READONLY,
+                                 ES_NUMBER | ES_UPPERCASE, ES_PASSWORD, WS_DISABLED};
+    for (const DWORD style : kStyles) {
+        EditStage stage(trace, style, "x");
+        trace.line("style %08x: %08x, code %x", static_cast<unsigned>(style),
+                   static_cast<unsigned>(GetWindowLongA(stage.edit(), GWL_STYLE)),
+                   static_cast<unsigned>(SendMessageA(stage.edit(), WM_GETDLGCODE, 0, 0)));
+    }
+}
+
+}  // namespace
+
+void traceEdits(Trace& trace) {
+    trace.section("edits");
+    traceTyping(trace);
+    traceMessages(trace);
+    tracePaste(trace);
+    traceFocus(trace);
+    traceMouse(trace);
+    traceWidth(trace);
+    traceStyles(trace);
+}

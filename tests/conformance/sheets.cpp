@@ -1,0 +1,448 @@
+// Property sheets: order of notifications while pages are shown, left, applied, reset, added and removed.
+#include "tests/conformance/template_builder.h"
+#include "tests/conformance/trace.h"
+#include "tests/conformance/window_spy.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <prsht.h>
+
+#include <array>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr WORD kButton = 0x80;
+constexpr WORD kEdit = 0x81;
+// The id of the Apply button; no header of the system names it.
+constexpr int kApplyId = 0x3021;
+constexpr DWORD kPageStyle = WS_CHILD | WS_CAPTION | WS_DISABLED;
+
+HINSTANCE instance() {
+    return GetModuleHandleA(nullptr);
+}
+
+// One page: what it answers, and how it is called in the trace.
+struct Page {
+    std::string name;
+    TemplateBuilder layout;
+    LRESULT onSetActive = 0;
+    LRESULT onKillActive = 0;
+    LRESULT onApply = PSNRET_NOERROR;
+    LRESULT onQueryCancel = 0;
+    HPROPSHEETPAGE handle = nullptr;
+    HWND window = nullptr;
+};
+
+// The sheet that a section plays with, and its pages; one at a time, because sheet callbacks carry no data of ours.
+struct Stage {
+    explicit Stage(Trace& writer) : trace(writer), spy(writer, {"#32770"}) {}
+
+    Trace& trace;
+    WindowSpy spy;
+    std::vector<std::unique_ptr<Page>> pages;
+    HWND owner = nullptr;
+    HWND sheet = nullptr;
+};
+Stage* stage = nullptr;
+
+TemplateBuilder pageLayout(const std::string& name, short width, short height) {
+    TemplateBuilder layout(TemplateBuilder::Form::Extended, kPageStyle, width, height, name);
+    layout.add(kEdit, 101, "text", WS_TABSTOP | WS_BORDER)
+        .add(kButton, 102, "&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX)
+        .add(kButton, 103, "&Knapp", WS_TABSTOP | BS_PUSHBUTTON);
+    return layout;
+}
+
+Page& addPage(const std::string& name, short width = 120, short height = 60) {
+    stage->pages.push_back(std::make_unique<Page>(Page{name, pageLayout(name, width, height)}));
+    return *stage->pages.back();
+}
+
+LRESULT answerTo(const Page& page, UINT code) {
+    switch (code) {
+        case PSN_SETACTIVE:
+            return page.onSetActive;
+        case PSN_KILLACTIVE:
+            return page.onKillActive;
+        case PSN_APPLY:
+            return page.onApply;
+        case PSN_QUERYCANCEL:
+            return page.onQueryCancel;
+        default:
+            return 0;
+    }
+}
+
+INT_PTR CALLBACK pageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        const auto* info = reinterpret_cast<const PROPSHEETPAGEA*>(lParam);
+        auto* page = reinterpret_cast<Page*>(info->lParam);
+        SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(page));
+        page->window = window;
+        stage->spy.name(window, "page " + page->name);
+        stage->spy.line("-- page " + page->name + " initialised, first tab stop " +
+                        std::to_string(GetDlgCtrlID(reinterpret_cast<HWND>(wParam))));
+        return TRUE;
+    }
+    const auto* page = reinterpret_cast<const Page*>(GetWindowLongPtrA(window, DWLP_USER));
+    if (message == WM_NOTIFY && page != nullptr) {
+        const auto* notify = reinterpret_cast<const PSHNOTIFY*>(lParam);
+        stage->spy.line(std::string("-- ") + notificationName(notify->hdr.code) + " id " +
+                        std::to_string(notify->hdr.idFrom) + " lParam " + std::to_string(notify->lParam));
+        SetWindowLongPtrA(window, DWLP_MSGRESULT, answerTo(*page, notify->hdr.code));
+        return TRUE;
+    }
+    return FALSE;
+}
+
+UINT CALLBACK pageCallback(HWND, UINT message, PROPSHEETPAGEA* info) {
+    stage->spy.line("-- callback of page " + reinterpret_cast<const Page*>(info->lParam)->name + ": " +
+                    std::to_string(message));
+    return 1;
+}
+
+HPROPSHEETPAGE makePage(Page& page, DWORD flags = 0) {
+    PROPSHEETPAGEA info{};
+    info.dwSize = sizeof info;
+    info.dwFlags = PSP_DLGINDIRECT | PSP_USECALLBACK | flags;
+    info.hInstance = instance();
+    info.pResource = page.layout.get();
+    info.pszTitle = "Titel";
+    info.pfnDlgProc = pageProc;
+    info.lParam = reinterpret_cast<LPARAM>(&page);
+    info.pfnCallback = pageCallback;
+    page.handle = CreatePropertySheetPageA(&info);
+    return page.handle;
+}
+
+int CALLBACK sheetCallback(HWND sheet, UINT message, LPARAM) {
+    stage->spy.line("-- callback of sheet: " + std::to_string(message));
+    if (message == PSCB_INITIALIZED) {
+        stage->spy.name(sheet, "sheet");
+        stage->sheet = sheet;
+    }
+    return 0;
+}
+
+std::string focusName() {
+    HWND focus = GetFocus();
+    if (focus == nullptr) {
+        return "none";
+    }
+    const int id = GetDlgCtrlID(focus);
+    return focus == stage->sheet ? "sheet" : focus == stage->owner ? "owner" : std::to_string(id);
+}
+
+void traceState() {
+    HWND tab = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0));
+    HWND current = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+    std::string tabs;
+    const int count = static_cast<int>(SendMessageA(tab, TCM_GETITEMCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) {
+        std::array<char, 40> text{};
+        TCITEMA item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(text.size());
+        SendMessageA(tab, TCM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+        tabs += std::string(" ") + text.data();
+    }
+    std::string buttons;
+    for (const int id : {IDOK, IDCANCEL, kApplyId, IDHELP}) {
+        HWND button = GetDlgItem(stage->sheet, id);
+        buttons += button == nullptr          ? " -"
+                   : !IsWindowVisible(button) ? " hidden"
+                   : !IsWindowEnabled(button) ? " disabled"
+                                              : " " + std::to_string(id);
+    }
+    stage->spy.line("== tabs" + tabs + ", current " + std::to_string(SendMessageA(tab, TCM_GETCURSEL, 0, 0)) + " (" +
+                    stage->spy.nameOf(current) + "), focus " + focusName() + ", buttons" + buttons + ", default " +
+                    std::to_string(LOWORD(SendMessageA(stage->sheet, DM_GETDEFID, 0, 0))));
+}
+
+INT_PTR openSheet(DWORD flags, UINT start = 0) {
+    std::vector<HPROPSHEETPAGE> handles;
+    for (const auto& page : stage->pages) {
+        handles.push_back(makePage(*page));
+    }
+    PROPSHEETHEADERA header{};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_USECALLBACK | flags;
+    header.hwndParent = stage->owner;
+    header.hInstance = instance();
+    header.pszCaption = "Blad";
+    header.nPages = static_cast<UINT>(handles.size());
+    header.nStartPage = start;
+    header.phpage = handles.data();
+    header.pfnCallback = sheetCallback;
+    return PropertySheetA(&header);
+}
+
+void drain() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (!IsWindow(stage->sheet) ||
+            SendMessageA(stage->sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message)) == 0) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+    }
+}
+
+void press(UINT key, bool control, bool shift) {
+    std::array<BYTE, 256> state{};
+    state[VK_CONTROL] = static_cast<BYTE>(control ? 0x80 : 0);
+    state[VK_SHIFT] = static_cast<BYTE>(shift ? 0x80 : 0);
+    SetKeyboardState(state.data());
+    MSG message{};
+    message.hwnd = GetFocus();
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    message.lParam = 1;
+    SendMessageA(stage->sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
+    SetKeyboardState(std::array<BYTE, 256>{}.data());
+}
+
+void clickTab(int index) {
+    HWND tab = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0));
+    RECT rect{};
+    SendMessageA(tab, TCM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
+    postClick(tab, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    drain();
+}
+
+void pressButton(int button) {
+    SendMessageA(stage->sheet, PSM_PRESSBUTTON, static_cast<WPARAM>(button), 0);
+    drain();
+}
+
+// A step of a modeless sheet's life, and what it is called in the trace.
+struct Step {
+    const char* what;
+    void (*run)();
+};
+
+// Opens the modeless sheet with the pages, takes the steps, and destroys it.
+void playModeless(DWORD flags, std::span<const Step> steps, UINT start = 0) {
+    stage->sheet = reinterpret_cast<HWND>(openSheet(PSH_MODELESS | flags, start));
+    stage->spy.line("opened");
+    drain();
+    traceState();
+    for (const Step& step : steps) {
+        stage->spy.line(step.what);
+        step.run();
+        drain();
+        traceState();
+    }
+    stage->spy.line("destroy");
+    DestroyWindow(stage->sheet);
+    drain();
+}
+
+class Scene {
+public:
+    Scene(Trace& trace, const char* name) {
+        trace.section(name);
+        owner_ = CreateWindowExA(0, "Static", "", WS_POPUP | WS_CAPTION | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr,
+                                 instance(), nullptr);
+        SetActiveWindow(owner_);
+        drainQueue();
+        stage_ = std::make_unique<Stage>(trace);
+        stage = stage_.get();
+        stage->owner = owner_;
+        stage->spy.watch(owner_);
+        stage->spy.name(owner_, "owner");
+    }
+    ~Scene() {
+        stage_.reset();
+        DestroyWindow(owner_);
+        drainQueue();
+    }
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+
+private:
+    HWND owner_ = nullptr;
+    std::unique_ptr<Stage> stage_;
+};
+
+void traceSwitching(Trace& trace) {
+    const Scene scene(trace, "sheet: switching pages");
+    addPage("ett");
+    addPage("tv\xE5", 140, 80);
+    addPage("tre");
+    constexpr Step kSteps[] = {
+        {"set current 1", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
+        {"set current 1 again", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
+        {"set current 7", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 7, 0); }},
+        {"click tab 0", [] { clickTab(0); }},
+        {"click tab 2", [] { clickTab(2); }},
+        {"Ctrl+Tab", [] { press(VK_TAB, true, false); }},
+        {"Ctrl+Shift+Tab", [] { press(VK_TAB, true, true); }},
+        {"Ctrl+PageUp", [] { press(VK_PRIOR, true, false); }},
+        {"Ctrl+PageDown", [] { press(VK_NEXT, true, false); }},
+        {"Tab", [] { press(VK_TAB, false, false); }},
+        {"Tab to the end",
+         [] {
+             for (int i = 0; i < 6; ++i) {
+                 press(VK_TAB, false, false);
+                 stage->spy.line("-- focus " + focusName());
+             }
+         }},
+        {"Right on the tabs",
+         [] {
+             SetFocus(reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0)));
+             press(VK_RIGHT, false, false);
+         }},
+    };
+    playModeless(PSH_NOAPPLYNOW, kSteps);
+}
+
+void traceRefusals(Trace& trace) {
+    const Scene scene(trace, "sheet: refusals");
+    addPage("ett").onKillActive = TRUE;
+    addPage("tv\xE5");
+    addPage("tre");
+    constexpr Step kSteps[] = {
+        {"set current 1, page 0 refuses", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
+        {"click tab 1, page 0 refuses", [] { clickTab(1); }},
+        {"Ctrl+Tab, page 0 refuses", [] { press(VK_TAB, true, false); }},
+        {"OK, page 0 refuses to be left", [] { pressButton(PSBTN_OK); }},
+        {"page 1 refuses to be shown",
+         [] {
+             stage->pages[0]->onKillActive = FALSE;
+             stage->pages[1]->onSetActive = -1;
+             clickTab(1);
+         }},
+        {"back to page 0",
+         [] {
+             stage->pages[1]->onSetActive = 0;
+             clickTab(0);
+         }},
+        {"apply refused, invalid",
+         [] {
+             clickTab(0);
+             stage->pages[1]->onApply = PSNRET_INVALID;
+             pressButton(PSBTN_OK);
+         }},
+        {"apply refused, stay",
+         [] {
+             clickTab(0);
+             stage->pages[1]->onApply = PSNRET_INVALID_NOCHANGEPAGE;
+             pressButton(PSBTN_OK);
+         }},
+        {"cancel refused",
+         [] {
+             stage->pages[1]->onApply = PSNRET_NOERROR;
+             stage->pages[0]->onQueryCancel = TRUE;
+             pressButton(PSBTN_CANCEL);
+         }},
+        {"close box refused", [] { SendMessageA(stage->sheet, WM_SYSCOMMAND, SC_CLOSE, 0); }},
+        {"cancel",
+         [] {
+             stage->pages[0]->onQueryCancel = FALSE;
+             pressButton(PSBTN_CANCEL);
+         }},
+    };
+    playModeless(0, kSteps);
+}
+
+void traceApply(Trace& trace) {
+    const Scene scene(trace, "sheet: apply button");
+    addPage("ett");
+    addPage("tv\xE5");
+    addPage("tre");
+    constexpr Step kSteps[] = {
+        {"changed",
+         [] { SendMessageA(stage->sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0); }},
+        {"unchanged",
+         [] { SendMessageA(stage->sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0); }},
+        {"changed, apply",
+         [] {
+             SendMessageA(stage->sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0);
+             pressButton(PSBTN_APPLYNOW);
+         }},
+        {"apply by message",
+         [] { stage->spy.line("-- gave " + std::to_string(SendMessageA(stage->sheet, PSM_APPLY, 0, 0))); }},
+        {"cancel to close", [] { SendMessageA(stage->sheet, PSM_CANCELTOCLOSE, 0, 0); }},
+        {"OK", [] { pressButton(PSBTN_OK); }},
+    };
+    playModeless(0, kSteps, 1);
+}
+
+void tracePages(Trace& trace) {
+    const Scene scene(trace, "sheet: pages come and go");
+    addPage("ett");
+    addPage("tv\xE5");
+    addPage("tre");
+    constexpr Step kSteps[] = {
+        {"page 1 shown", [] { clickTab(1); }},
+        {"add a page",
+         [] {
+             Page& page = addPage("fyra");
+             stage->spy.line("-- gave " + std::to_string(SendMessageA(stage->sheet, PSM_ADDPAGE, 0,
+                                                                      reinterpret_cast<LPARAM>(makePage(page)))));
+         }},
+        {"remove page 2, never shown", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 2, 0); }},
+        {"remove the current page", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 1, 0); }},
+        {"remove by handle",
+         [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 0, reinterpret_cast<LPARAM>(stage->pages[0]->handle)); }},
+        {"indexes",
+         [] {
+             stage->spy.line(
+                 "-- " + stage->spy.nameOf(reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_INDEXTOHWND, 0, 0))) +
+                 " " +
+                 std::to_string(SendMessageA(stage->sheet, PSM_HWNDTOINDEX,
+                                             reinterpret_cast<WPARAM>(stage->pages[3]->window), 0)) +
+                 " " +
+                 std::to_string(
+                     SendMessageA(stage->sheet, PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(stage->sheet), 0)));
+         }},
+        {"remove the last page", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 0, 0); }},
+    };
+    playModeless(PSH_NOAPPLYNOW, kSteps);
+}
+
+// What the timer of a modal sheet does next.
+UINT modalCommand = 0;
+
+void CALLBACK pressModal(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    traceState();
+    if (modalCommand == WM_CLOSE) {
+        PostMessageA(stage->sheet, WM_SYSCOMMAND, SC_CLOSE, 0);
+    } else if (modalCommand == VK_ESCAPE) {
+        postKey(GetFocus(), VK_ESCAPE);
+    } else {
+        PostMessageA(stage->sheet, PSM_PRESSBUTTON, modalCommand, 0);
+    }
+}
+
+void traceModal(Trace& trace) {
+    for (const UINT command : {static_cast<UINT>(PSBTN_OK), static_cast<UINT>(PSBTN_CANCEL),
+                               static_cast<UINT>(VK_ESCAPE), static_cast<UINT>(WM_CLOSE)}) {
+        const Scene scene(trace, "sheet: modal");
+        addPage("ett");
+        addPage("tv\xE5");
+        modalCommand = command;
+        SetTimer(nullptr, 0, 30, pressModal);
+        const INT_PTR result = openSheet(PSH_NOAPPLYNOW, 1);
+        trace.line("gave %d, owner enabled %d, focus %s", static_cast<int>(result), IsWindowEnabled(stage->owner) != 0,
+                   focusName().c_str());
+    }
+}
+
+}  // namespace
+
+void traceSheets(Trace& trace) {
+    traceSwitching(trace);
+    traceRefusals(trace);
+    traceApply(trace);
+    tracePages(trace);
+    traceModal(trace);
+}

@@ -1,0 +1,140 @@
+// The trace and the tools that its sections share.
+#include "trace.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+void Trace::section(const char* name) {
+    std::printf("[%s]\n", name);
+}
+
+void Trace::line(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    std::fputs("  ", stdout);
+    std::vprintf(format, arguments);
+    std::putchar('\n');
+    va_end(arguments);
+}
+
+LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kind) {
+    if (kind == Kind::Window) {
+        static const char* const kClassName = "TavrikTraceParent";
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = windowProc;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+        windowClass.lpszClassName = kClassName;
+        RegisterClassA(&windowClass);  // Refused from the second parent on, which then uses the first one's class.
+        window_ = CreateWindowExA(0, kClassName, "", WS_POPUP | WS_CAPTION, 100, 100, 400, 300, nullptr, nullptr,
+                                  windowClass.hInstance, this);
+    } else {
+        struct {
+            DLGTEMPLATE head;
+            WORD menuClassCaption[3];
+        } empty{};
+        empty.head.style = WS_POPUP | WS_CAPTION;
+        CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &empty.head, nullptr, dialogProc,
+                                   reinterpret_cast<LPARAM>(this));
+        SetWindowPos(window_, nullptr, 100, 100, 400, 300, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    ShowWindow(window_, SW_SHOW);
+    SetActiveWindow(window_);
+    SetFocus(window_);
+    drainQueue();
+}
+
+LoggingParent::~LoggingParent() {
+    quiet_ = true;
+    DestroyWindow(window_);
+    drainQueue();
+}
+
+HWND LoggingParent::add(const char* className, const char* text, DWORD style, int id, int x, int y, int width,
+                        int height) {
+    HWND control =
+        CreateWindowExA(0, className, text, style | WS_CHILD | WS_VISIBLE, x, y, width, height, window_,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+    SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
+    return control;
+}
+
+void LoggingParent::drain() {
+    drainQueue(kind_ == Kind::Dialog ? window_ : nullptr);
+}
+
+LRESULT CALLBACK LoggingParent::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
+    }
+    auto* self = reinterpret_cast<LoggingParent*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    LRESULT result = 0;
+    if (self && self->handle(message, wParam, lParam, result)) {
+        return result;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+INT_PTR CALLBACK LoggingParent::dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, GWLP_USERDATA, lParam);
+        reinterpret_cast<LoggingParent*>(lParam)->window_ = window;
+        return FALSE;
+    }
+    auto* self = reinterpret_cast<LoggingParent*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    LRESULT result = 0;
+    if (!self || !self->handle(message, wParam, lParam, result)) {
+        return FALSE;
+    }
+    SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
+    return TRUE;
+}
+
+bool LoggingParent::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (hook_ && hook_(message, wParam, lParam, result)) {
+        return true;
+    }
+    if (quiet_) {
+        return false;
+    }
+    if (message == WM_COMMAND) {
+        trace_.line("WM_COMMAND id %d %s", LOWORD(wParam), commandName(reinterpret_cast<HWND>(lParam), HIWORD(wParam)));
+    } else if (message == WM_NOTIFY) {
+        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+        trace_.line("WM_NOTIFY id %d %s", static_cast<int>(header->idFrom), notificationName(header->code));
+    }
+    return false;
+}
+
+void drainQueue(HWND dialog) {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (!dialog || !IsDialogMessageA(dialog, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+    }
+}
+
+void postKey(HWND window, UINT virtualKey) {
+    PostMessageA(window, WM_KEYDOWN, virtualKey, 1);
+    PostMessageA(window, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001));
+}
+
+void postText(HWND window, const char* text) {
+    for (; *text; ++text) {
+        PostMessageA(window, WM_CHAR, static_cast<BYTE>(*text), 1);
+    }
+}
+
+void postClick(HWND window, int x, int y) {
+    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+}
+
+void postClick(HWND window) {
+    RECT client;
+    GetClientRect(window, &client);
+    postClick(window, client.right / 2, client.bottom / 2);
+}

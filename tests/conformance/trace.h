@@ -1,0 +1,79 @@
+// What the conformance sections share: the trace, names of messages and notifications, a parent that writes down
+// what its controls tell it, and a user's keys and clicks. Uses the window API alone, so that the same program runs
+// natively and on Windows and both traces can be compared line by line.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <prsht.h>
+
+#include <functional>
+#include <utility>
+
+// Writes lines to standard output; all but section headings are indented by two blanks.
+class Trace {
+public:
+    void section(const char* name);
+    [[gnu::format(printf, 2, 3)]] void line(const char* format, ...);
+};
+
+// "WM_SETFOCUS" and the like, or the number in hexadecimal. The text is valid until the next call of the same function.
+const char* messageName(UINT message);
+// Name of a WM_COMMAND code, read by the class of the control ("BN_CLICKED", "EN_CHANGE" ...).
+const char* commandName(HWND control, UINT code);
+// Name of a WM_NOTIFY code ("TCN_SELCHANGE", "PSN_APPLY" ...).
+const char* notificationName(UINT code);
+
+// A visible top-level window of 400 by 300 pixels, or an empty dialog of that size, which writes a line for every
+// WM_COMMAND and WM_NOTIFY that it gets. The window is destroyed with the object.
+class LoggingParent {
+public:
+    enum class Kind { Window, Dialog };
+    // Sees every message before it is logged; returns true when it has answered it with `result`.
+    using Hook = std::function<bool(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)>;
+
+    LoggingParent(Trace& trace, Kind kind);
+    ~LoggingParent();
+    LoggingParent(const LoggingParent&) = delete;
+    LoggingParent& operator=(const LoggingParent&) = delete;
+
+    HWND handle() const { return window_; }
+    // A visible child control in the dialog font.
+    HWND add(const char* className, const char* text, DWORD style, int id, int x, int y, int width, int height);
+    void setHook(Hook hook) { hook_ = std::move(hook); }
+    // Nothing is logged while quiet, for preparations that belong to no trace.
+    void setQuiet(bool quiet) { quiet_ = quiet; }
+    // Dispatches what is queued; in a dialog through IsDialogMessage.
+    void drain();
+
+private:
+    static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    bool handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+
+    Trace& trace_;
+    Kind kind_;
+    HWND window_ = nullptr;
+    Hook hook_;
+    bool quiet_ = false;
+};
+
+// Dispatches everything that is queued for this thread; with a dialog, through IsDialogMessage first.
+void drainQueue(HWND dialog = nullptr);
+// Posts a key press and its release, as an unmodified key would arrive; the character follows from translation.
+void postKey(HWND window, UINT virtualKey);
+// Posts the characters of a text (code page 1252).
+void postText(HWND window, const char* text);
+// Posts press and release of the left button at a client point.
+void postClick(HWND window, int x, int y);
+// The same in the middle of the window.
+void postClick(HWND window);
+
+// The sections.
+void traceButtons(Trace& trace);
+void traceTabs(Trace& trace);
+void traceEdits(Trace& trace);
+void traceCombos(Trace& trace);
+void traceDialogs(Trace& trace);
+void traceSheets(Trace& trace);

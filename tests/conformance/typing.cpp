@@ -1,0 +1,95 @@
+// Plays typed keys into a window.
+#include "typing.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+struct NamedKey {
+    const char* name;
+    UINT virtualKey;
+    char character;  // What the key types without modifiers; 0 for none.
+};
+
+constexpr NamedKey kKeys[] = {
+    {"left", VK_LEFT, 0},   {"right", VK_RIGHT, 0}, {"up", VK_UP, 0},      {"down", VK_DOWN, 0},
+    {"home", VK_HOME, 0},   {"end", VK_END, 0},     {"pgup", VK_PRIOR, 0}, {"pgdn", VK_NEXT, 0},
+    {"ins", VK_INSERT, 0},  {"del", VK_DELETE, 0},  {"bs", VK_BACK, '\b'}, {"enter", VK_RETURN, '\r'},
+    {"esc", VK_ESCAPE, 27}, {"f4", VK_F4, 0},       {"tab", VK_TAB, '\t'},
+};
+
+struct KeyPress {
+    UINT virtualKey = 0;
+    char character = 0;
+    bool shift = false;
+    bool control = false;
+    bool alt = false;
+};
+
+// Reads "S-home" and the like.
+KeyPress parseKey(const char* name, std::size_t length) {
+    KeyPress press;
+    while (length > 2 && name[1] == '-') {
+        press.shift |= *name == 'S';
+        press.control |= *name == 'C';
+        press.alt |= *name == 'A';
+        name += 2;
+        length -= 2;
+    }
+    for (const NamedKey& key : kKeys) {
+        if (std::strlen(key.name) == length && std::memcmp(key.name, name, length) == 0) {
+            press.virtualKey = key.virtualKey;
+            press.character = key.character;
+            return press;
+        }
+    }
+    if (length == 1 && *name >= 'a' && *name <= 'z') {
+        press.virtualKey = static_cast<UINT>(*name - 'a' + 'A');
+        press.character = press.control ? static_cast<char>(*name - 'a' + 1) : *name;
+        return press;
+    }
+    std::fprintf(stderr, "unknown key: %.*s\n", static_cast<int>(length), name);
+    std::abort();
+}
+
+void press(HWND window, const KeyPress& key) {
+    const HeldKeys held(key.shift, key.control);
+    const LPARAM context = key.alt ? 0x20000001 : 1;
+    SendMessageA(window, key.alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key.virtualKey, context);
+    if (key.character) {
+        SendMessageA(window, WM_CHAR, static_cast<BYTE>(key.character), context);
+    }
+    SendMessageA(window, key.alt ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, context | 0xC0000000);
+}
+
+void holdKeys(bool shift, bool control) {
+    BYTE state[256] = {};
+    state[VK_SHIFT] = state[VK_LSHIFT] = shift ? 0x80 : 0;
+    state[VK_CONTROL] = state[VK_LCONTROL] = control ? 0x80 : 0;
+    SetKeyboardState(state);
+}
+
+}  // namespace
+
+HeldKeys::HeldKeys(bool shift, bool control) {
+    holdKeys(shift, control);
+}
+
+HeldKeys::~HeldKeys() {
+    holdKeys(false, false);
+}
+
+void typeKeys(HWND window, const char* keys) {
+    while (*keys && IsWindow(window)) {
+        const char* const end = *keys == '{' ? std::strchr(keys, '}') : nullptr;
+        if (end) {
+            press(window, parseKey(keys + 1, static_cast<std::size_t>(end - keys - 1)));
+            keys = end + 1;
+        } else {
+            SendMessageA(window, WM_CHAR, static_cast<BYTE>(*keys), 1);
+            ++keys;
+        }
+    }
+}

@@ -1,0 +1,156 @@
+// Lists and combo boxes where the comparison of traces does not reach: the scroll bar, the place of the open list,
+// pixels, and windows that die under way.
+#include "tests/platform/controls/control_test.h"
+
+namespace {
+
+class ListTest : public ControlTest {
+protected:
+    static constexpr int kWidth = 120;
+
+    HWND addList(DWORD style, int entries) {
+        HWND list = add("ListBox", "", style | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, kWidth, 100);
+        fill(list, LB_ADDSTRING, entries);
+        return list;
+    }
+    HWND addCombo(DWORD style, int entries, int height = 120) {
+        HWND combo = add("ComboBox", "", style | WS_VSCROLL, kWidth, height);
+        fill(combo, CB_ADDSTRING, entries);
+        return combo;
+    }
+    static void fill(HWND control, UINT message, int entries) {
+        for (int i = 0; i < entries; ++i) {
+            const char text[] = {static_cast<char>('a' + i), 'x', '\0'};
+            SendMessageA(control, message, 0, reinterpret_cast<LPARAM>(text));
+        }
+    }
+    static HWND listOf(HWND combo) {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof info;
+        SendMessageA(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        return info.hwndList;
+    }
+    static int topOf(HWND list) { return static_cast<int>(SendMessageA(list, LB_GETTOPINDEX, 0, 0)); }
+    static void click(HWND list, int x, int y) {
+        SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        SendMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    }
+};
+
+TEST_F(ListTest, IsScrolledByItsBarWithoutSelecting) {
+    HWND list = addList(WS_VSCROLL, 24);
+    constexpr int kBar = kWidth - 5;
+    constexpr int kBottom = 100;
+    click(list, kBar, kBottom - 3);
+    EXPECT_EQ(topOf(list), 1) << "arrow down";
+    click(list, kBar, kBottom - 20);
+    const int page = topOf(list) - 1;
+    EXPECT_GT(page, 1) << "below the thumb";
+    click(list, kBar, 3);
+    EXPECT_EQ(topOf(list), page) << "arrow up";
+    SendMessageA(list, LB_SETTOPINDEX, 0, 0);
+    SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(kBar, 20));
+    SendMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(kBar, 3 * kBottom));
+    SendMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(kBar, 3 * kBottom));
+    EXPECT_EQ(topOf(list), 24 - page) << "thumb dragged to the end";
+    EXPECT_EQ(SendMessageA(list, LB_GETCURSEL, 0, 0), LB_ERR);
+    EXPECT_TRUE(codes_ == std::vector<UINT>{LBN_SETFOCUS}) << "scrolling is not told";
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(ListTest, HasABarOnlyWhenNotAllEntriesFit) {
+    const COLORREF track = GetSysColor(COLOR_SCROLLBAR);
+    EXPECT_EQ(Picture(addList(WS_VSCROLL, 2), kWidth, 100).count(track, kWidth - 10, kWidth), 0);
+    const Picture barred(addList(WS_VSCROLL, 24), kWidth, 100);
+    EXPECT_GT(barred.count(track, kWidth - 10, kWidth), 0);
+    EXPECT_EQ(barred.count(Picture::kGround, 0, kWidth), 0) << "part of the list is not painted";
+}
+
+TEST_F(ListTest, HoldsDataWhereTheOwnerDrawsWithoutStrings) {
+    HWND list = addList(LBS_OWNERDRAWFIXED, 0);
+    EXPECT_EQ(SendMessageA(list, LB_ADDSTRING, 0, 0x1234), 0);
+    ULONG_PTR data = 0;
+    EXPECT_EQ(SendMessageA(list, LB_GETTEXT, 0, reinterpret_cast<LPARAM>(&data)), LRESULT{sizeof data});
+    EXPECT_EQ(data, ULONG_PTR{0x1234});
+}
+
+using ComboBoxTest = ListTest;
+
+TEST_F(ComboBoxTest, MayBeDestroyedByWhoeverItNotifies) {
+    for (const DWORD style : {DWORD{CBS_DROPDOWN}, DWORD{CBS_DROPDOWNLIST}}) {
+        for (UINT code = CBN_SELCHANGE; code <= CBN_SELENDCANCEL; ++code) {
+            HWND combo = addCombo(style, 3);
+            HWND list = listOf(combo);
+            hook_ = [&](UINT, UINT sent) -> LRESULT { return sent == code ? DestroyWindow(combo) : 0; };
+            SetFocus(combo);
+            const HWND field = GetFocus();
+            SendMessageA(field, WM_CHAR, 'c', 1);
+            SendMessageA(combo, WM_KEYDOWN, VK_DOWN, 1);
+            SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+            click(list, 5, 5);
+            SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+            SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(-5, -5));
+            SetFocus(parent_);
+            hook_ = nullptr;
+            DestroyWindow(combo);
+            EXPECT_FALSE(IsWindow(list)) << code;
+            EXPECT_EQ(GetCapture(), nullptr) << code;
+        }
+    }
+}
+
+TEST_F(ComboBoxTest, OpensItsListBelowOrAboveAndNoHigherThanItsEntries) {
+    HWND combo = addCombo(CBS_DROPDOWNLIST, 3);
+    HWND list = listOf(combo);
+    RECT closed;
+    RECT open;
+    const auto measure = [&](int y) {
+        MoveWindow(parent_, 0, y, 700, 300, FALSE);
+        SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+        GetWindowRect(combo, &closed);
+        GetWindowRect(list, &open);
+        SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+    };
+    measure(0);
+    EXPECT_EQ(open.top, closed.bottom);
+    EXPECT_EQ(open.bottom - open.top, 3 * SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0) + 2);
+    measure(GetSystemMetrics(SM_CYSCREEN) - (closed.bottom - closed.top));
+    EXPECT_EQ(open.bottom, closed.top);
+    fill(combo, CB_ADDSTRING, 20);
+    measure(0);
+    EXPECT_LT(open.bottom - open.top, 120 - (closed.bottom - closed.top) + 1) << "the height it was created with";
+}
+
+TEST_F(ComboBoxTest, KeepsItsListWhileTheBarIsUsedAndClosesItByAPressElsewhere) {
+    HWND combo = addCombo(CBS_DROPDOWNLIST, 20);
+    HWND list = listOf(combo);
+    SetFocus(combo);
+    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    RECT client;
+    GetClientRect(list, &client);
+    click(list, client.right - 4, client.bottom - 3);
+    EXPECT_EQ(topOf(list), 1);
+    EXPECT_TRUE(SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0));
+    EXPECT_EQ(GetCapture(), list);
+    EXPECT_EQ(GetFocus(), combo);
+    codes_.clear();
+    SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(client.right + 50, 5));
+    EXPECT_EQ(codes_, (std::vector<UINT>{CBN_SELENDCANCEL, CBN_CLOSEUP}));
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(ComboBoxTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
+    for (const DWORD style : {DWORD{CBS_DROPDOWN}, DWORD{CBS_DROPDOWNLIST}}) {
+        HWND combo = addCombo(style, 1);
+        SendMessageA(combo, CB_SETCURSEL, 0, 0);
+        HWND shown = style == CBS_DROPDOWN ? GetWindow(combo, GW_CHILD) : combo;
+        RECT client;
+        GetClientRect(shown, &client);
+        const int right = client.right - 30;
+        EXPECT_EQ(Picture(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_WINDOW));
+        SetWindowLongA(combo, GWL_STYLE, GetWindowLongA(combo, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
+        EXPECT_EQ(Picture(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_BTNFACE));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,87 @@
+// Edits where the comparison of traces does not reach: pixels, scrolling, and windows that die under way.
+#include "tests/platform/controls/control_test.h"
+
+namespace {
+
+constexpr int kWidth = 100;
+constexpr int kHeight = 20;
+
+class EditTest : public ControlTest {
+protected:
+    HWND addEdit(DWORD style, const char* text = "text") {
+        HWND edit = add("Edit", text, style, kWidth, kHeight);
+        SendMessageA(edit, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+        return edit;
+    }
+    static void type(HWND edit, const char* text) {
+        for (; *text; ++text) {
+            SendMessageA(edit, WM_CHAR, static_cast<BYTE>(*text), 1);
+        }
+    }
+};
+
+TEST_F(EditTest, MayBeDestroyedByWhoeverItNotifies) {
+    for (const UINT code : {EN_SETFOCUS, EN_MAXTEXT, EN_UPDATE, EN_CHANGE, EN_KILLFOCUS}) {
+        HWND edit = addEdit(ES_AUTOHSCROLL, "abcd");
+        SendMessageA(edit, EM_SETLIMITTEXT, 5, 0);
+        hook_ = [&](UINT, UINT sent) -> LRESULT { return sent == code ? DestroyWindow(edit) : 0; };
+        SetFocus(edit);
+        type(edit, "xy\x1A");
+        SetWindowTextA(edit, "set");
+        SetFocus(parent_);
+        EXPECT_FALSE(IsWindow(edit)) << code;
+        hook_ = nullptr;
+    }
+}
+
+TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    for (const DWORD style : {DWORD{ES_AUTOHSCROLL}, DWORD{ES_AUTOHSCROLL | ES_NOHIDESEL}}) {
+        HWND edit = addEdit(style);
+        SendMessageA(edit, EM_SETSEL, 0, -1);
+        const bool shown = Picture(edit, kWidth, kHeight).count(highlight, 0, kWidth) > 0;
+        EXPECT_EQ(shown, (style & ES_NOHIDESEL) != 0);
+        SetFocus(edit);
+        EXPECT_GT(Picture(edit, kWidth, kHeight).count(highlight, 0, kWidth), 0);
+    }
+}
+
+TEST_F(EditTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
+    HWND edit = addEdit(ES_AUTOHSCROLL);
+    const Picture enabled(edit, kWidth, kHeight);
+    SetWindowLongA(edit, GWL_STYLE, GetWindowLongA(edit, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
+    const Picture disabled(edit, kWidth, kHeight);
+    EXPECT_EQ(enabled.at(kWidth - 1, 5), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(disabled.at(kWidth - 1, 5), GetSysColor(COLOR_BTNFACE));
+    EXPECT_GT(disabled.count(GetSysColor(COLOR_GRAYTEXT), 0, kWidth), 0);
+    for (const Picture* picture : {&enabled, &disabled}) {
+        EXPECT_EQ(picture->count(Picture::kGround, 0, kWidth), 0) << "part of the field is not painted";
+    }
+}
+
+TEST_F(EditTest, RepaintsFromTheTypedCharacterOn) {
+    HWND edit = addEdit(ES_AUTOHSCROLL, "some text");
+    SetFocus(edit);
+    SendMessageA(edit, EM_SETSEL, 7, 7);
+    UpdateWindow(edit);
+    type(edit, "x");
+    const int seventh = LOWORD(SendMessageA(edit, EM_POSFROMCHAR, 6, 0));
+    RECT update{};
+    ASSERT_TRUE(GetUpdateRect(edit, &update, FALSE));
+    EXPECT_GT(update.left, seventh);
+    EXPECT_LT(update.bottom - update.top, kHeight);
+}
+
+TEST_F(EditTest, ScrollsSoThatTheCaretIsSeen) {
+    HWND edit = addEdit(ES_AUTOHSCROLL, "a text that is much longer than the field it stands in");
+    SetFocus(edit);
+    SendMessageA(edit, WM_KEYDOWN, VK_END, 1);
+    EXPECT_GT(SendMessageA(edit, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+    POINT caret{};
+    GetCaretPos(&caret);
+    EXPECT_LT(caret.x, kWidth);
+    SendMessageA(edit, WM_KEYDOWN, VK_HOME, 1);
+    EXPECT_EQ(SendMessageA(edit, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+}
+
+}  // namespace

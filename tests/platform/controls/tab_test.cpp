@@ -1,0 +1,79 @@
+// The tab control where it is meant to differ from, or goes beyond, what traces compare.
+#include <commctrl.h>
+
+#include "tests/platform/controls/control_test.h"
+
+namespace {
+
+class TabTest : public ControlTest {
+protected:
+    HWND create(int width) {
+        constexpr const char* kCaptions[] = {"Projekt", "Allm\xE4nt", "F\xF6rbind",      "Korsreferens",
+                                             "Externt", "Blanketter", "Texter/F\xE4rger"};
+        HWND tabs = add(WC_TABCONTROLA, "", 0, width, 200);
+        SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), 0);
+        for (const char* caption : kCaptions) {
+            TCITEMA item{};
+            item.mask = TCIF_TEXT;
+            item.pszText = const_cast<LPSTR>(caption);
+            SendMessageA(tabs, TCM_INSERTITEMA, 99, reinterpret_cast<LPARAM>(&item));
+        }
+        return tabs;
+    }
+    static RECT itemRect(HWND tabs, WPARAM index) {
+        RECT rect{};
+        SendMessageA(tabs, TCM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&rect));
+        return rect;
+    }
+    static LRESULT selection(HWND tabs) { return SendMessageA(tabs, TCM_GETCURSEL, 0, 0); }
+};
+
+TEST_F(TabTest, KeepsTheSelectionThatTheParentRefusesToLeave) {
+    HWND tabs = create(560);
+    bool refuse = true;
+    hook_ = [&](UINT, UINT code) -> LRESULT { return code == TCN_SELCHANGING && refuse; };
+    const auto tryBoth = [&] {
+        SendMessageA(tabs, WM_KEYDOWN, VK_RIGHT, 1);
+        SendMessageA(tabs, TCM_SETCURFOCUS, 4, 0);
+    };
+    tryBoth();
+    EXPECT_EQ(selection(tabs), 0);
+    refuse = false;
+    tryBoth();
+    EXPECT_EQ(selection(tabs), 4);
+}
+
+TEST_F(TabTest, SurvivesLosingItemsOrItsWindowWhileItAsks) {
+    HWND tabs = create(560);
+    hook_ = [&](UINT, UINT code) -> LRESULT {
+        while (code == TCN_SELCHANGING && SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0) > 2) {
+            SendMessageA(tabs, TCM_DELETEITEM, 2, 0);
+        }
+        return 0;
+    };
+    SendMessageA(tabs, TCM_SETCURFOCUS, 5, 0);
+    EXPECT_EQ(selection(tabs), 0);
+    hook_ = [&](UINT, UINT code) -> LRESULT { return code == TCN_SELCHANGING && DestroyWindow(tabs) == 0; };
+    SendMessageA(tabs, TCM_SETCURFOCUS, 1, 0);
+    EXPECT_FALSE(IsWindow(tabs));
+}
+
+TEST_F(TabTest, ScrollsOnlyARowThatIsTooLong) {
+    HWND wide = create(560);
+    EXPECT_LT(itemRect(wide, 6).right, 560);
+    DestroyWindow(wide);
+
+    HWND narrow = create(200);
+    EXPECT_GT(itemRect(narrow, 6).left, 200);
+    SendMessageA(narrow, TCM_SETCURSEL, 6, 0);
+    EXPECT_GE(itemRect(narrow, 6).left, 0);
+    EXPECT_LE(itemRect(narrow, 6).right, 200);
+    const LONG arrowY = itemRect(narrow, 6).bottom - 8;
+    const LONG before = itemRect(narrow, 0).left;
+    codes_.clear();
+    SendMessageA(narrow, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(200 - 25, arrowY));
+    EXPECT_GT(itemRect(narrow, 0).left, before);
+    EXPECT_TRUE(codes_.empty());
+}
+
+}  // namespace

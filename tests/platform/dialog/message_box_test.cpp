@@ -1,0 +1,91 @@
+// Message boxes where the traces that are compared with Windows do not reach: Swedish captions, copying, boxes
+// without a Cancel button or an owner.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+std::function<void(HWND box)> whenIdle;
+
+void CALLBACK onTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    whenIdle(GetActiveWindow());
+}
+
+int runBox(HWND owner, const char* text, UINT type, std::function<void(HWND)> action) {
+    whenIdle = std::move(action);
+    SetTimer(nullptr, 0, 10, onTimer);
+    return MessageBoxA(owner, text, "Rubrik", type);
+}
+
+void press(UINT key) {
+    PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
+}
+
+TEST(MessageBoxTest, EscapeAndCloseBoxMeanOkWhereThatIsAllThereIs) {
+    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND) { press(VK_ESCAPE); }), IDOK);
+    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND box) { PostMessageA(box, WM_CLOSE, 0, 0); }), IDOK);
+}
+
+TEST(MessageBoxTest, EscapeDoesNotAnswerYesOrNo) {
+    const int answer = runBox(nullptr, "Spara?", MB_YESNO, [](HWND) {
+        press(VK_ESCAPE);
+        PostMessageA(GetFocus(), WM_CHAR, 'n', 1);
+    });
+    EXPECT_EQ(answer, IDNO);
+}
+
+TEST(MessageBoxTest, IconAndTextStandSideBySideAboveTheButtons) {
+    RECT text{};
+    RECT button{};
+    COLORREF insideIcon = 0;
+    runBox(nullptr, "Fel\nv\xE4rde", MB_OK | MB_ICONERROR, [&](HWND box) {
+        UpdateWindow(box);
+        GetWindowRect(GetDlgItem(box, 0xFFFF), &text);
+        MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&text), 2);
+        GetWindowRect(GetDlgItem(box, IDOK), &button);
+        MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&button), 2);
+        HDC dc = GetDC(box);
+        insideIcon = GetPixel(dc, 12 + 16, 12 + 4);
+        ReleaseDC(box, dc);
+        press(VK_RETURN);
+    });
+    EXPECT_GE(text.left, 12 + 32);
+    EXPECT_GE(text.bottom - text.top, 2 * 11);
+    EXPECT_GE(button.top, text.bottom);
+    EXPECT_GT(GetRValue(insideIcon), 2 * GetGValue(insideIcon));
+}
+
+TEST(MessageBoxTest, ControlCCopiesCaptionTextAndButtons) {
+    runBox(nullptr, "En\nTv\xE5", MB_OKCANCEL, [](HWND) {
+        PostMessageA(GetFocus(), WM_CHAR, 3, 1);
+        press(VK_ESCAPE);
+    });
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const char* copied = static_cast<const char*>(GlobalLock(GetClipboardData(CF_TEXT)));
+    const std::string rule = std::string(27, '-') + "\r\n";
+    EXPECT_EQ(std::string(copied != nullptr ? copied : ""),
+              rule + "Rubrik\r\n" + rule + "En\r\nTv\xE5\r\n" + rule + "OK   Avbryt   \r\n" + rule);
+    CloseClipboard();
+}
+
+TEST(MessageBoxTest, TaskModalBoxDisablesEveryWindowAndGivesTheFocusBack) {
+    HWND window =
+        CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
+    SetFocus(window);
+    BOOL enabledMeanwhile = TRUE;
+    runBox(nullptr, "Klart", MB_OK | MB_TASKMODAL, [&](HWND) {
+        enabledMeanwhile = IsWindowEnabled(window);
+        press(VK_RETURN);
+    });
+    EXPECT_FALSE(enabledMeanwhile);
+    EXPECT_TRUE(IsWindowEnabled(window));
+    EXPECT_EQ(GetFocus(), window);
+    DestroyWindow(window);
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+// Resources through the window API, with an image that the test program registers as its own.
+#include "tests/platform/display/res_builder.h"
+
+#include <tavrikdisplay.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+
+namespace platform {
+namespace {
+
+// Registered memory must belong to the module.
+alignas(4) std::array<char, 2048> ownImage;
+
+class ModuleTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ResBuilder builder;
+        builder.add(WORD{6}, WORD{1}, ResBuilder::stringBlock({u"noll", u"Ångström €", u"", u"pil → slut"}));
+        builder.add(WORD{6}, WORD{2}, ResBuilder::stringBlock({u"sexton"}));
+        // The last string claims more than the block holds.
+        builder.add(WORD{6}, WORD{3}, ResBuilder::stringBlock({u"ok"}).substr(0, 6) + std::string("\x40\0x", 3));
+        builder.add(WORD{10}, u"RAW", "12345");
+        ASSERT_LE(builder.bytes().size(), ownImage.size());
+        std::copy(builder.bytes().begin(), builder.bytes().end(), ownImage.begin());
+        TavrikRegisterResources(ownImage.data(), ownImage.data() + builder.bytes().size());
+    }
+
+    static std::string load(UINT id) {
+        std::array<char, 64> text{};
+        const int length = LoadStringA(GetModuleHandleA(nullptr), id, text.data(), static_cast<int>(text.size()));
+        EXPECT_EQ(std::string(text.data()).size(), static_cast<std::size_t>(length));
+        return text.data();
+    }
+};
+
+TEST_F(ModuleTest, StringsComeInTheCodePage) {
+    EXPECT_EQ(load(0), "noll");
+    EXPECT_EQ(load(1), "\xC5ngstr\xF6m \x80");
+    EXPECT_EQ(load(2), "");
+    EXPECT_EQ(load(3), "pil ? slut");
+    EXPECT_EQ(load(16), "sexton");
+    EXPECT_EQ(load(0x10010), "sexton");  // Only the low word counts.
+    EXPECT_EQ(load(1000), "");
+    EXPECT_EQ(load(32), "ok");
+    EXPECT_EQ(load(33), "");
+}
+
+TEST_F(ModuleTest, LoadStringKeepsToTheBuffer) {
+    struct Case {
+        int size;
+        int result;
+        std::string buffer;
+    };
+    for (const Case& c : {Case{0, -1, "########"},
+                          {1, 0, std::string("\0#######", 8)},
+                          {4, 3, std::string("sex\0####", 8)},
+                          {7, 6, std::string("sexton\0#", 8)}}) {
+        std::string buffer(8, '#');
+        EXPECT_EQ(LoadStringA(nullptr, 16, buffer.data(), c.size), c.result) << c.size;
+        EXPECT_EQ(buffer, c.buffer) << c.size;
+    }
+}
+
+TEST_F(ModuleTest, ResourceIsReadInPlace) {
+    const HRSRC found = FindResourceA(nullptr, "raw", RT_RCDATA);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(SizeofResource(nullptr, found), 5U);
+    const auto* data = static_cast<const char*>(LockResource(LoadResource(nullptr, found)));
+    EXPECT_EQ(std::string(data, 5), "12345");
+    EXPECT_TRUE(data >= ownImage.data() && data < ownImage.data() + ownImage.size());
+}
+
+TEST_F(ModuleTest, MissingResourceSetsTheErrorOfItsKind) {
+    EXPECT_EQ(FindResourceA(nullptr, "other", RT_RCDATA), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_NAME_NOT_FOUND});
+    EXPECT_EQ(FindResourceA(nullptr, "raw", RT_DIALOG), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_TYPE_NOT_FOUND});
+    EXPECT_EQ(LoadBitmapA(nullptr, "raw"), nullptr);
+}
+
+TEST_F(ModuleTest, NewRegistrationTakesThePlaceOfTheOld) {
+    const std::string bytes = ResBuilder().add(WORD{10}, u"RAW", "new").bytes();
+    std::copy(bytes.begin(), bytes.end(), ownImage.begin());
+    TavrikRegisterResources(ownImage.data(), ownImage.data() + bytes.size());
+    EXPECT_EQ(SizeofResource(nullptr, FindResourceA(nullptr, "RAW", RT_RCDATA)), 3U);
+    EXPECT_EQ(load(0), "");
+}
+
+TEST(ModuleHandle, NamesAndAddressesLeadToTheSameModule) {
+    const HMODULE program = GetModuleHandleA(nullptr);
+    HMODULE byAddress = nullptr;
+    EXPECT_TRUE(GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, ownImage.data(), &byAddress));
+    EXPECT_EQ(byAddress, program);
+    EXPECT_EQ(GetModuleHandleA("DISPLAY_TESTS.exe"), program);
+    const HMODULE library = GetModuleHandleA("tavrikwindow");
+    EXPECT_NE(library, nullptr);
+    EXPECT_NE(library, program);
+    EXPECT_EQ(GetModuleHandleA("libtavrikwindow.so"), library);
+}
+
+TEST(ModuleHandle, UnknownModulesAreRefused) {
+    HMODULE module = GetModuleHandleA(nullptr);
+    EXPECT_FALSE(GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCSTR>(16), &module));
+    EXPECT_EQ(module, nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+    EXPECT_EQ(GetModuleHandleA("nonesuch"), nullptr);
+    std::array<char, MAX_PATH> path{};
+    EXPECT_EQ(GetModuleFileNameA(reinterpret_cast<HMODULE>(16), path.data(), MAX_PATH), 0U);
+}
+
+TEST(ModuleHandle, FileNameIsCutToTheBuffer) {
+    std::array<char, MAX_PATH> path{};
+    const DWORD length = GetModuleFileNameA(nullptr, path.data(), MAX_PATH);
+    EXPECT_EQ(std::filesystem::path(path.data()).filename(), "display_tests");
+    EXPECT_EQ(length, std::string(path.data()).size());
+    std::array<char, 4> small{'#', '#', '#', '#'};
+    EXPECT_EQ(GetModuleFileNameA(nullptr, small.data(), 3), 3U);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INSUFFICIENT_BUFFER});
+    EXPECT_EQ(std::string(small.data(), 4), std::string(path.data(), 2) + std::string("\0#", 2));
+}
+
+}  // namespace
+}  // namespace platform

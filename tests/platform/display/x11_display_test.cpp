@@ -1,0 +1,219 @@
+// The X11 display against a running server. Another program is played by a second connection; its key and mouse
+// events are sent, not made by devices.
+#include "tests/platform/display/recording_sink.h"
+
+// Before the X headers, whose macros take common names.
+#include <gtest/gtest.h>
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace platform {
+namespace {
+
+using Kind = DisplayWindowInfo::Kind;
+
+constexpr int kPumpMs = 20;
+constexpr int kMostPumps = 100;
+
+class X11DisplayTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        other_ = XOpenDisplay(nullptr);
+        if (other_ == nullptr)
+            GTEST_SKIP() << "no X server";
+        display_ = openX11Display();
+        ASSERT_NE(display_, nullptr);
+    }
+
+    void TearDown() override {
+        display_.reset();
+        if (other_ != nullptr)
+            XCloseDisplay(other_);
+    }
+
+    void open(int number, RECT rect, const std::string& title, Kind kind = Kind::Normal) {
+        DisplayWindowInfo info;
+        info.kind = kind;
+        info.window = windowNumber(number);
+        info.rect = rect;
+        info.positioned = true;
+        info.title = title;
+        display_->createWindow(info);
+        display_->show(info.window, true);
+    }
+
+    // Pumps until the condition holds; false when it does not within about two seconds.
+    bool pumpUntil(const std::function<bool()>& condition) {
+        for (int i = 0; i < kMostPumps; ++i) {
+            if (condition())
+                return true;
+            display_->pump(sink_, kPumpMs);
+            const Events fresh = sink_.take();
+            events_.insert(events_.end(), fresh.begin(), fresh.end());
+        }
+        return condition();
+    }
+
+    bool pumpUntilEvent(const std::string& event) {
+        return pumpUntil([&] { return std::find(events_.begin(), events_.end(), event) != events_.end(); });
+    }
+
+    std::string property(::Window window, const char* name) const {
+        Atom type = 0;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long left = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(other_, window, XInternAtom(other_, name, False), 0, 1000, False, AnyPropertyType, &type,
+                           &format, &count, &left, &data);
+        std::string text;
+        if (data != nullptr && format == 8)
+            text.assign(reinterpret_cast<const char*>(data), count);
+        if (data != nullptr)
+            XFree(data);
+        return text;
+    }
+
+    // The top-level window with this title, 0 for none.
+    ::Window windowTitled(const std::string& utf8) const {
+        ::Window root = 0;
+        ::Window parent = 0;
+        ::Window* children = nullptr;
+        unsigned count = 0;
+        XQueryTree(other_, DefaultRootWindow(other_), &root, &parent, &children, &count);
+        ::Window found = 0;
+        for (unsigned i = 0; i < count; ++i) {
+            if (property(children[i], "_NET_WM_NAME") == utf8)
+                found = children[i];
+        }
+        if (children != nullptr)
+            XFree(children);
+        return found;
+    }
+
+    unsigned long screenPixel(int x, int y) const {
+        XImage* image = XGetImage(other_, DefaultRootWindow(other_), x, y, 1, 1, AllPlanes, ZPixmap);
+        const unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF;
+        XDestroyImage(image);
+        return pixel;
+    }
+
+    void sendKey(::Window window, KeySym symbol, unsigned state) {
+        for (const int type : {KeyPress, KeyRelease}) {
+            XEvent event{};
+            event.xkey.type = type;
+            event.xkey.window = window;
+            event.xkey.root = DefaultRootWindow(other_);
+            event.xkey.keycode = XKeysymToKeycode(other_, symbol);
+            event.xkey.state = state;
+            event.xkey.same_screen = True;
+            XSendEvent(other_, window, True, KeyPressMask, &event);
+        }
+        XFlush(other_);
+    }
+
+    ::Display* other_ = nullptr;
+    std::unique_ptr<Display> display_;
+    RecordingSink sink_;
+    Events events_;
+};
+
+TEST_F(X11DisplayTest, WindowShowsItsSurfaceAndLaterParts) {
+    Surface surface(60, 40);
+    for (int y = 0; y < surface.height(); ++y)
+        std::fill_n(surface.row(y), surface.width(), 0x123456U);
+    open(1, {100, 80, 160, 120}, "Inst\xE4llning \x80");
+    display_->present(windowNumber(1), surface, {0, 0, 60, 40});
+    EXPECT_TRUE(pumpUntil([&] { return screenPixel(159, 119) == 0x123456; }));
+    const ::Window window = windowTitled("Inställning €");
+    ASSERT_NE(window, 0U);
+    EXPECT_EQ(property(window, "WM_NAME"), "Inst\xE4llning ?");
+
+    surface.row(30)[20] = 0xFF0000;
+    surface.row(5)[5] = 0x00FF00;
+    display_->present(windowNumber(1), surface, {20, 30, 21, 31});
+    EXPECT_TRUE(pumpUntil([&] { return screenPixel(120, 110) == 0xFF0000; }));
+    EXPECT_EQ(screenPixel(105, 85), 0x123456U) << "a part that was not presented";
+
+    display_->show(windowNumber(1), false);
+    display_->show(windowNumber(1), true);
+    EXPECT_TRUE(pumpUntil([&] { return screenPixel(105, 85) == 0x00FF00; })) << "exposure shows the whole surface";
+}
+
+TEST_F(X11DisplayTest, FocusFollowsRequestsWithoutAWindowManager) {
+    open(1, {0, 0, 100, 100}, "one");
+    open(2, {50, 50, 150, 150}, "two", Kind::Dialog);
+    display_->focus(windowNumber(1));
+    display_->focus(windowNumber(2));
+    ASSERT_TRUE(pumpUntilEvent("focus in 2"));
+    EXPECT_EQ(events_, Events{"focus in 2"}) << "the window asked for in between is not reported";
+    events_.clear();
+    display_->focus(windowNumber(1));
+    ASSERT_TRUE(pumpUntilEvent("focus in 1"));
+    EXPECT_EQ(events_, (Events{"focus out 2", "focus in 1"}));
+}
+
+TEST_F(X11DisplayTest, KeysCarryVirtualKeyTextAndModifiers) {
+    open(1, {0, 0, 100, 100}, "keys");
+    display_->pump(sink_, kPumpMs);
+    const ::Window window = windowTitled("keys");
+    sendKey(window, XK_a, ShiftMask);
+    sendKey(window, XK_a, ControlMask);
+    sendKey(window, XK_Delete, 0);
+    sendKey(window, XK_Return, ControlMask);
+    ASSERT_TRUE(pumpUntilEvent("key 0d up ''"));
+    EXPECT_EQ(events_, (Events{"modifiers 04", "key 41 down 'A'", "key 41 up ''", "modifiers 08", "key 41 down '\x01'",
+                               "key 41 up ''", "modifiers 00", "key 2e down ''", "key 2e up ''", "modifiers 08",
+                               "key 0d down '\n'", "key 0d up ''"}));
+}
+
+TEST_F(X11DisplayTest, CloseButtonAsksAndVanishedWindowIsSurvived) {
+    open(1, {0, 0, 100, 100}, "closing");
+    display_->pump(sink_, kPumpMs);
+    const ::Window window = windowTitled("closing");
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(other_, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(other_, "WM_DELETE_WINDOW", False));
+    XSendEvent(other_, window, False, NoEventMask, &event);
+    XFlush(other_);
+    EXPECT_TRUE(pumpUntilEvent("close 1"));
+
+    XDestroyWindow(other_, window);
+    XSync(other_, False);
+    const Surface surface(10, 10);
+    display_->present(windowNumber(1), surface, {0, 0, 10, 10});
+    display_->setRect(windowNumber(1), {5, 5, 50, 50});
+    display_->pump(sink_, 0);
+    display_->destroyWindow(windowNumber(1));
+    EXPECT_EQ(display_->screenSize().cx, DisplayWidth(other_, DefaultScreen(other_)));
+}
+
+TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {
+    display_->writeClipboard("Sm\xF6rg\xE5s \x80\r\n2");
+    const ::Window requestor = XCreateSimpleWindow(other_, DefaultRootWindow(other_), 0, 0, 1, 1, 0, 0, 0);
+    const Atom property = XInternAtom(other_, "RESULT", False);
+    XConvertSelection(other_, XInternAtom(other_, "CLIPBOARD", False), XInternAtom(other_, "UTF8_STRING", False),
+                      property, requestor, CurrentTime);
+    XFlush(other_);
+    EXPECT_TRUE(pumpUntil([&] { return !this->property(requestor, "RESULT").empty(); }));
+    EXPECT_EQ(this->property(requestor, "RESULT"), "Smörgås €\n2");
+
+    // Another owner that never answers: the wait ends, and there is no text.
+    XSetSelectionOwner(other_, XInternAtom(other_, "CLIPBOARD", False), requestor, CurrentTime);
+    XSync(other_, False);
+    display_->pump(sink_, kPumpMs);
+    std::string text;
+    EXPECT_FALSE(display_->readClipboard(text));
+}
+
+}  // namespace
+}  // namespace platform
