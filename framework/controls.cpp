@@ -1,0 +1,224 @@
+#include "framework/controls.h"
+
+#include "framework/common_controls.h"
+#include "framework/message_routing.h"
+
+IMPLEMENT_DYNAMIC(CStatic, CWnd)
+IMPLEMENT_DYNAMIC(CButton, CWnd)
+IMPLEMENT_DYNAMIC(CEdit, CWnd)
+IMPLEMENT_DYNAMIC(CListBox, CWnd)
+IMPLEMENT_DYNAMIC(CComboBox, CWnd)
+IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
+IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
+
+namespace {
+
+LPARAM textParameter(LPCSTR text) {
+    return reinterpret_cast<LPARAM>(text);
+}
+WPARAM indexParameter(int index) {
+    return static_cast<WPARAM>(index);
+}
+
+// An item's text by the messages that tell its length and copy it; empty when there is no such item.
+CString itemText(const CWnd& list, int index, UINT lengthMessage, UINT textMessage) {
+    CString text;
+    const int length = static_cast<int>(list.SendMessage(lengthMessage, indexParameter(index)));
+    if (length > 0) {
+        const LPSTR buffer = text.GetBuffer(length + 1);
+        list.SendMessage(textMessage, indexParameter(index), textParameter(buffer));
+        text.ReleaseBuffer();
+    }
+    return text;
+}
+
+template <typename Control>
+std::unique_ptr<CWnd> make() {
+    return std::make_unique<Control>();
+}
+
+struct ControlClass {
+    LPCSTR windowClass;
+    std::unique_ptr<CWnd> (*make)();
+};
+
+constexpr ControlClass kControlClasses[] = {
+    {"Edit", &make<CEdit>},           {"Button", &make<CButton>},        {"ComboBox", &make<CComboBox>},
+    {"Static", &make<CStatic>},       {"ListBox", &make<CListBox>},      {"ComboLBox", &make<CListBox>},
+    {"ScrollBar", &make<CScrollBar>}, {WC_TABCONTROLA, &make<CTabCtrl>},
+};
+
+}  // namespace
+
+std::unique_ptr<CWnd> AfxMakeTemporary(HWND window) {
+    char buffer[32] = "";
+    GetClassNameA(window, buffer, sizeof buffer);
+    const CString name(buffer);
+    for (const ControlClass& control : kControlClasses) {
+        if (name.CompareNoCase(control.windowClass) == 0) {
+            return control.make();
+        }
+    }
+    return std::make_unique<CWnd>();
+}
+
+int CButton::GetCheck() const {
+    return static_cast<int>(SendMessage(BM_GETCHECK));
+}
+void CButton::SetCheck(int check) {
+    SendMessage(BM_SETCHECK, static_cast<WPARAM>(check));
+}
+UINT CButton::GetState() const {
+    return static_cast<UINT>(SendMessage(BM_GETSTATE));
+}
+void CButton::SetState(BOOL pressed) {
+    SendMessage(BM_SETSTATE, static_cast<WPARAM>(pressed));
+}
+UINT CButton::GetButtonStyle() const {
+    return GetStyle() & 0xFFFFu;
+}
+void CButton::SetButtonStyle(UINT style, BOOL redraw) {
+    SendMessage(BM_SETSTYLE, style, redraw);
+}
+
+void CEdit::SetSel(int start, int end, BOOL noScroll) {
+    SendMessage(EM_SETSEL, indexParameter(start), end);
+    if (!noScroll) {
+        SendMessage(EM_SCROLLCARET);
+    }
+}
+
+void CEdit::GetSel(int& start, int& end) const {
+    DWORD first = 0;
+    DWORD last = 0;
+    SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+    start = static_cast<int>(first);
+    end = static_cast<int>(last);
+}
+
+void CEdit::ReplaceSel(LPCSTR text, BOOL canUndo) {
+    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(canUndo), textParameter(text));
+}
+void CEdit::LimitText(int maxLength) {
+    SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(maxLength));
+}
+void CEdit::SetLimitText(UINT maxLength) {
+    SendMessage(EM_LIMITTEXT, maxLength);
+}
+UINT CEdit::GetLimitText() const {
+    return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT));
+}
+int CEdit::LineLength(int line) const {
+    return static_cast<int>(SendMessage(EM_LINELENGTH, indexParameter(line)));
+}
+BOOL CEdit::SetReadOnly(BOOL readOnly) {
+    return SendMessage(EM_SETREADONLY, static_cast<WPARAM>(readOnly)) != 0;
+}
+BOOL CEdit::GetModify() const {
+    return SendMessage(EM_GETMODIFY) != 0;
+}
+void CEdit::SetModify(BOOL modified) {
+    SendMessage(EM_SETMODIFY, static_cast<WPARAM>(modified));
+}
+
+int CListBox::GetCount() const {
+    return static_cast<int>(SendMessage(LB_GETCOUNT));
+}
+int CListBox::GetCurSel() const {
+    return static_cast<int>(SendMessage(LB_GETCURSEL));
+}
+int CListBox::SetCurSel(int index) {
+    return static_cast<int>(SendMessage(LB_SETCURSEL, indexParameter(index)));
+}
+int CListBox::AddString(LPCSTR text) {
+    return static_cast<int>(SendMessage(LB_ADDSTRING, 0, textParameter(text)));
+}
+int CListBox::InsertString(int index, LPCSTR text) {
+    return static_cast<int>(SendMessage(LB_INSERTSTRING, indexParameter(index), textParameter(text)));
+}
+void CListBox::ResetContent() {
+    SendMessage(LB_RESETCONTENT);
+}
+int CListBox::GetText(int index, LPSTR buffer) const {
+    return static_cast<int>(SendMessage(LB_GETTEXT, indexParameter(index), textParameter(buffer)));
+}
+void CListBox::GetText(int index, CString& text) const {
+    text = itemText(*this, index, LB_GETTEXTLEN, LB_GETTEXT);
+}
+
+int CComboBox::GetCount() const {
+    return static_cast<int>(SendMessage(CB_GETCOUNT));
+}
+int CComboBox::GetCurSel() const {
+    return static_cast<int>(SendMessage(CB_GETCURSEL));
+}
+int CComboBox::SetCurSel(int index) {
+    return static_cast<int>(SendMessage(CB_SETCURSEL, indexParameter(index)));
+}
+int CComboBox::AddString(LPCSTR text) {
+    return static_cast<int>(SendMessage(CB_ADDSTRING, 0, textParameter(text)));
+}
+int CComboBox::InsertString(int index, LPCSTR text) {
+    return static_cast<int>(SendMessage(CB_INSERTSTRING, indexParameter(index), textParameter(text)));
+}
+int CComboBox::DeleteString(UINT index) {
+    return static_cast<int>(SendMessage(CB_DELETESTRING, index));
+}
+void CComboBox::ResetContent() {
+    SendMessage(CB_RESETCONTENT);
+}
+int CComboBox::FindString(int startAfter, LPCSTR text) const {
+    return static_cast<int>(SendMessage(CB_FINDSTRING, indexParameter(startAfter), textParameter(text)));
+}
+int CComboBox::FindStringExact(int startAfter, LPCSTR text) const {
+    return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, indexParameter(startAfter), textParameter(text)));
+}
+int CComboBox::SelectString(int startAfter, LPCSTR text) {
+    return static_cast<int>(SendMessage(CB_SELECTSTRING, indexParameter(startAfter), textParameter(text)));
+}
+int CComboBox::GetLBText(int index, LPSTR buffer) const {
+    return static_cast<int>(SendMessage(CB_GETLBTEXT, indexParameter(index), textParameter(buffer)));
+}
+void CComboBox::GetLBText(int index, CString& text) const {
+    text = itemText(*this, index, CB_GETLBTEXTLEN, CB_GETLBTEXT);
+}
+int CComboBox::GetLBTextLen(int index) const {
+    return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, indexParameter(index)));
+}
+DWORD_PTR CComboBox::GetItemData(int index) const {
+    return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, indexParameter(index)));
+}
+int CComboBox::SetItemData(int index, DWORD_PTR data) {
+    return static_cast<int>(SendMessage(CB_SETITEMDATA, indexParameter(index), static_cast<LPARAM>(data)));
+}
+int CComboBox::SetItemHeight(int index, UINT height) {
+    return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, indexParameter(index), static_cast<LPARAM>(height)));
+}
+int CComboBox::GetItemHeight(int index) const {
+    return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, indexParameter(index)));
+}
+BOOL CComboBox::LimitText(int maxLength) {
+    return SendMessage(CB_LIMITTEXT, static_cast<WPARAM>(maxLength)) != 0;
+}
+BOOL CComboBox::SetEditSel(int start, int end) {
+    return SendMessage(CB_SETEDITSEL, 0, MAKELONG(start, end)) != 0;
+}
+void CComboBox::ShowDropDown(BOOL show) {
+    SendMessage(CB_SHOWDROPDOWN, static_cast<WPARAM>(show));
+}
+BOOL CComboBox::GetDroppedState() const {
+    return SendMessage(CB_GETDROPPEDSTATE) != 0;
+}
+
+int CTabCtrl::GetItemCount() const {
+    return static_cast<int>(SendMessage(TCM_GETITEMCOUNT));
+}
+int CTabCtrl::GetCurSel() const {
+    return static_cast<int>(SendMessage(TCM_GETCURSEL));
+}
+int CTabCtrl::SetCurSel(int index) {
+    return static_cast<int>(SendMessage(TCM_SETCURSEL, indexParameter(index)));
+}
+BOOL CTabCtrl::GetItem(int index, TCITEMA* item) const {
+    return SendMessage(TCM_GETITEMA, indexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
+}

@@ -1,0 +1,105 @@
+#include "framework/dialog.h"
+
+#include "framework/dialog_template.h"
+#include "framework/exception.h"
+#include "framework/message_routing.h"
+#include "framework/modal_owner.h"
+#include "framework/module_state.h"
+
+IMPLEMENT_DYNAMIC(CDialog, CWnd)
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_COMMAND(IDOK, &CDialog::OnOK)
+ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+ON_MESSAGE(WM_INITDIALOG, &CDialog::HandleInitDialog)
+END_MESSAGE_MAP()
+
+INT_PTR CALLBACK AfxDlgProc(HWND window, UINT message, WPARAM, LPARAM) {
+    if (message != WM_INITDIALOG) {
+        return FALSE;
+    }
+    CDialog* dialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(window));
+    return dialog != nullptr ? dialog->OnInitDialog() : TRUE;
+}
+
+CDialog::CDialog(UINT templateId, CWnd* parent) : m_nIDTemplate(templateId), m_pParentWnd(parent) {}
+
+CDialog::~CDialog() {
+    // Here, while the object is still a dialog, so that the last messages find this class's handlers.
+    CDialog::DestroyWindow();
+}
+
+BOOL CDialog::CreateFromTemplate(const DLGTEMPLATE* dialogTemplate, HWND parent) {
+    if (dialogTemplate == nullptr) {
+        return FALSE;
+    }
+    AfxHookWindowCreate(this);
+    const HWND dialog = CreateDialogIndirectParamA(AfxGetInstanceHandle(), dialogTemplate, parent, AfxDlgProc, 0);
+    AfxUnhookWindowCreate();
+    if (m_hWnd != nullptr && AfxTemplateLeavesPlace(dialogTemplate)) {
+        CenterWindow();
+    }
+    return dialog != nullptr && m_hWnd != nullptr;
+}
+
+BOOL CDialog::Create(UINT templateId, CWnd* parent) {
+    m_nIDTemplate = templateId;
+    return CreateFromTemplate(AfxLoadDialogTemplate(templateId), AfxSafeHandle(parent));
+}
+
+BOOL CDialog::CreateIndirect(const DLGTEMPLATE* dialogTemplate, CWnd* parent) {
+    return CreateFromTemplate(dialogTemplate, AfxSafeHandle(parent));
+}
+
+INT_PTR CDialog::DoModal() {
+    const DLGTEMPLATE* dialogTemplate = AfxLoadDialogTemplate(m_nIDTemplate);
+    if (dialogTemplate == nullptr) {
+        return -1;
+    }
+    AfxModalOwner owner(m_pParentWnd);
+    m_nModalResult = -1;
+    m_continueModal = true;
+    // The initialisation may have ended the dialog already.
+    if (CreateFromTemplate(dialogTemplate, owner.Handle()) && ContinueModal()) {
+        RunModalLoop(MLF_SHOWONIDLE);
+    }
+    m_continueModal = false;
+    owner.CloseModal(*this);
+    return m_nModalResult;
+}
+
+void CDialog::EndDialog(int result) {
+    EndModalLoop(result);
+}
+
+LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
+    // The default processing reaches the dialog procedure, and that OnInitDialog.
+    return Default();
+}
+
+BOOL CDialog::OnInitDialog() {
+    if (m_nIDTemplate != 0) {
+        AfxExecuteDialogInit(m_hWnd, m_nIDTemplate);
+    }
+    if (!UpdateData(FALSE)) {
+        EndDialog(-1);
+        return FALSE;
+    }
+    return TRUE;
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(TRUE)) {
+        EndDialog(IDOK);
+    }
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* message) {
+    const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
+    return (isKey || isMouse) && ::IsDialogMessageA(m_hWnd, message);
+}

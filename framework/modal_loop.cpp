@@ -1,0 +1,165 @@
+// Modal loops: pumping messages until a window ends its loop, and the owner that is disabled meanwhile.
+
+#include <utility>
+
+#include "framework/application.h"
+#include "framework/message_routing.h"
+#include "framework/modal_owner.h"
+#include "framework/window.h"
+
+namespace {
+
+class ModalDepth {
+public:
+    ModalDepth() { ++AfxGetRoutingState().modalDepth; }
+    ~ModalDepth() { --AfxGetRoutingState().modalDepth; }
+    ModalDepth(const ModalDepth&) = delete;
+    ModalDepth& operator=(const ModalDepth&) = delete;
+};
+
+bool isChildWindow(HWND window) {
+    return (::GetWindowLongPtrA(window, GWL_STYLE) & WS_CHILD) != 0;
+}
+
+// Offers a message to the window objects from its window up to the top-level window.
+bool preTranslate(MSG* message) {
+    for (HWND window = message->hwnd; window != nullptr; window = ::GetParent(window)) {
+        CWnd* object = CWnd::FromHandlePermanent(window);
+        if (object != nullptr && object->PreTranslateMessage(message)) {
+            return true;
+        }
+        if (!isChildWindow(window)) {
+            return false;
+        }
+    }
+    return false;
+}
+
+// Runs one message; false when it was the one to quit.
+bool pumpMessage(MSG* message) {
+    if (::GetMessageA(message, nullptr, 0, 0) <= 0) {
+        return false;
+    }
+    if (!preTranslate(message)) {
+        ::TranslateMessage(message);
+        ::DispatchMessageA(message);
+    }
+    return true;
+}
+
+// Painting and pointing leave nothing behind that would be worth an idle round.
+bool causesIdle(const MSG& message) {
+    return message.message != WM_PAINT && message.message != WM_MOUSEMOVE;
+}
+
+}  // namespace
+
+int CWnd::RunModalLoop(DWORD flags) {
+    const ModalDepth depth;
+    bool showWhenIdle = (flags & MLF_SHOWONIDLE) != 0 && !IsWindowVisible();
+    bool idle = true;
+    m_continueModal = true;
+    while (ContinueModal()) {
+        MSG message;
+        if (idle && !::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+            idle = false;
+            if (showWhenIdle) {
+                showWhenIdle = false;
+                ShowWindow(SW_SHOWNORMAL);
+                UpdateWindow();
+            }
+            const HWND owner = ::GetParent(m_hWnd);
+            if (owner != nullptr && (flags & MLF_NOIDLEMSG) == 0) {
+                ::SendMessageA(owner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+            }
+            // Handlers further out may hold temporary objects while an inner loop runs.
+            if (AfxGetRoutingState().modalDepth == 1) {
+                DeleteTempMap();
+            }
+            continue;
+        }
+        if (!pumpMessage(&message)) {
+            // Whoever runs the outer loop must see the message too.
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            m_nModalResult = -1;
+            break;
+        }
+        idle = idle || causesIdle(message);
+    }
+    m_continueModal = false;
+    return m_nModalResult;
+}
+
+BOOL CWnd::ContinueModal() {
+    return m_continueModal;
+}
+
+void CWnd::EndModalLoop(int result) {
+    m_nModalResult = result;
+    if (m_continueModal) {
+        m_continueModal = false;
+        // The loop may be waiting for a message.
+        PostMessage(WM_NULL);
+    }
+}
+
+BOOL CWnd::PreTranslateMessage(MSG*) {
+    return FALSE;
+}
+
+CWnd* CWnd::GetSafeOwner(CWnd* parent, HWND* topLevel) {
+    HWND owner = AfxSafeHandle(parent != nullptr ? parent : AfxGetMainWnd());
+    while (owner != nullptr && isChildWindow(owner)) {
+        owner = ::GetParent(owner);
+    }
+    HWND top = owner;
+    for (HWND above = owner; above != nullptr; above = ::GetParent(above)) {
+        top = above;
+    }
+    if (parent == nullptr && owner != nullptr) {
+        owner = ::GetLastActivePopup(owner);
+    }
+    if (topLevel != nullptr) {
+        const bool disable = top != nullptr && top != owner && ::IsWindowEnabled(top);
+        *topLevel = disable ? top : nullptr;
+        if (disable) {
+            ::EnableWindow(top, FALSE);
+        }
+    }
+    return FromHandle(owner);
+}
+
+AfxModalOwner::AfxModalOwner(CWnd* parent) : m_owner(AfxSafeHandle(CWnd::GetSafeOwner(parent, &m_topLevel))) {
+    if (m_owner == ::GetDesktopWindow()) {
+        m_owner = nullptr;
+    }
+    m_ownerDisabled = m_owner != nullptr && ::IsWindowEnabled(m_owner);
+    if (m_ownerDisabled) {
+        ::EnableWindow(m_owner, FALSE);
+    }
+}
+
+void AfxModalOwner::EnableOwner() {
+    if (std::exchange(m_ownerDisabled, false)) {
+        ::EnableWindow(m_owner, TRUE);
+    }
+    if (m_topLevel != nullptr) {
+        ::EnableWindow(std::exchange(m_topLevel, nullptr), TRUE);
+    }
+}
+
+void AfxModalOwner::CloseModal(CWnd& modal) {
+    if (modal.m_hWnd == nullptr) {
+        return;
+    }
+    HWND& closing = AfxGetRoutingState().closingWindow;
+    const HWND former = std::exchange(closing, modal.m_hWnd);
+    const bool handOver = m_ownerDisabled && ::GetActiveWindow() == modal.m_hWnd;
+    // Before the window goes, since the system would otherwise pass the activation to some other window.
+    EnableOwner();
+    if (handOver) {
+        ::SetActiveWindow(m_owner);
+    }
+    modal.DestroyWindow();
+    closing = former;
+}

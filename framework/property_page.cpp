@@ -1,0 +1,108 @@
+#include "framework/property_page.h"
+
+#include "framework/exception.h"
+#include "framework/message_routing.h"
+#include "framework/property_sheet.h"
+
+IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
+
+BEGIN_MESSAGE_MAP(CPropertyPage, CDialog)
+END_MESSAGE_MAP()
+
+// Called by the system just before it creates a page's window, which becomes the object's, and when it forgets the
+// page.
+UINT CALLBACK AfxPropPageCallback(HWND, UINT message, PROPSHEETPAGEA* page) {
+    if (message == PSPCB_CREATE) {
+        CPropertyPage* object = reinterpret_cast<CPropertyPage*>(page->lParam);
+        object->m_firstSetActive = true;
+        AfxHookWindowCreate(object);
+    }
+    return TRUE;
+}
+
+CPropertyPage::CPropertyPage(UINT templateId, UINT captionId) : CDialog(templateId), m_psp() {
+    m_psp.dwSize = sizeof m_psp;
+    m_psp.dwFlags = PSP_USECALLBACK;
+    m_psp.pszTemplate = MAKEINTRESOURCEA(templateId);
+    m_psp.pfnDlgProc = AfxDlgProc;
+    m_psp.lParam = reinterpret_cast<LPARAM>(this);
+    m_psp.pfnCallback = AfxPropPageCallback;
+    if (captionId != 0 && m_strCaption.LoadString(captionId)) {
+        m_psp.dwFlags |= PSP_USETITLE;
+    }
+}
+
+BOOL CPropertyPage::OnSetActive() {
+    if (!m_firstSetActive) {
+        UpdateData(FALSE);
+    }
+    m_firstSetActive = false;
+    return TRUE;
+}
+
+BOOL CPropertyPage::OnKillActive() {
+    return UpdateData(TRUE);
+}
+
+BOOL CPropertyPage::OnApply() {
+    OnOK();
+    return TRUE;
+}
+
+void CPropertyPage::OnReset() {
+    OnCancel();
+}
+
+BOOL CPropertyPage::OnQueryCancel() {
+    return TRUE;
+}
+
+void CPropertyPage::OnOK() {}
+
+void CPropertyPage::OnCancel() {}
+
+void CPropertyPage::SetModified(BOOL changed) {
+    if (m_hWnd != nullptr) {
+        ::SendMessageA(::GetParent(m_hWnd), changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd), 0);
+    }
+}
+
+// The sheet translates keys for its pages.
+BOOL CPropertyPage::PreTranslateMessage(MSG*) {
+    return FALSE;
+}
+
+void CPropertyPage::EndDialog(int result) {
+    if (CPropertySheet* sheet = DYNAMIC_DOWNCAST(CPropertySheet, GetParent())) {
+        sheet->EndDialog(result);
+    }
+}
+
+BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (CDialog::OnNotify(wParam, lParam, result)) {
+        return TRUE;
+    }
+    const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
+    if (header->hwndFrom != m_hWnd && header->hwndFrom != ::GetParent(m_hWnd)) {
+        return FALSE;
+    }
+    switch (header->code) {
+        case PSN_SETACTIVE:
+            *result = OnSetActive() ? 0 : -1;
+            return TRUE;
+        case PSN_KILLACTIVE:
+            *result = OnKillActive() ? FALSE : TRUE;
+            return TRUE;
+        case PSN_APPLY:
+            *result = OnApply() ? PSNRET_NOERROR : PSNRET_INVALID_NOCHANGEPAGE;
+            return TRUE;
+        case PSN_RESET:
+            OnReset();
+            return TRUE;
+        case PSN_QUERYCANCEL:
+            *result = OnQueryCancel() ? FALSE : TRUE;
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}

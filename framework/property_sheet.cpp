@@ -1,0 +1,209 @@
+#include "framework/property_sheet.h"
+
+#include <algorithm>
+
+#include "framework/message_routing.h"
+#include "framework/modal_owner.h"
+#include "framework/module_state.h"
+
+IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
+
+BEGIN_MESSAGE_MAP(CPropertySheet, CWnd)
+ON_WM_CLOSE()
+ON_WM_SYSCOMMAND()
+ON_MESSAGE(WM_INITDIALOG, &CPropertySheet::HandleInitDialog)
+ON_MESSAGE(PSM_PRESSBUTTON, &CPropertySheet::OnPressButton)
+END_MESSAGE_MAP()
+
+namespace {
+
+// The low four bits of a system command are the system's own.
+constexpr UINT kSystemCommandMask = 0xFFF0;
+
+HPROPSHEETPAGE makePage(CPropertyPage& page) {
+    page.m_psp.hInstance = AfxGetResourceHandle();
+    return CreatePropertySheetPageA(&page.m_psp);
+}
+
+}  // namespace
+
+CPropertySheet::CPropertySheet(CWnd* parent, UINT firstPage) : m_psh(), m_pParentWnd(parent) {
+    m_psh.dwSize = sizeof m_psh;
+    m_psh.nStartPage = firstPage;
+}
+
+CPropertySheet::CPropertySheet(UINT captionId, CWnd* parent, UINT firstPage) : CPropertySheet(parent, firstPage) {
+    m_strCaption.LoadString(captionId);
+}
+
+CPropertySheet::CPropertySheet(LPCSTR caption, CWnd* parent, UINT firstPage) : CPropertySheet(parent, firstPage) {
+    m_strCaption = caption;
+}
+
+CPropertySheet::~CPropertySheet() {
+    // Here, while the object is still a sheet, so that the last messages find this class's handlers.
+    CPropertySheet::DestroyWindow();
+}
+
+void CPropertySheet::AddPage(CPropertyPage* page) {
+    m_pages.push_back(page);
+    if (m_hWnd != nullptr) {
+        SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(makePage(*page)));
+    }
+}
+
+void CPropertySheet::RemovePage(CPropertyPage* page) {
+    RemovePage(GetPageIndex(page));
+}
+
+void CPropertySheet::RemovePage(int index) {
+    if (GetPage(index) == nullptr) {
+        return;
+    }
+    if (m_hWnd != nullptr) {
+        SendMessage(PSM_REMOVEPAGE, static_cast<WPARAM>(index), 0);
+    }
+    m_pages.erase(m_pages.begin() + index);
+}
+
+CPropertyPage* CPropertySheet::GetPage(int index) const {
+    return index >= 0 && index < GetPageCount() ? m_pages[static_cast<size_t>(index)] : nullptr;
+}
+
+int CPropertySheet::GetPageIndex(const CPropertyPage* page) const {
+    const auto found = std::find(m_pages.begin(), m_pages.end(), page);
+    return found != m_pages.end() ? static_cast<int>(found - m_pages.begin()) : -1;
+}
+
+CPropertyPage* CPropertySheet::GetActivePage() const {
+    if (m_hWnd == nullptr) {
+        return GetPage(GetActiveIndex());
+    }
+    const HWND page = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
+    return DYNAMIC_DOWNCAST(CPropertyPage, FromHandlePermanent(page));
+}
+
+int CPropertySheet::GetActiveIndex() const {
+    return m_hWnd != nullptr ? GetTabControl()->GetCurSel() : static_cast<int>(m_psh.nStartPage);
+}
+
+BOOL CPropertySheet::SetActivePage(int index) {
+    if (GetPage(index) == nullptr) {
+        return FALSE;
+    }
+    if (m_hWnd == nullptr) {
+        m_psh.nStartPage = static_cast<UINT>(index);
+        return TRUE;
+    }
+    return SendMessage(PSM_SETCURSEL, static_cast<WPARAM>(index), 0) != 0;
+}
+
+BOOL CPropertySheet::SetActivePage(CPropertyPage* page) {
+    return SetActivePage(GetPageIndex(page));
+}
+
+CTabCtrl* CPropertySheet::GetTabControl() const {
+    const HWND tab = reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL));
+    return static_cast<CTabCtrl*>(FromHandle(tab));
+}
+
+BOOL CPropertySheet::PressButton(int button) {
+    return PostMessage(PSM_PRESSBUTTON, static_cast<WPARAM>(button));
+}
+
+// The pages' handles are owned by the sheet that the system makes of them.
+HWND CPropertySheet::CreateSheet(HWND owner) {
+    std::vector<HPROPSHEETPAGE> handles;
+    for (CPropertyPage* page : m_pages) {
+        handles.push_back(makePage(*page));
+    }
+    PROPSHEETHEADERA header = m_psh;
+    // Modeless to the system: this object disables the owner and runs the loop.
+    header.dwFlags |= PSH_MODELESS;
+    header.hwndParent = owner;
+    header.hInstance = AfxGetResourceHandle();
+    header.pszCaption = m_strCaption;
+    header.nPages = static_cast<UINT>(handles.size());
+    header.phpage = handles.data();
+    AfxHookWindowCreate(this);
+    PropertySheetA(&header);
+    AfxUnhookWindowCreate();
+    // Null when it failed or the window is gone again.
+    return m_hWnd;
+}
+
+INT_PTR CPropertySheet::DoModal() {
+    AfxModalOwner owner(m_pParentWnd);
+    m_nModalResult = 0;
+    m_continueModal = true;
+    INT_PTR result = -1;
+    if (CreateSheet(owner.Handle()) != nullptr) {
+        result = ContinueModal() ? RunModalLoop(MLF_SHOWONIDLE) : m_nModalResult;
+    }
+    m_continueModal = false;
+    owner.CloseModal(*this);
+    return result;
+}
+
+void CPropertySheet::EndDialog(int result) {
+    EndModalLoop(result);
+}
+
+// The system has no current page any more once it has accepted or cancelled the sheet.
+BOOL CPropertySheet::ContinueModal() {
+    return CWnd::ContinueModal() && SendMessage(PSM_GETCURRENTPAGEHWND) != 0;
+}
+
+LRESULT CPropertySheet::HandleInitDialog(WPARAM, LPARAM) {
+    return OnInitDialog();
+}
+
+BOOL CPropertySheet::OnInitDialog() {
+    const BOOL result = static_cast<BOOL>(Default());
+    CenterWindow();
+    return result;
+}
+
+BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
+    const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
+    return (isKey || isMouse) && SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(message)) != 0;
+}
+
+BOOL CPropertySheet::OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (CWnd::OnCommand(wParam, lParam)) {
+        return TRUE;
+    }
+    constexpr LRESULT kButtonCodes = DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+    const HWND control = reinterpret_cast<HWND>(lParam);
+    if (control == nullptr || HIWORD(wParam) != BN_CLICKED ||
+        (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & kButtonCodes) == 0) {
+        return FALSE;
+    }
+    // Asks or applies the pages, and ends the sheet unless one of them refuses.
+    Default();
+    m_nModalResult = LOWORD(wParam);
+    return TRUE;
+}
+
+// Systems differ in whether a press by message passes through WM_COMMAND, where the result is noted; here it does.
+LRESULT CPropertySheet::OnPressButton(WPARAM button, LPARAM) {
+    const int id = button == PSBTN_OK ? IDOK : button == PSBTN_CANCEL ? IDCANCEL : 0;
+    if (id == 0) {
+        return Default();
+    }
+    const HWND control = ::GetDlgItem(m_hWnd, id);
+    return SendMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(control));
+}
+
+void CPropertySheet::OnClose() {
+    m_nModalResult = IDCANCEL;
+    Default();
+}
+
+void CPropertySheet::OnSysCommand(UINT id, LPARAM) {
+    if ((id & kSystemCommandMask) == SC_CLOSE) {
+        m_nModalResult = IDCANCEL;
+    }
+    Default();
+}
