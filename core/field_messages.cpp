@@ -1,0 +1,28 @@
+// The messages of the field checks.
+#include "core/field_messages.h"
+
+#include "resources/resource.h"
+
+CString LoadText(UINT id) {
+    CString text;
+    text.LoadString(id);
+    return text;
+}
+
+CString InvalidCharacterMessage(char character) {
+    CString message = LoadText(IDS_IS_INVALID);
+    message.Insert(0, character);
+    return message;
+}
+
+void ReportFieldError(CWnd* owner, LPCSTR message, UINT captionId, CWnd* control) {
+    owner->MessageBox(message, LoadText(captionId), MB_OK | MB_ICONEXCLAMATION);
+    if (control != nullptr) {
+        control->SetFocus();
+    }
+}
+
+void SelectWholeText(CWnd* control) {
+    control->SendMessage(EM_SETSEL, 0, control->GetWindowTextLength());
+    control->SendMessage(EM_SCROLLCARET);
+}

@@ -1,0 +1,91 @@
+// The settings sheet.
+#include "core/projdescr.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "resources/resource.h"
+
+// The library's one application object, without a name, so the framework calls it as the module's file. The sheet
+// borrows this name; the host's application is never touched.
+static CWinApp g_application;
+
+namespace {
+
+void CopyText(char* buffer, const CString& text) {
+    std::memcpy(buffer, text.GetString(), static_cast<size_t>(text.GetLength()) + 1);
+}
+
+}  // namespace
+
+IMPLEMENT_DYNAMIC(projdescr, CPropertySheet)
+
+BEGIN_MESSAGE_MAP(projdescr, CPropertySheet)
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+projdescr::projdescr(UINT captionId, CWnd* parent, UINT firstPage) : CSettingsSheet(captionId, parent, firstPage) {
+    BorrowApplicationName();
+}
+
+projdescr::projdescr(LPCSTR caption, CWnd* parent, UINT firstPage) : CSettingsSheet(caption, parent, firstPage) {
+    BorrowApplicationName();
+}
+
+projdescr::~projdescr() {
+    // The buffer is at least as long as it was when the name was saved from it.
+    CopyText(g_application.m_pszAppName, m_strSavedAppName);
+}
+
+// While the sheet lives, message boxes without a caption of their own say what they are about: a wrong value.
+void projdescr::BorrowApplicationName() {
+    CString caption;
+    if (!caption.LoadString(IDS_VALUE_ERROR)) {
+        AfxMessageBox("Error Loading String: IDS_VALUE_ERROR");
+    }
+    m_strSavedAppName = g_application.m_pszAppName;
+    if (m_strSavedAppName.GetLength() < caption.GetLength()) {
+        char* longer = static_cast<char*>(std::malloc(static_cast<size_t>(caption.GetLength()) + 2));
+        if (longer == nullptr) {
+            return;
+        }
+        std::free(g_application.m_pszAppName);
+        g_application.m_pszAppName = longer;
+    }
+    CopyText(g_application.m_pszAppName, caption);
+}
+
+void projdescr::AddLoadedPage(CSettingsPage& page) {
+    page.LoadSettings(m_pHostSettings);
+    AddPage(&page);
+}
+
+INT_PTR projdescr::DoModal() {
+    m_psh.dwFlags |= PSH_NOAPPLYNOW;
+    AddLoadedPage(m_pageCircuit);
+    if (m_bOptionalPages != 0) {
+        m_nBetPrefix = GetSettingNumber(m_pHostSettings, "BET_PREFIX");
+        m_nCoordBet = GetSettingNumber(m_pHostSettings, "COORD_BET");
+    }
+    m_nDrwMode = GetSettingNumber(m_pHostSettings, "DRW_MODE");
+    return CPropertySheet::DoModal();
+}
+
+BOOL projdescr::OnInitDialog() {
+    const BOOL result = CPropertySheet::OnInitDialog();
+    CWnd* cancel = GetDlgItem(IDCANCEL);
+    CString caption;
+    if (m_bEditable != 0) {
+        caption.LoadString(IDS_CANCEL);
+    } else {
+        GetDlgItem(IDOK)->ShowWindow(SW_HIDE);
+        caption.LoadString(IDS_CLOSE);
+    }
+    cancel->SetWindowText(caption);
+    SetWindowPos(&wndTopMost, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
+    return result;
+}
+
+int projdescr::OnCreate(LPCREATESTRUCT createStruct) {
+    return CPropertySheet::OnCreate(createStruct) == -1 ? -1 : 0;
+}

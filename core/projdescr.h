@@ -1,0 +1,32 @@
+// projdescr: the settings sheet. It owns the pages, loads them, and lends the framework's message boxes its caption.
+#pragma once
+
+#include "core/settings_sheet.h"
+#include "pages/circuit/dlgcircuit.h"
+
+class projdescr : public CSettingsSheet {
+    DECLARE_DYNAMIC(projdescr)
+    DECLARE_MESSAGE_MAP()
+
+public:
+    // The parent may be null. The fields m_nDesignationOption, m_pHostSettings and m_nHostMode, which the constructors
+    // leave alone, must be set before DoModal.
+    projdescr(UINT captionId, CWnd* parent, UINT firstPage);
+    projdescr(LPCSTR caption, CWnd* parent, UINT firstPage);
+    ~projdescr() override;
+
+    // Loads every page from the host's store, adds it, and runs the sheet. Returns 1 for OK, 2 for Cancel.
+    INT_PTR DoModal() override;
+    BOOL OnInitDialog() override;
+
+protected:
+    afx_msg int OnCreate(LPCREATESTRUCT createStruct);
+
+private:
+    void BorrowApplicationName();
+    void AddLoadedPage(CSettingsPage& page);
+
+    dlgcircuit m_pageCircuit;
+    // The application's name as it was before the sheet replaced it.
+    CString m_strSavedAppName;
+};
