@@ -1,0 +1,225 @@
+// Checks look and compare; they change nothing and send no input.
+
+#include "automation/checks.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <array>
+#include <cstdio>
+
+#include "automation/finder.h"
+
+namespace automation {
+namespace {
+
+// A control's text and lists reach 64 KiB; a failure line shows them whole, as the one place to see the difference.
+std::string QuoteAll(const std::vector<std::string>& texts) {
+    std::string all;
+    for (const std::string& text : texts) {
+        all += (all.empty() ? "" : " ") + Quote(text);
+    }
+    return all.empty() ? "nothing" : all;
+}
+
+std::vector<std::string> ExpandAll(const Stage& stage, const std::vector<Argument>& arguments, size_t first) {
+    std::vector<std::string> texts;
+    for (size_t i = first; i < arguments.size(); ++i) {
+        texts.push_back(ExpandText(stage, arguments[i].text));
+    }
+    return texts;
+}
+
+void ExpectEqualTexts(const std::string& what, const std::vector<std::string>& expected,
+                      const std::vector<std::string>& got) {
+    if (expected != got) {
+        FailExpectation(what + " " + QuoteAll(expected), QuoteAll(got));
+    }
+}
+
+void ExpectEqual(const std::string& what, LRESULT expected, LRESULT got) {
+    if (expected != got) {
+        FailExpectation(what + " " + std::to_string(expected), std::to_string(got));
+    }
+}
+
+// One check for each property of a control that holds or not, and its opposite.
+void ExpectState(const Stage& stage, const Command& command, bool expected, bool (*holds)(HWND), const char* ifTrue,
+                 const char* ifFalse) {
+    const Argument& id = command.arguments[0];
+    const bool got = holds(ControlOf(stage, id));
+    if (got != expected) {
+        FailExpectation("control " + id.text + " " + (expected ? ifTrue : ifFalse), got ? ifTrue : ifFalse);
+    }
+}
+
+bool IsChecked(HWND control) {
+    return SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+bool IsEnabled(HWND control) {
+    return IsWindowEnabled(control) != FALSE;
+}
+
+bool IsVisible(HWND control) {
+    return IsWindowVisible(control) != FALSE;
+}
+
+std::string DescribeFocus() {
+    HWND focus = GetFocus();
+    if (focus == nullptr) {
+        return "no focus";
+    }
+    // Inside a combo box it is the box that has the id that a scenario knows.
+    if (HWND parent = GetParent(focus); parent != nullptr && ClassOf(parent) == "ComboBox") {
+        focus = parent;
+    }
+    return std::to_string(GetDlgCtrlID(focus));
+}
+
+std::string DescribeColour(int red, int green, int blue) {
+    return std::to_string(red) + " " + std::to_string(green) + " " + std::to_string(blue);
+}
+
+void ExpectComboBox(HWND control, const Argument& id) {
+    if (ClassOf(control) != "ComboBox") {
+        FailExpectation("control " + id.text + " to be a combo box", "class " + ClassOf(control));
+    }
+}
+
+}  // namespace
+
+void ExpectText(Stage& stage, const Command& command) {
+    const std::string expected = ExpandText(stage, command.arguments[1].text);
+    const std::string got = TextOf(ControlOf(stage, command.arguments[0]));
+    ExpectEqualTexts("text of " + command.arguments[0].text, {expected}, {got});
+}
+
+void ExpectChecked(Stage& stage, const Command& command) {
+    ExpectState(stage, command, true, IsChecked, "checked", "unchecked");
+}
+
+void ExpectUnchecked(Stage& stage, const Command& command) {
+    ExpectState(stage, command, false, IsChecked, "checked", "unchecked");
+}
+
+void ExpectEnabled(Stage& stage, const Command& command) {
+    ExpectState(stage, command, true, IsEnabled, "enabled", "disabled");
+}
+
+void ExpectDisabled(Stage& stage, const Command& command) {
+    ExpectState(stage, command, false, IsEnabled, "enabled", "disabled");
+}
+
+void ExpectVisible(Stage& stage, const Command& command) {
+    ExpectState(stage, command, true, IsVisible, "visible", "hidden");
+}
+
+void ExpectHidden(Stage& stage, const Command& command) {
+    ExpectState(stage, command, false, IsVisible, "visible", "hidden");
+}
+
+void ExpectFocus(Stage& stage, const Command& command) {
+    if (!HasFocus(ControlOf(stage, command.arguments[0]))) {
+        FailExpectation("focus on " + command.arguments[0].text, DescribeFocus());
+    }
+}
+
+void ExpectItems(Stage& stage, const Command& command) {
+    HWND combo = ControlOf(stage, command.arguments[0]);
+    ExpectComboBox(combo, command.arguments[0]);
+    ExpectEqualTexts("items of " + command.arguments[0].text, ExpandAll(stage, command.arguments, 1),
+                     ComboEntries(combo));
+}
+
+void ExpectCount(Stage& stage, const Command& command) {
+    HWND combo = ControlOf(stage, command.arguments[0]);
+    ExpectComboBox(combo, command.arguments[0]);
+    ExpectEqual("count of " + command.arguments[0].text, command.arguments[1].Number(),
+                SendMessageA(combo, CB_GETCOUNT, 0, 0));
+}
+
+void ExpectSelection(Stage& stage, const Command& command) {
+    HWND combo = ControlOf(stage, command.arguments[0]);
+    ExpectComboBox(combo, command.arguments[0]);
+    ExpectEqual("selection of " + command.arguments[0].text, command.arguments[1].Number(),
+                SendMessageA(combo, CB_GETCURSEL, 0, 0));
+}
+
+void ExpectTabs(Stage& stage, const Command& command) {
+    ExpectEqualTexts("tabs", ExpandAll(stage, command.arguments, 0), TabCaptions(TabsOf(stage)));
+}
+
+void ExpectTab(Stage& stage, const Command& command) {
+    HWND tabs = TabsOf(stage);
+    const std::vector<std::string> captions = TabCaptions(tabs);
+    const auto current = static_cast<size_t>(SendMessageA(tabs, TCM_GETCURSEL, 0, 0));
+    ExpectEqualTexts("tab", {command.arguments[0].text}, {current < captions.size() ? captions[current] : ""});
+}
+
+void ExpectCaption(Stage& stage, const Command& command) {
+    ExpectEqualTexts("caption", {ExpandText(stage, command.arguments[0].text)}, {TextOf(stage.front)});
+}
+
+void ExpectPixel(Stage& stage, const Command& command) {
+    HWND control = ControlOf(stage, command.arguments[0]);
+    std::array<int, 5> numbers{};
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        numbers[i] = command.arguments[i + 1].Number();
+    }
+    const auto [x, y, red, green, blue] = numbers;
+    HDC dc = GetDC(control);
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(control, dc);
+    if (colour == CLR_INVALID) {
+        FailExpectation("a pixel " + std::to_string(x) + " " + std::to_string(y) + " of " + command.arguments[0].text,
+                        "none there");
+    }
+    const std::string expected = DescribeColour(red, green, blue);
+    const std::string got = DescribeColour(GetRValue(colour), GetGValue(colour), GetBValue(colour));
+    if (expected != got) {
+        FailExpectation("pixel " + expected, got);
+    }
+}
+
+// A box in front has failed any command before it is carried out.
+void ExpectNoBox(Stage& /*stage*/, const Command& /*command*/) {}
+
+void ExpectResult(Stage& stage, const Command& command) {
+    if (!stage.lastResult) {
+        FailExpectation("result " + command.arguments[0].text, "no run yet");
+    }
+    ExpectEqual("result", command.arguments[0].Number(), *stage.lastResult);
+}
+
+void ExpectStore(Stage& stage, const Command& command) {
+    const std::optional<std::string> got = stage.store.Find(command.arguments[0].text);
+    const Argument& value = command.arguments[1];
+    const bool missing = value.kind == Argument::Kind::Word;
+    const std::string expected = ExpandText(stage, value.text);
+    if (missing ? got.has_value() : got != expected) {
+        FailExpectation(command.arguments[0].text + " " + (missing ? "missing" : Quote(expected)),
+                        got ? Quote(*got) : "missing");
+    }
+}
+
+void ExpectChanged(Stage& stage, const Command& command) {
+    const std::optional<bool> got = stage.store.IsChanged(command.arguments[0].text);
+    if (!got) {
+        FailExpectation("a record " + command.arguments[0].text, "none");
+    }
+    ExpectEqual("changed flag of " + command.arguments[0].text, command.arguments[1].Number(), *got ? 1 : 0);
+}
+
+void ExpectRecords(Stage& stage, const Command& command) {
+    ExpectEqual("records", command.arguments[0].Number(), stage.store.Count());
+}
+
+void ExpectUnchanged(Stage& stage, const Command& /*command*/) {
+    if (stage.store.Snapshot() != stage.snapshotAtOpen) {
+        FailExpectation("the store as it was at open", "it changed");
+    }
+}
+
+}  // namespace automation

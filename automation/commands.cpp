@@ -1,0 +1,70 @@
+// The table of commands.
+
+#include "automation/commands.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "automation/actions.h"
+#include "automation/checks.h"
+
+namespace automation {
+namespace {
+
+constexpr CommandRow kCommands[] = {
+    {"given", "kt", When::BetweenRuns, Kind::Action, Given},
+    {"clear", "", When::BetweenRuns, Kind::Action, ClearStore},
+    {"file", "tt", When::Always, Kind::Action, CreateScratchFile},
+    {"open", "o*", When::BetweenRuns, Kind::Action, Open},
+
+    {"tab", "t", When::DuringRun, Kind::Action, ClickTab},
+    {"click", "n", When::DuringRun, Kind::Action, Click},
+    {"focus", "n", When::DuringRun, Kind::Action, Focus},
+    {"type", "nt", When::DuringRun, Kind::Action, TypeInto},
+    {"keys", "t", When::DuringRun, Kind::Action, TypeKeys},
+    {"press", "p", When::DuringRun, Kind::Action, PressKey},
+    {"select", "ne", When::DuringRun, Kind::Action, Select},
+    {"answer", "tt", When::DuringRunOrBox, Kind::Check, Answer},
+    {"ok", "", When::DuringRun, Kind::Action, PressOk},
+    {"cancel", "", When::DuringRun, Kind::Action, PressCancel},
+    {"close", "", When::DuringRun, Kind::Action, PressCloseBox},
+    {"screenshot", "t", When::DuringRunOrBox, Kind::Action, Screenshot},
+
+    {"expect text", "nt", When::DuringRunOrBox, Kind::Check, ExpectText},
+    {"expect checked", "n", When::DuringRun, Kind::Check, ExpectChecked},
+    {"expect unchecked", "n", When::DuringRun, Kind::Check, ExpectUnchecked},
+    {"expect enabled", "n", When::DuringRun, Kind::Check, ExpectEnabled},
+    {"expect disabled", "n", When::DuringRun, Kind::Check, ExpectDisabled},
+    {"expect visible", "n", When::DuringRun, Kind::Check, ExpectVisible},
+    {"expect hidden", "n", When::DuringRun, Kind::Check, ExpectHidden},
+    {"expect focus", "n", When::DuringRun, Kind::Check, ExpectFocus},
+    {"expect items", "nt*", When::DuringRun, Kind::Check, ExpectItems},
+    {"expect count", "nn", When::DuringRun, Kind::Check, ExpectCount},
+    {"expect selection", "nn", When::DuringRun, Kind::Check, ExpectSelection},
+    {"expect tabs", "t*", When::DuringRun, Kind::Check, ExpectTabs},
+    {"expect tab", "t", When::DuringRun, Kind::Check, ExpectTab},
+    {"expect caption", "t", When::DuringRunOrBox, Kind::Check, ExpectCaption},
+    {"expect pixel", "nnnnnn", When::DuringRun, Kind::Check, ExpectPixel},
+    {"expect no-box", "", When::DuringRun, Kind::Check, ExpectNoBox},
+
+    {"result", "n", When::BetweenRuns, Kind::Check, ExpectResult},
+    {"store", "kv", When::Always, Kind::Check, ExpectStore},
+    {"changed", "kn", When::Always, Kind::Check, ExpectChanged},
+    {"records", "n", When::Always, Kind::Check, ExpectRecords},
+    {"unchanged", "", When::Always, Kind::Check, ExpectUnchanged},
+};
+
+}  // namespace
+
+const CommandRow* FindCommand(std::string_view name) {
+    const auto* row = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                   [name](const CommandRow& candidate) { return candidate.name == name; });
+    return row != std::end(kCommands) ? row : nullptr;
+}
+
+const char* ShapeOfCommand(std::string_view name) {
+    const CommandRow* row = FindCommand(name);
+    return row != nullptr ? row->shape : nullptr;
+}
+
+}  // namespace automation

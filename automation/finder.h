@@ -1,0 +1,58 @@
+// What a user sees and names: the window in front, its controls, its tabs, a message box's text.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace automation {
+
+/// The topmost visible and enabled top-level window of this thread, drop-down lists left out; null when there is none.
+HWND FrontWindow();
+
+/// All visible top-level windows of this thread, topmost first.
+std::vector<HWND> VisibleWindows();
+
+std::string ClassOf(HWND window);
+std::string TextOf(HWND window);
+
+/// True for a window or control that a user's click or key can reach.
+bool CanTakeInput(HWND window);
+
+/// True when the focus is on the control, or inside it.
+bool HasFocus(HWND control);
+
+/// Whether the window is a property sheet that still runs.
+bool IsSheet(HWND window);
+
+/// Whether the window is a property sheet that was told to close, but whose loop has not noticed yet.
+bool IsEndedSheet(HWND window);
+
+/// The sheet's page in front and its tab control; null for any other window.
+HWND CurrentPage(HWND window);
+HWND TabControl(HWND window);
+
+/// The captions of the sheet's tabs, in order.
+std::vector<std::string> TabCaptions(HWND tabControl);
+
+/// The control with the id: of a sheet first on its current page, then in the sheet itself. Null when there is none.
+HWND FindControl(HWND window, int id);
+
+/// What a message box says.
+struct MessageBoxText {
+    std::string caption;
+    std::string text;
+};
+
+/// The message box's text; nothing when the window is no message box.
+std::optional<MessageBoxText> ReadMessageBox(HWND window);
+
+/// The button that accepts a message box.
+HWND MessageBoxButton(HWND window);
+
+/// The texts of a combo box's list, in order. Entries of an owner-drawn list without texts read as empty.
+std::vector<std::string> ComboEntries(HWND combo);
+
+}  // namespace automation

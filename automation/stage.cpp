@@ -1,0 +1,100 @@
+// Helps that actions and checks share.
+
+#include "automation/stage.h"
+
+#include <array>
+#include <ctime>
+
+#include "automation/codepage.h"
+#include "automation/finder.h"
+
+namespace automation {
+namespace {
+
+constexpr std::string_view kScratch = "%SCRATCH%";
+constexpr std::string_view kToday = "%TODAY:";
+
+std::string FormatToday(const std::string& format) {
+    const std::time_t now = std::time(nullptr);
+    std::array<char, 256> text{};
+    const size_t length = std::strftime(text.data(), text.size(), format.c_str(), std::localtime(&now));
+    return {text.data(), length};
+}
+
+// The position of the % that ends a %TODAY: format whose conversions themselves begin with %.
+size_t EndOfToday(const std::string& text, size_t position) {
+    for (size_t i = position; i < text.size(); ++i) {
+        if (text[i] != '%') {
+            continue;
+        }
+        const bool isConversion = i + 1 < text.size() && std::isalpha(static_cast<unsigned char>(text[i + 1])) != 0;
+        if (!isConversion) {
+            return i;
+        }
+        ++i;
+    }
+    throw Failure("expected a % at the end of " + Quote(text.substr(position)) + ", got none");
+}
+
+}  // namespace
+
+void FailExpectation(const std::string& expected, const std::string& got) {
+    throw Failure("expected " + expected + ", got " + got);
+}
+
+std::string Quote(const std::string& text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') {
+            quoted += '\\';
+        }
+        if (c == '\n') {
+            quoted += "\\n";
+        } else if (c == '\t') {
+            quoted += "\\t";
+        } else {
+            quoted += c;
+        }
+    }
+    return ConvertFrom1252(quoted + "\"");
+}
+
+HWND ControlOf(const Stage& stage, const Argument& id) {
+    HWND control = FindControl(stage.front, id.Number());
+    if (control == nullptr) {
+        FailExpectation("a control " + id.text + " in " + Quote(TextOf(stage.front)), "none");
+    }
+    return control;
+}
+
+HWND TabsOf(const Stage& stage) {
+    HWND tabs = TabControl(stage.front);
+    if (tabs == nullptr) {
+        FailExpectation("a sheet in front", Quote(TextOf(stage.front)));
+    }
+    return tabs;
+}
+
+std::string ExpandText(const Stage& stage, const std::string& text) {
+    std::string result = text;
+    for (size_t at = 0; (at = result.find(kScratch, at)) != std::string::npos;) {
+        std::string folder;
+        std::string problem;
+        const std::u8string path = stage.options.scratchFolder.u8string();
+        if (!ConvertTo1252({reinterpret_cast<const char*>(path.data()), path.size()}, folder, problem)) {
+            throw Failure("the scratch folder cannot be written in a text: " + problem);
+        }
+        result.replace(at, kScratch.size(), folder);
+        at += folder.size();
+    }
+    for (size_t at = 0; (at = result.find(kToday, at)) != std::string::npos;) {
+        const size_t begin = at + kToday.size();
+        const size_t end = EndOfToday(result, begin);
+        const std::string today = FormatToday(result.substr(begin, end - begin));
+        result.replace(at, end + 1 - at, today);
+        at += today.size();
+    }
+    return result;
+}
+
+}  // namespace automation

@@ -1,0 +1,139 @@
+// The user's waiting times, in memory: until the sheet is there, for a whole round, and for a key.
+#include <benchmark/benchmark.h>
+#include <tavrikdisplay.h>
+#include <windows.h>
+
+#include <chrono>
+#include <string>
+
+#include "include/tavrikconfig.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kSettings = 110;
+constexpr int kStartX = 1089;
+constexpr UINT kStep = WM_APP;
+constexpr char kCaption[] = "Bench";
+
+// What a step does once the sheet's modal loop runs; it ends with closing the sheet.
+using Step = void (*)(HWND sheet);
+Step g_step = nullptr;
+Clock::time_point g_painted;
+
+LRESULT CALLBACK StepProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != kStep) {
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    HWND sheet = FindWindowA("#32770", kCaption);
+    RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    g_painted = Clock::now();
+    g_step(sheet);
+    return 0;
+}
+
+HWND StepWindow() {
+    static const HWND window = [] {
+        WNDCLASSA stepClass{};
+        stepClass.lpfnWndProc = &StepProc;
+        stepClass.lpszClassName = "TavrikBench";
+        RegisterClassA(&stepClass);
+        return CreateWindowExA(0, "TavrikBench", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    }();
+    return window;
+}
+
+HWND FindEdit(HWND sheet) {
+    for (HWND child = GetWindow(sheet, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (HWND edit = GetDlgItem(child, kStartX)) {
+            return edit;
+        }
+    }
+    return nullptr;
+}
+
+void Fill(CMdb& store) {
+    store.RemoveAll();
+    const std::string end("\0", 1);
+    for (int i = 0; i < kSettings - 2; ++i) {
+        store.AddRecord(("\1KEY_" + std::to_string(i) + end + "\2value" + end).c_str());
+    }
+    store.AddRecord(("\1X-COORD" + end + "\2" + "10" + end).c_str());
+    store.AddRecord(("\1CCT_DIR" + end + "\2iec617" + end).c_str());
+}
+
+int Open(CMdb& store, Step step) {
+    g_step = step;
+    PostMessageA(StepWindow(), kStep, 0, 0);
+    return Tavrikconfig(nullptr, kCaption, &store, 1, 0, 0);
+}
+
+void Press(HWND sheet, int button) {
+    PostMessageA(sheet, WM_COMMAND, static_cast<WPARAM>(button), reinterpret_cast<LPARAM>(GetDlgItem(sheet, button)));
+}
+
+void OpenToFirstPaint(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    for (auto _ : state) {
+        const Clock::time_point start = Clock::now();
+        Open(store, [](HWND sheet) { Press(sheet, IDCANCEL); });
+        state.SetIterationTime(std::chrono::duration<double>(g_painted - start).count());
+    }
+}
+BENCHMARK(OpenToFirstPaint)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+void OpenChangeAndMerge(benchmark::State& state) {
+    CMdb store;
+    for (auto _ : state) {
+        state.PauseTiming();
+        Fill(store);
+        state.ResumeTiming();
+        const int result = Open(store, [](HWND sheet) {
+            HWND edit = FindEdit(sheet);
+            SetFocus(edit);
+            SendMessageA(edit, EM_SETSEL, 0, -1);
+            SendMessageA(edit, WM_CHAR, '5', 1);
+            UpdateWindow(edit);
+            Press(sheet, IDOK);
+        });
+        if (result != 1) {
+            state.SkipWithError("The sheet did not end with OK");
+            break;
+        }
+    }
+}
+BENCHMARK(OpenChangeAndMerge)->Unit(benchmark::kMicrosecond);
+
+benchmark::State* g_keyState = nullptr;
+
+void KeyToPaint(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        HWND edit = FindEdit(sheet);
+        SetFocus(edit);
+        for (auto _ : *g_keyState) {
+            SendMessageA(edit, WM_CHAR, '5', 1);
+            UpdateWindow(edit);
+            SendMessageA(edit, WM_CHAR, VK_BACK, 1);
+            UpdateWindow(edit);
+        }
+        g_keyState->SetItemsProcessed(2 * g_keyState->iterations());
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(KeyToPaint)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY) == 0) {
+        return 2;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

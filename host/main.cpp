@@ -1,0 +1,162 @@
+// A sample host of the settings component: loads a store from a file, calls the export, shows what changed.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <exception>
+#include <iostream>
+
+#include "automation/scratch.h"
+#include "host/host_window.h"
+#include "host/options.h"
+#include "host/settings_file.h"
+#include "host/store.h"
+#include "host/system.h"
+
+namespace host {
+namespace {
+
+enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2 };
+
+class Host {
+public:
+    explicit Host(const Options& options)
+        : m_options(options), m_file(options.settingsFile, ReadWholeFile(options.settingsFile)) {
+        for (const Setting& setting : m_file.Settings()) {
+            AppendSetting(m_store, setting);
+        }
+    }
+
+    ExitStatus Run() {
+        m_export = BindExport();
+        const std::vector<automation::Scenario> scenarios = ReadScenarios();
+        const Display display = m_options.usesMemoryDisplay ? Display::Memory
+                                : m_options.IsInteractive() ? Display::Screen
+                                                            : Display::ScreenOrMemory;
+        if (!ChooseDisplay(display)) {
+            throw FileError("there is no display (DISPLAY names no usable X server)");
+        }
+        HostWindow window(m_options.settingsFile, m_file.Settings());
+        m_hParent = window.Handle();
+        if (!m_options.screenshotFolder.empty()) {
+            return TakeScreenshots();
+        }
+        if (!scenarios.empty()) {
+            return PlayScenarios(scenarios);
+        }
+        window.Show();
+        return OpenSheet(m_options.open) == 1 ? kOk : kCancelled;
+    }
+
+private:
+    std::vector<automation::Scenario> ReadScenarios() const;
+    ExitStatus PlayScenarios(const std::vector<automation::Scenario>& scenarios);
+    ExitStatus TakeScreenshots();
+    int OpenSheet(const automation::OpenArguments& arguments);
+    void SaveChanges();
+    void PrintChanges(const std::vector<Setting>& before, const std::vector<Setting>& after) const;
+
+    const Options& m_options;
+    SettingsFile m_file;
+    CMdb m_store;
+    ExportFunction m_export = nullptr;
+    HWND m_hParent = nullptr;
+};
+
+std::vector<automation::Scenario> Host::ReadScenarios() const {
+    std::vector<automation::Scenario> scenarios;
+    for (const std::string& name : m_options.scenarios) {
+        scenarios.push_back(automation::ReadScenario(name, automation::ShapeOfCommand));
+        if (!scenarios.back().errors.empty()) {
+            throw FileError(scenarios.back().errors.front());
+        }
+    }
+    return scenarios;
+}
+
+ExitStatus Host::PlayScenarios(const std::vector<automation::Scenario>& scenarios) {
+    const automation::ScratchFolder scratch;
+    ScenarioStore store(m_store);
+    const automation::OpenFunction open = [&](const automation::OpenArguments& arguments) -> std::optional<int> {
+        if (arguments.readOnly) {
+            return std::nullopt;
+        }
+        return OpenSheet(arguments);
+    };
+    int failed = 0;
+    for (const automation::Scenario& scenario : scenarios) {
+        failed += automation::PlayScenario(scenario, store, open, std::cout, {scratch.Path(), false}).failed;
+    }
+    return failed == 0 ? kOk : kCancelled;
+}
+
+ExitStatus Host::TakeScreenshots() {
+    const automation::OpenFunction open = [this](const automation::OpenArguments& arguments) {
+        return OpenSheet(arguments);
+    };
+    const std::filesystem::path folder = PathFromUtf8(m_options.screenshotFolder);
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) {
+        throw FileError(m_options.screenshotFolder + ": cannot be created: " + error.message());
+    }
+    return automation::PhotographPages(open, m_options.open, std::cerr, folder) ? kOk : kError;
+}
+
+int Host::OpenSheet(const automation::OpenArguments& arguments) {
+    const int result = m_export(m_hParent, arguments.caption.c_str(), &m_store, arguments.designation,
+                                arguments.optionalPages, arguments.hostMode);
+    if (result == 1) {
+        SaveChanges();
+    }
+    return result;
+}
+
+void Host::SaveChanges() {
+    const std::vector<Setting> before = m_file.Settings();
+    const std::vector<Setting> after = ReadSettings(m_store);
+    if (before != after) {
+        m_file.SetSettings(after);
+        ReplaceWholeFile(m_options.settingsFile, m_file.Bytes());
+    }
+    PrintChanges(before, after);
+}
+
+void Host::PrintChanges(const std::vector<Setting>& before, const std::vector<Setting>& after) const {
+    for (size_t i = 0; i < after.size(); ++i) {
+        const bool isNew = i >= before.size() || before[i].key != after[i].key;
+        if (isNew) {
+            std::cout << "added " << EscapeValue(after[i].key) << ": \"" << EscapeValue(after[i].value) << "\"\n";
+        } else if (before[i].value != after[i].value) {
+            std::cout << "changed " << EscapeValue(after[i].key) << ": \"" << EscapeValue(before[i].value) << "\" -> \""
+                      << EscapeValue(after[i].value) << "\"\n";
+        }
+    }
+    std::cout << std::flush;
+}
+
+int Main(const std::vector<std::string>& arguments) {
+    try {
+        const Options options = ParseOptions(arguments);
+        if (options.showsHelp) {
+            std::cout << kUsage;
+        } else if (options.showsVersion) {
+            std::cout << "tavrikhost " TAVRIK_VERSION "\n";
+        } else {
+            return Host(options).Run();
+        }
+        return kOk;
+    } catch (const UsageError& error) {
+        std::cerr << "tavrikhost: " << error.what() << " (see --help)\n";
+    } catch (const std::exception& error) {
+        std::cerr << "tavrikhost: " << error.what() << "\n";
+    }
+    return kError;
+}
+
+}  // namespace
+}  // namespace host
+
+int main(int argc, char** argv) {
+    return host::Main(host::CommandLineArguments(argc, argv));
+}

@@ -1,0 +1,43 @@
+// What the host program needs of the system besides windows. The one room of the host where systems differ.
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "include/tavrikconfig.h"
+
+namespace host {
+
+/// The program's arguments without its own name, UTF-8.
+std::vector<std::string> CommandLineArguments(int argc, char** argv);
+
+std::filesystem::path PathFromUtf8(const std::string& utf8);
+
+/// All bytes of a file. Throws a FileError.
+std::string ReadWholeFile(const std::string& fileName);
+
+/// Puts a file with these bytes and the old one's permissions in its place. Readers see the old file or the new one,
+/// and the old one stays when anything fails, which throws a FileError.
+void ReplaceWholeFile(const std::string& fileName, std::string_view bytes);
+
+/// The component's one function.
+using ExportFunction = int (*)(HWND parent, const char* caption, CMdb* hostStore, int designationOption,
+                               int optionalPages, int hostMode);
+
+/// Finds the function in the component's library. Throws a FileError when the library or the function is not there.
+ExportFunction BindExport();
+
+enum class Display {
+    Screen,          ///< a person is to see the windows
+    ScreenOrMemory,  ///< a screen if there is one, else windows in memory
+    Memory,          ///< where the system offers it
+};
+
+/// Selects where windows appear, before the first one. False when there is no such display.
+bool ChooseDisplay(Display display);
+
+}  // namespace host

@@ -1,0 +1,96 @@
+// The scenario parser and the code page: tables of good and bad lines.
+
+#include <gtest/gtest.h>
+
+#include "automation/codepage.h"
+#include "automation/player.h"
+
+namespace {
+
+using automation::Argument;
+using automation::Scenario;
+
+Scenario Parse(std::string_view text) {
+    return automation::ParseScenario("a.scn", text, automation::ShapeOfCommand);
+}
+
+TEST(ScenarioParser, ReadsWordsTextsOptionsAndComments) {
+    const Scenario scenario = Parse(
+        "\xEF\xBB\xBF# heading\n\n"
+        "open caption=\"Bl\xC3\xA5 \\\"#\\\" \\\\\" designation=1 read-only # why\r\n"
+        "\texpect items 1059 \"a\\tb\" \"\"");
+    ASSERT_TRUE(scenario.errors.empty()) << scenario.errors.front();
+    ASSERT_EQ(scenario.commands.size(), 2U);
+
+    const automation::Command& open = scenario.commands[0];
+    EXPECT_EQ(open.line, 3);
+    ASSERT_EQ(open.arguments.size(), 3U);
+    EXPECT_EQ(open.arguments[0].kind, Argument::Kind::Option);
+    EXPECT_EQ(open.arguments[0].name, "caption");
+    EXPECT_EQ(open.arguments[0].text, "Bl\xE5 \"#\" \\");
+    EXPECT_EQ(open.arguments[1].Number(), 1);
+    EXPECT_EQ(open.arguments[2].kind, Argument::Kind::Word);
+
+    const automation::Command& items = scenario.commands[1];
+    EXPECT_EQ(items.name, "expect items");
+    EXPECT_EQ(items.arguments[1].text, "a\tb");
+    EXPECT_EQ(items.arguments[2].kind, Argument::Kind::Text);
+}
+
+TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
+    const struct {
+        const char* line;
+        const char* fault;
+    } rows[] = {
+        {"fly 1", "unknown command 'fly'"},
+        {"expect", "unknown command 'expect'"},
+        {"click 10x", "'click': argument 1 must be a number"},
+        {"click", "'click' takes 1 arguments, got 0"},
+        {"ok 1", "'ok' takes 0 arguments, got 1"},
+        {"type 1 2", "'type': argument 2 must be a text in double quotes"},
+        {"type 1 \"a", "a text without its closing quote"},
+        {"type 1 \"a\"b", "arguments must be separated by blanks"},
+        {"keys \"\\q\"", "unknown escape in a text (known are \\\" \\\\ \\n \\t)"},
+        {"keys \"\xC5\x81\"", "the character U+0141 is outside code page 1252"},
+        {"keys \"\xC5\"", "malformed UTF-8"},
+        {"press CTRL+CTRL+A", "'press': argument 1 must be a key to press"},
+        {"select 1 @", "'select': argument 2 must be an entry's text or @N"},
+        {"select 1 @-1", "'select': argument 2 must be an entry's text or @N"},
+        {"store A nothing", "'store': argument 2 must be a text in double quotes or the word missing"},
+    };
+    for (const auto& row : rows) {
+        const Scenario scenario = Parse(std::string("ok\n") + row.line + "\ncancel\n");
+        ASSERT_EQ(scenario.errors.size(), 1U) << row.line;
+        EXPECT_EQ(scenario.errors.front(), std::string("a.scn:2: ") + row.fault);
+        EXPECT_EQ(scenario.commands.size(), 2U) << row.line;
+    }
+}
+
+TEST(ScenarioParser, ReportsAFileThatCannotBeRead) {
+    const Scenario scenario = automation::ReadScenario("/nonexistent/x.scn", automation::ShapeOfCommand);
+    ASSERT_EQ(scenario.errors.size(), 1U);
+    EXPECT_EQ(scenario.errors.front(), "/nonexistent/x.scn:1: the file cannot be read");
+}
+
+TEST(CodePage, EveryByteSurvivesTheWayThroughUtf8) {
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte) {
+        all += static_cast<char>(byte);
+    }
+    std::string back;
+    std::string problem;
+    ASSERT_TRUE(automation::ConvertTo1252(automation::ConvertFrom1252(all), back, problem)) << problem;
+    EXPECT_EQ(back, all);
+    EXPECT_EQ(automation::ConvertFrom1252("\x80\xE5\x9F"), "\xE2\x82\xAC\xC3\xA5\xC5\xB8");
+}
+
+TEST(CodePage, RefusesWhatIsNoShortestFormUtf8) {
+    for (const char* bad : {"\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "\xC3", "a\x80"}) {
+        std::string bytes;
+        std::string problem;
+        EXPECT_FALSE(automation::ConvertTo1252(bad, bytes, problem)) << bad;
+        EXPECT_EQ(problem, "malformed UTF-8");
+    }
+}
+
+}  // namespace

@@ -1,0 +1,218 @@
+// Two pages from templates that are built in memory.
+
+#include "tests/automation/sample_sheet.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <prsht.h>
+
+#include <array>
+#include <cstring>
+
+namespace sample {
+namespace {
+
+enum Class : WORD { kButtonClass = 0x80, kEditClass = 0x81, kComboClass = 0x85 };
+
+struct Item {
+    const char* text;
+    DWORD style;
+    Class windowClass;
+    short x, y, width, height;
+    WORD id;
+};
+
+constexpr Item kFirstPage[] = {
+    {"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 10, 60, 12, kNumber},
+    {"namn", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 30, 60, 12, kName},
+    {"&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX, kButtonClass, 80, 10, 80, 10, kCheck},
+    {"Ett", WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, kButtonClass, 80, 25, 80, 10, kFirstRadio},
+    {"Tv\xE5", BS_AUTORADIOBUTTON, kButtonClass, 80, 40, 80, 10, kSecondRadio},
+    {"", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboClass, 10, 50, 60, 60, kCombo},
+    {"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kComboClass, 10, 70, 60, 40, kList},
+    {"Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, kButtonClass, 80, 55, 80, 10, kDisabled},
+};
+
+constexpr Item kSecondPage[] = {
+    {"anm\xE4rkning", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 10, 60, 12, kRemark},
+};
+
+class Template {
+public:
+    template <size_t Count>
+    Template(const char* caption, const Item (&items)[Count]) {
+        Put32(WS_CHILD | WS_CAPTION | DS_CONTROL | DS_SETFONT);
+        Put32(0);
+        Put16(Count);
+        for (const int value : {0, 0, 180, 100, 0, 0}) {  // Place and size; no menu, the usual class.
+            Put16(value);
+        }
+        PutText(caption);
+        Put16(8);
+        PutText("MS Sans Serif");
+        for (const Item& item : items) {
+            PutItem(item);
+        }
+    }
+    LPCDLGTEMPLATEA Get() const { return reinterpret_cast<LPCDLGTEMPLATEA>(m_words.data()); }
+
+private:
+    void Put16(int value) { m_words.push_back(static_cast<WORD>(value)); }
+    void Put32(DWORD value) {
+        Put16(LOWORD(value));
+        Put16(HIWORD(value));
+    }
+    // Only characters that have the same number in the code page and in the template's text are used here.
+    void PutText(const char* text) {
+        for (; *text != '\0'; ++text) {
+            Put16(static_cast<unsigned char>(*text));
+        }
+        Put16(0);
+    }
+    void PutItem(const Item& item) {
+        if (m_words.size() % 2 != 0) {
+            Put16(0);
+        }
+        Put32(WS_CHILD | WS_VISIBLE | item.style);
+        Put32(0);
+        for (const int value : {+item.x, +item.y, +item.width, +item.height, +item.id, 0xFFFF, +item.windowClass}) {
+            Put16(value);
+        }
+        PutText(item.text);
+        Put16(0);
+    }
+
+    std::vector<WORD> m_words;
+};
+
+std::string ReadText(HWND dialog, int id) {
+    std::array<char, 64> text{};
+    GetDlgItemTextA(dialog, id, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+void FillFirstPage(HWND page) {
+    for (const char* entry : {"alfa", "beta", "gamma"}) {
+        SendDlgItemMessageA(page, kCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry));
+    }
+    for (char entry[] = "post 0"; entry[5] <= '9'; ++entry[5]) {
+        SendDlgItemMessageA(page, kList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry));
+    }
+    CheckRadioButton(page, kFirstRadio, kSecondRadio, kFirstRadio);
+}
+
+void OnCommand(HWND page, WORD id, WORD code, Log& log) {
+    if (id == kNumber && code == EN_KILLFOCUS && ReadText(page, kNumber).find(',') != std::string::npos) {
+        MessageBoxA(page, ", \xE4r ogiltigt!", "Felaktigt f\xE4lt", MB_OK | MB_ICONEXCLAMATION);
+        SetFocus(GetDlgItem(page, kNumber));
+    }
+    if (id != kCombo && id != kList) {
+        return;
+    }
+    const std::string text = ReadText(page, id);
+    switch (code) {
+        case CBN_SELENDOK:
+            log.notifications.push_back("selection-end-OK '" + text + "'");
+            break;
+        case CBN_CLOSEUP:
+            log.notifications.push_back("close-up");
+            break;
+        case CBN_SELCHANGE:
+            log.notifications.push_back("selection-change");
+            break;
+        default:
+            break;
+    }
+}
+
+void ApplyPage(HWND page, Log& log) {
+    for (const int id : {kNumber, kName, kCombo, kList, kRemark}) {
+        if (GetDlgItem(page, id) != nullptr) {
+            log.applied.emplace_back(std::to_string(id), ReadText(page, id));
+        }
+    }
+}
+
+INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        const auto* sheetPage = reinterpret_cast<const PROPSHEETPAGEA*>(lParam);
+        SetWindowLongPtrA(page, GWLP_USERDATA, sheetPage->lParam);
+        if (GetDlgItem(page, kCombo) != nullptr) {
+            FillFirstPage(page);
+        }
+        return TRUE;
+    }
+    auto* log = reinterpret_cast<Log*>(GetWindowLongPtrA(page, GWLP_USERDATA));
+    if (log == nullptr) {
+        return FALSE;
+    }
+    if (message == WM_COMMAND) {
+        OnCommand(page, LOWORD(wParam), HIWORD(wParam), *log);
+        return TRUE;
+    }
+    if (message != WM_NOTIFY) {
+        return FALSE;
+    }
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    const bool isNameMissing = GetDlgItem(page, kName) != nullptr && ReadText(page, kName).empty();
+    if (code == static_cast<UINT>(PSN_KILLACTIVE) && isNameMissing) {
+        MessageBoxA(page, "Namn saknas", "Fel", MB_OK);
+        SetWindowLongPtrA(page, DWLP_MSGRESULT, TRUE);
+        return TRUE;
+    }
+    if (code == static_cast<UINT>(PSN_APPLY)) {
+        ApplyPage(page, *log);
+    }
+    return FALSE;
+}
+
+PROPSHEETPAGEA MakePage(const Template& dialog, Log& log) {
+    PROPSHEETPAGEA page{};
+    page.dwSize = sizeof(page);
+    page.dwFlags = PSP_DLGINDIRECT;
+    page.hInstance = GetModuleHandleA(nullptr);
+    page.pResource = dialog.Get();
+    page.pfnDlgProc = PageProc;
+    page.lParam = reinterpret_cast<LPARAM>(&log);
+    return page;
+}
+
+// The loop of a sheet that runs modally without the system's own modal call: it sees the keys that choose tabs.
+void RunLoop(HWND sheet) {
+    MSG message{};
+    while (SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0) != 0 && GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (SendMessageA(sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message)) != 0) {
+            continue;
+        }
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    DestroyWindow(sheet);
+}
+
+}  // namespace
+
+int RunSheet(const std::string& caption, Log& log) {
+    const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_TAB_CLASSES};
+    InitCommonControlsEx(&controls);
+    const Template first("Allm\xE4nt", kFirstPage);
+    const Template second("Texter/F\xE4rger", kSecondPage);
+    const std::array<PROPSHEETPAGEA, 2> pages = {MakePage(first, log), MakePage(second, log)};
+    PROPSHEETHEADERA header{};
+    header.dwSize = sizeof(header);
+    header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW | PSH_MODELESS;
+    header.hInstance = GetModuleHandleA(nullptr);
+    header.pszCaption = caption.c_str();
+    header.nPages = static_cast<UINT>(pages.size());
+    header.ppsp = pages.data();
+    log.applied.clear();
+    const INT_PTR sheet = PropertySheetA(&header);
+    if (sheet == 0 || sheet == -1) {
+        return 0;
+    }
+    RunLoop(reinterpret_cast<HWND>(sheet));
+    return log.applied.empty() ? 0 : 1;
+}
+
+}  // namespace sample

@@ -1,0 +1,131 @@
+// The host program as a process, with windows in memory: files, output and exit status.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "automation/scratch.h"
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    std::string output;  // standard output and standard error, as they came
+};
+
+class HostProgram : public testing::Test {
+protected:
+    std::string Path(const std::string& name) const { return (m_scratch.Path() / name).string(); }
+
+    std::string Write(const std::string& name, const std::string& content) const {
+        std::ofstream(Path(name), std::ios::binary) << content;
+        return Path(name);
+    }
+
+    std::string Read(const std::string& name) const {
+        std::ifstream file(Path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    // `before` are shell commands that set the process up.
+    static Outcome Run(const std::string& arguments, const std::string& before = "unset DISPLAY") {
+        std::FILE* pipe = popen((before + "; " TAVRIK_HOST " " + arguments + " 2>&1").c_str(), "r");
+        Outcome outcome;
+        for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
+            outcome.output += static_cast<char>(c);
+        }
+        const int status = pclose(pipe);
+        outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return outcome;
+    }
+
+    const automation::ScratchFolder m_scratch;
+};
+
+constexpr const char* kSettings = "# projekt\r\nX-COORD=10\r\nTITLE_A3=\xC3\x85\xC3\xA4\r\n";
+constexpr const char* kChangeX =
+    "open\ntab \"Allm\xC3\xA4nt\"\ntype 1089 \"12.5\"\npress TAB\nclick 1043\nok\nresult 1\n";
+
+TEST_F(HostProgram, WritesChangesBackAndListsThem) {
+    Write("p.settings", kSettings);
+    Write("x.scn", kChangeX);
+    chmod(Path("p.settings").c_str(), 0640);
+    const Outcome outcome = Run(Path("p.settings") + " --scenario " + Path("x.scn"));
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(outcome.output, "changed X-COORD: \"10\" -> \"12.5\"\nadded BET_CAPITALS: \"1\"\n1 passed, 0 failed\n");
+    EXPECT_EQ(Read("p.settings"), "# projekt\r\nX-COORD=12.5\r\nTITLE_A3=\xC3\x85\xC3\xA4\r\nBET_CAPITALS=1\r\n");
+    struct stat status {};
+    ASSERT_EQ(stat(Path("p.settings").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST_F(HostProgram, CancelAndAFailedScenarioLeaveTheFileAlone) {
+    Write("p.settings", kSettings);
+    Write("x.scn", "open\ntab \"Allm\xC3\xA4nt\"\nclick 1043\ncancel\nresult 1\nunchanged\n");
+    const Outcome outcome = Run(Path("p.settings") + " --scenario " + Path("x.scn"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.output.find("x.scn:5: expected result 1, got 0\n1 passed, 1 failed\n"), std::string::npos)
+        << outcome.output;
+    EXPECT_EQ(Read("p.settings"), kSettings);
+}
+
+TEST_F(HostProgram, AFullDiskLeavesTheOldFile) {
+    Write("p.settings", kSettings);
+    Write("x.scn", kChangeX);
+    // A limit on the size of files stands for the disk; the larger output here is the new settings file.
+    const Outcome outcome =
+        Run(Path("p.settings") + " --scenario " + Path("x.scn"), "unset DISPLAY; trap '' XFSZ; ulimit -f 0");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "tavrikhost: " + Path("p.settings") + ": cannot be written: File too large\n");
+    EXPECT_EQ(Read("p.settings"), kSettings);
+    const auto files = std::filesystem::directory_iterator(m_scratch.Path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "a temporary file was left behind";
+}
+
+TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
+    Write("bad.settings", "A=1\nB\n");
+    Write("p.settings", kSettings);
+    Write("bad.scn", "open\nfly\n");
+    const struct {
+        std::string arguments;
+        std::string message;
+    } rows[] = {
+        {"", "no settings file given (see --help)"},
+        {Path("none"), Path("none") + ": cannot be read: No such file or directory"},
+        {m_scratch.Path().string(), m_scratch.Path().string() + ": cannot be read: Is a directory"},
+        {Path("bad.settings"), Path("bad.settings") + ":2: expected KEY=value"},
+        {Path("p.settings"), "there is no display (DISPLAY names no usable X server)"},
+        {Path("p.settings") + " --scenario " + Path("bad.scn"), Path("bad.scn") + ":2: unknown command 'fly'"},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = Run(row.arguments);
+        EXPECT_EQ(outcome.status, 2) << row.arguments;
+        EXPECT_EQ(outcome.output, "tavrikhost: " + row.message + "\n");
+    }
+}
+
+TEST_F(HostProgram, PhotographsEveryPage) {
+    Write("p.settings", kSettings);
+    const Outcome outcome = Run(Path("p.settings") + " --screenshots " + Path("pictures"));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    bool hasGeneralPage = false;
+    for (const auto& file : std::filesystem::directory_iterator(Path("pictures"))) {
+        EXPECT_GT(file.file_size(), 500U) << file.path();
+        hasGeneralPage = hasGeneralPage || file.path().filename().string().find("Allmant.png") != std::string::npos;
+    }
+    EXPECT_TRUE(hasGeneralPage);
+    EXPECT_EQ(Read("p.settings"), kSettings);
+}
+
+TEST_F(HostProgram, PlaysItsSampleProject) {
+    std::filesystem::copy(TAVRIK_SAMPLES "/kraftcentral.settings", m_scratch.Path());
+    const Outcome outcome = Run(Path("kraftcentral.settings") + " --scenario " TAVRIK_SAMPLES "/phase_lines.scn");
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+}
+
+}  // namespace

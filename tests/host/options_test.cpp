@@ -1,0 +1,46 @@
+// The host program's command line.
+
+#include "host/options.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using host::Options;
+using host::ParseOptions;
+
+std::string ErrorOf(const std::vector<std::string>& arguments) {
+    try {
+        ParseOptions(arguments);
+    } catch (const host::UsageError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+TEST(Options, AreReadInAnyOrder) {
+    const Options options = ParseOptions({"--designation", "1", "p.settings", "--caption", "Bl\xC3\xA5", "--host-mode",
+                                          "3", "--optional-pages", "-1", "--scenario", "a.scn", "b.scn"});
+    EXPECT_EQ(options.settingsFile, "p.settings");
+    EXPECT_EQ(options.open.caption, "Bl\xE5");
+    EXPECT_EQ(options.open.designation, 1);
+    EXPECT_EQ(options.open.optionalPages, -1);
+    EXPECT_EQ(options.open.hostMode, 3);
+    EXPECT_EQ(options.scenarios, (std::vector<std::string>{"a.scn", "b.scn"}));
+    EXPECT_FALSE(options.IsInteractive());
+}
+
+TEST(Options, SayWhatIsWrong) {
+    EXPECT_EQ(ErrorOf({}), "no settings file given");
+    EXPECT_EQ(ErrorOf({"--help"}), "");
+    EXPECT_EQ(ErrorOf({"a", "b"}), "more than one settings file: 'b'");
+    EXPECT_EQ(ErrorOf({"a", "--what"}), "unknown option '--what'");
+    EXPECT_EQ(ErrorOf({"a", "--caption"}), "'--caption' needs a value");
+    EXPECT_EQ(ErrorOf({"a", "--host-mode", "3x"}), "'3x' is not a number");
+    EXPECT_EQ(ErrorOf({"a", "--memory"}), "--memory needs --scenario or --screenshots: nobody could see the windows");
+    EXPECT_EQ(ErrorOf({"a", "--memory", "--scenario", "x.scn"}), "");
+    EXPECT_EQ(ErrorOf({"a", "--scenario", "x.scn", "--screenshots", "d"}),
+              "--scenario and --screenshots exclude each other");
+}
+
+}  // namespace
