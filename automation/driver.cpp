@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kWindowClass = "TavrikScenarioStep";
 constexpr UINT kStepMessage = WM_APP + 1;
 constexpr UINT_PTR kWatchdogTimer = 1;
-constexpr UINT kWatchdogPeriodMs = 50;
+constexpr UINT kWatchdogPeriodMs = 10;
 
 // Posted messages come out of the queue before the real mouse's moves, and those before paints and timers. So any of
 // these in front means that nothing posted is left, and the real mouse resting on a window holds nothing up.

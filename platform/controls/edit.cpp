@@ -87,17 +87,21 @@ LRESULT Edit::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-            if (onComboKey(message, static_cast<UINT>(wParam), lParam)) {
-                return 0;
-            }
-            if (message == WM_SYSKEYDOWN) {
-                return DefWindowProcA(window_, message, wParam, lParam);
-            }
-            onWmKeyDown(static_cast<UINT>(wParam));
-            return 0;
+            return onKey(message, wParam, lParam);
         default:
             return DefWindowProcA(window_, message, wParam, lParam);
     }
+}
+
+LRESULT Edit::onKey(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (onComboKey(message, static_cast<UINT>(wParam), lParam)) {
+        return 0;
+    }
+    if (message == WM_SYSKEYDOWN) {
+        return DefWindowProcA(window_, message, wParam, lParam);
+    }
+    onWmKeyDown(static_cast<UINT>(wParam));
+    return 0;
 }
 
 // The mouse. False for any other message.

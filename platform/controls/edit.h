@@ -39,6 +39,7 @@ private:
     void onWmMouseMove(POINT at);
     void onWmLButtonUp();
     void onWmChar(char character);
+    LRESULT onKey(UINT message, WPARAM wParam, LPARAM lParam);
     void onWmKeyDown(UINT key);
     bool onComboKey(UINT message, UINT key, LPARAM lParam);
     void onDelete(bool shift, bool control);

@@ -54,16 +54,6 @@ KeyPress parseKey(const char* name, std::size_t length) {
     std::abort();
 }
 
-void press(HWND window, const KeyPress& key) {
-    const HeldKeys held(key.shift, key.control);
-    const LPARAM context = key.alt ? 0x20000001 : 1;
-    SendMessageA(window, key.alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key.virtualKey, context);
-    if (key.character) {
-        SendMessageA(window, WM_CHAR, static_cast<BYTE>(key.character), context);
-    }
-    SendMessageA(window, key.alt ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, context | 0xC0000000);
-}
-
 void holdKeys(bool shift, bool control) {
     BYTE state[256] = {};
     state[VK_SHIFT] = state[VK_LSHIFT] = shift ? 0x80 : 0;
@@ -71,15 +61,18 @@ void holdKeys(bool shift, bool control) {
     SetKeyboardState(state);
 }
 
-}  // namespace
-
-HeldKeys::HeldKeys(bool shift, bool control) {
-    holdKeys(shift, control);
-}
-
-HeldKeys::~HeldKeys() {
+void press(HWND window, const KeyPress& key) {
+    holdKeys(key.shift, key.control);
+    const LPARAM context = key.alt ? 0x20000001 : 1;
+    SendMessageA(window, key.alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key.virtualKey, context);
+    if (key.character) {
+        SendMessageA(window, WM_CHAR, static_cast<BYTE>(key.character), context);
+    }
+    SendMessageA(window, key.alt ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, context | 0xC0000000);
     holdKeys(false, false);
 }
+
+}  // namespace
 
 void typeKeys(HWND window, const char* keys) {
     while (*keys && IsWindow(window)) {

@@ -7,12 +7,3 @@
 // are typed; "{left}", "{S-home}", "{C-v}", "{A-down}" are keys with Shift, Ctrl or Alt held; "{bs}", "{enter}",
 // "{esc}" and Ctrl with a letter also send the control character that the keyboard would give.
 void typeKeys(HWND window, const char* keys);
-
-// Holds modifier keys down for the messages that are sent while it lives.
-class HeldKeys {
-public:
-    HeldKeys(bool shift, bool control);
-    ~HeldKeys();
-    HeldKeys(const HeldKeys&) = delete;
-    HeldKeys& operator=(const HeldKeys&) = delete;
-};
