@@ -13,8 +13,8 @@ namespace host {
 namespace {
 
 constexpr const char* kWindowClass = "TavrikHostWindow";
-constexpr int kWidth = 520;
-constexpr int kHeight = 420;
+constexpr int kWidth = 640;
+constexpr int kHeight = 540;
 constexpr int kMargin = 8;
 
 // A window's title cannot say what the code page lacks; the name is then left out.
@@ -37,8 +37,11 @@ HostWindow::HostWindow(const std::string& fileName, std::vector<Setting> setting
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    m_hWnd = CreateWindowExA(0, kWindowClass, TitleFor(fileName).c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                             CW_USEDEFAULT, kWidth, kHeight, nullptr, nullptr, windowClass.hInstance, nullptr);
+    // A place that the system chooses may not be known yet when the sheet is put in front of this window.
+    const int left = (GetSystemMetrics(SM_CXSCREEN) - kWidth) / 2;
+    const int top = (GetSystemMetrics(SM_CYSCREEN) - kHeight) / 2;
+    m_hWnd = CreateWindowExA(0, kWindowClass, TitleFor(fileName).c_str(), WS_OVERLAPPEDWINDOW, left, top, kWidth,
+                             kHeight, nullptr, nullptr, windowClass.hInstance, nullptr);
     SetWindowLongPtrA(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 

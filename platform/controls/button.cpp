@@ -4,6 +4,7 @@
 
 #include "platform/controls/control_base.h"
 #include "platform/window/builtin_classes.h"
+#include "platform/window/window.h"
 
 namespace platform {
 namespace {
@@ -280,9 +281,6 @@ void Button::onWmCaptureChanged() {
 
 void Button::onBmClick() const {
     const HWND window = window_;
-    if (state_ & kPressed) {
-        return;
-    }
     SendMessageA(window, WM_LBUTTONDOWN, 0, 0);
     if (IsWindow(window)) {
         SendMessageA(window, WM_LBUTTONUP, 0, 0);
@@ -297,7 +295,7 @@ void Button::onBmSetCheck(WPARAM check) {
     if (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON) {
         // The checked button of a group is the one that the Tab key reaches.
         const DWORD style = styleOf(window) & ~static_cast<DWORD>(WS_TABSTOP);
-        SetWindowLongA(window, GWL_STYLE, static_cast<LONG>(check ? style | WS_TABSTOP : style));
+        setStyleQuietly(window, check ? style | WS_TABSTOP : style);
     }
     if ((state_ & kCheckBits) != check) {
         state_ = (state_ & ~kCheckBits) | static_cast<UINT>(check);
@@ -334,7 +332,7 @@ void Button::onBmSetState(bool pushed) {
 
 void Button::onBmSetStyle(DWORD style, bool redraw) {
     const DWORD kept = styleOf(window_) & ~static_cast<DWORD>(BS_TYPEMASK);
-    SetWindowLongA(window_, GWL_STYLE, static_cast<LONG>(kept | (style & BS_TYPEMASK)));
+    setStyleQuietly(window_, kept | (style & BS_TYPEMASK));
     if (redraw) {
         InvalidateRect(window_, nullptr, TRUE);
     }

@@ -98,6 +98,7 @@ private:
     int droppedWidth_ = 0;  // The least width of the open list.
     bool open_ = false;
     bool focused_ = false;
+    bool wasEverFocused_ = false;
     bool capturing_ = false;    // The button went down on the combo box and the list has not taken over.
     bool buttonDown_ = false;   // The drop-down button looks pressed.
     bool trackingKey_ = false;  // A key moves the selection in the open list, which stays open.

@@ -109,7 +109,13 @@ LRESULT ComboBox::onWmMeasureItem(MEASUREITEMSTRUCT& measure) {
 
 void ComboBox::onWmSetFocus() {
     if (edit_) {
+        const HWND window = window_;
         SetFocus(edit_);
+        // Only the first focus of a box selects its text.
+        if (IsWindow(window) && !wasEverFocused_) {
+            wasEverFocused_ = true;
+            SendMessageA(edit_, EM_SETSEL, 0, -1);
+        }
     } else {
         gotFocus();
     }
@@ -227,7 +233,8 @@ void ComboBox::onWmLButtonDown(POINT at) {
     const HWND window = window_;
     if (!focused_) {
         SetFocus(window);
-        if (!IsWindow(window)) {
+        // The field that was to lose the focus may have taken it back.
+        if (!IsWindow(window) || !focused_) {
             return;
         }
     }

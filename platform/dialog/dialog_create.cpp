@@ -180,8 +180,3 @@ HWND CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTempla
     const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
     return source ? platform::createDialog(instance, *source, owner, proc, param) : nullptr;
 }
-
-HWND CreateDialogParamA(HINSTANCE instance, LPCSTR name, HWND owner, DLGPROC proc, LPARAM param) {
-    const auto source = platform::parseDialogTemplate(platform::dialogResource(instance, name));
-    return source ? platform::createDialog(instance, *source, owner, proc, param) : nullptr;
-}

@@ -57,12 +57,3 @@ BOOL CheckRadioButton(HWND dialog, int first, int last, int check) {
     }
     return TRUE;
 }
-
-BOOL MapDialogRect(HWND dialog, LPRECT rect) {
-    if (platform::dialogState(dialog) == nullptr) {
-        return FALSE;
-    }
-    *rect = {platform::horizontalPixels(rect->left), platform::verticalPixels(rect->top),
-             platform::horizontalPixels(rect->right), platform::verticalPixels(rect->bottom)};
-    return TRUE;
-}

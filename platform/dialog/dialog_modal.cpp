@@ -103,8 +103,3 @@ INT_PTR DialogBoxIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTempla
     const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
     return source ? platform::runDialog(instance, *source, owner, proc, param) : -1;
 }
-
-INT_PTR DialogBoxParamA(HINSTANCE instance, LPCSTR name, HWND owner, DLGPROC proc, LPARAM param) {
-    const auto source = platform::parseDialogTemplate(platform::dialogResource(instance, name));
-    return source ? platform::runDialog(instance, *source, owner, proc, param) : -1;
-}

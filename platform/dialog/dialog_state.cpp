@@ -99,7 +99,3 @@ int verticalPixels(int units) {
 }
 
 }  // namespace platform
-
-LONG GetDialogBaseUnits() {
-    return MAKELONG(platform::kBaseWidth, platform::kBaseHeight);
-}

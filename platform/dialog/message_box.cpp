@@ -22,6 +22,7 @@ constexpr short kFontSize = 8;  // Points.
 constexpr int kMargin = 12;
 constexpr int kButtonGap = 6;
 constexpr int kWidestText = 480;
+constexpr int kBesideCaption = 110;  // The icon and the close box in a window manager's title bar.
 // Dialog units.
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
@@ -101,26 +102,28 @@ DialogTemplate boxTemplate(const MessageBoxRun& run) {
     return box;
 }
 
-SIZE measureText(HWND box, const MessageBoxRun& run) {
+SIZE measure(HWND box, const std::string& text, UINT format) {
     HDC dc = GetDC(box);
     HGDIOBJ before = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(box, WM_GETFONT, 0, 0)));
     RECT rect = {0, 0, kWidestText, 0};
-    DrawTextA(dc, run.text.c_str(), static_cast<int>(run.text.size()), &rect,
-              DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+    DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect, DT_CALCRECT | DT_NOPREFIX | format);
     SelectObject(dc, before);
     ReleaseDC(box, dc);
     return {rect.right, rect.bottom};
 }
 
-// Icon and text above, the buttons centred below; the box is as wide as the wider of the two rows.
+// Icon and text above, the buttons centred below; the box is as wide as the widest of the two rows and the title.
 void layOut(HWND box, const MessageBoxRun& run) {
     const SIZE button = {horizontalPixels(kButtonWidth), verticalPixels(kButtonHeight)};
     const int count = static_cast<int>(run.buttons.size());
     const int buttonRow = count * button.cx + (count - 1) * kButtonGap;
-    const SIZE text = measureText(box, run);
+    const SIZE text = measure(box, run.text, DT_WORDBREAK | DT_EXPANDTABS);
+    // The title is written in the window manager's font, which may be half as large again.
+    const int captionWidth = measure(box, run.caption, DT_SINGLELINE).cx * 3 / 2;
+    const int titleBar = std::min(captionWidth, kWidestText) + kBesideCaption;
     const int textLeft = kMargin + (run.hasIcon() ? kBoxIconSize + kMargin : 0);
     const int upperHeight = std::max(text.cy, run.hasIcon() ? kBoxIconSize : 0);
-    const int width = std::max(textLeft + text.cx, kMargin + buttonRow) + kMargin;
+    const int width = std::max({textLeft + static_cast<int>(text.cx) + kMargin, buttonRow + 2 * kMargin, titleBar});
     const int height = kMargin + upperHeight + kMargin + button.cy + kMargin;
 
     // A short text stands beside the middle of the icon.

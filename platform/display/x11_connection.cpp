@@ -15,7 +15,7 @@ namespace {
 constexpr std::array<const char*, static_cast<std::size_t>(X11Atom::Count)> kAtomNames = {
     "WM_PROTOCOLS",
     "WM_DELETE_WINDOW",
-    "WM_TAKE_FOCUS",
+    "_MOTIF_WM_HINTS",
     "_NET_WM_PING",
     "_NET_WM_PID",
     "_NET_WM_NAME",

@@ -16,7 +16,7 @@ namespace platform {
 enum class X11Atom {
     WmProtocols,
     WmDeleteWindow,
-    WmTakeFocus,
+    MotifWmHints,
     NetWmPing,
     NetWmPid,
     NetWmName,

@@ -1,5 +1,5 @@
-// Focus is reported once a batch of events is through, so that a move between two of our windows is one change and
-// never looks as if another program had the focus in between.
+// Focus is reported once a batch of events is through, and its loss a moment later, so that a move between two of our
+// windows is one change and never looks as if another program had the focus in between.
 
 #include "platform/display/x11_display.h"
 
@@ -8,12 +8,14 @@
 #include <poll.h>
 
 #include <algorithm>
-#include <chrono>
 
 namespace platform {
 namespace {
 
 constexpr int kWheelStep = 120;
+// A window manager takes the focus from a window that goes before it gives it to the next one. To the pages a loss of
+// the focus is the end of typing, with messages about wrong values, so a short one must not be seen.
+constexpr std::chrono::milliseconds kFocusLossSettles{60};
 constexpr long kGrabEvents = ButtonPressMask | ButtonReleaseMask | PointerMotionMask;
 
 // The virtual key of a mouse button, 0 for the wheel and the buttons beyond.
@@ -99,16 +101,18 @@ void X11Display::focus(HWND window) {
 }
 
 void X11Display::takeFocus(const X11Window& window) {
-    ::Display* display = connection_->display();
-    if (connection_->hasWindowManager()) {
-        const X11Window* active = find(serverFocus_);
-        const long activeId = active != nullptr ? static_cast<long>(active->id()) : 0;
-        constexpr long kFromApplication = 1;
-        connection_->tellWindowManager(window.id(), X11Atom::NetActiveWindow,
-                                       {kFromApplication, static_cast<long>(connection_->lastTime()), activeId, 0, 0});
+    const bool managed = connection_->hasWindowManager();
+    focusAskedBy_ = NextRequest(connection_->display());
+    if (!managed) {
+        XSetInputFocus(connection_->display(), window.id(), RevertToParent, CurrentTime);
+        return;
     }
-    focusAskedBy_ = NextRequest(display);
-    XSetInputFocus(display, window.id(), RevertToParent, CurrentTime);
+    // A focus taken past the window manager is one that it gives away again when a window goes.
+    const X11Window* active = find(serverFocus_);
+    const long activeId = active != nullptr ? static_cast<long>(active->id()) : 0;
+    constexpr long kFromApplication = 1;
+    connection_->tellWindowManager(window.id(), X11Atom::NetActiveWindow,
+                                   {kFromApplication, static_cast<long>(connection_->lastTime()), activeId, 0, 0});
 }
 
 void X11Display::grabMouse(HWND popup) {
@@ -173,7 +177,6 @@ void X11Display::beep() {
 }
 
 int X11Display::pump(InputSink& sink, int timeoutMs) {
-    using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0));
     for (;;) {
         for (const auto& window : windows_)
@@ -181,12 +184,20 @@ int X11Display::pump(InputSink& sink, int timeoutMs) {
         // Looking for events also sends what is pending.
         if (const int delivered = drain(sink))
             return delivered;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        if (timeoutMs >= 0 && left <= 0)
+        if (timeoutMs >= 0 && Clock::now() >= deadline)
             return 0;
-        pollfd descriptor{ConnectionNumber(connection_->display()), POLLIN, 0};
-        poll(&descriptor, 1, timeoutMs < 0 ? -1 : static_cast<int>(left));
+        auto until = timeoutMs < 0 ? Clock::time_point::max() : deadline;
+        if (focusLossSettles_)
+            until = std::min(until, *focusLossSettles_);
+        wait(until);
     }
+}
+
+void X11Display::wait(Clock::time_point until) const {
+    pollfd descriptor{ConnectionNumber(connection_->display()), POLLIN, 0};
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now()).count();
+    const bool endless = until == Clock::time_point::max();
+    poll(&descriptor, 1, endless ? -1 : static_cast<int>(std::max<std::chrono::milliseconds::rep>(left, 0)));
 }
 
 int X11Display::drain(InputSink& sink) {
@@ -301,9 +312,7 @@ int X11Display::onClientMessage(const XClientMessageEvent& event, X11Window& win
         sink.closeRequested(window.window());
         return 1;
     }
-    if (protocol == connection_->atom(X11Atom::WmTakeFocus)) {
-        XSetInputFocus(display, window.id(), RevertToParent, static_cast<Time>(event.data.l[1]));
-    } else if (protocol == connection_->atom(X11Atom::NetWmPing)) {
+    if (protocol == connection_->atom(X11Atom::NetWmPing)) {
         XEvent answer{};
         answer.xclient = event;
         answer.xclient.window = connection_->root();
@@ -339,18 +348,23 @@ void X11Display::onFocusChange(const XFocusChangeEvent& event, X11Window& window
     if (event.type == FocusIn) {
         serverFocus_ = window.window();
         wantedFocus_ = nullptr;
+        focusLossSettles_.reset();
         keyboard_.inputMethod().focusIn(window.id());
         return;
     }
-    if (serverFocus_ == window.window())
+    if (serverFocus_ == window.window()) {
         serverFocus_ = nullptr;
+        focusLossSettles_ = Clock::now() + kFocusLossSettles;
+    }
     keyboard_.inputMethod().focusOut(window.id());
 }
 
 int X11Display::reportFocus(InputSink& sink) {
     // While a request of ours is under way, older notices and a focus in between tell nothing.
     const bool stale = focusNotedBy_ < focusAskedBy_ || (serverFocus_ == nullptr && wantedFocus_ != nullptr);
-    if (serverFocus_ == reportedFocus_ || stale)
+    if (focusLossSettles_ && Clock::now() >= *focusLossSettles_)
+        focusLossSettles_.reset();
+    if (serverFocus_ == reportedFocus_ || stale || focusLossSettles_)
         return 0;
     const HWND lost = reportedFocus_;
     reportedFocus_ = serverFocus_;

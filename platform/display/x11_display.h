@@ -7,7 +7,9 @@
 #include "platform/display/x11_keyboard.h"
 #include "platform/display/x11_window.h"
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -37,10 +39,14 @@ public:
     bool clipboardHasText() override { return clipboard_.hasText(); }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     X11Window* find(HWND window) const;
     X11Window* findById(::Window id) const;
     ::Cursor cursorOf(HCURSOR cursor);
 
+    // Waits for the server, or for a time to come; the largest one never does.
+    void wait(Clock::time_point until) const;
     // Delivers what has arrived and answers how many events the sink got.
     int drain(InputSink& sink);
     int dispatch(XEvent& event, InputSink& sink);
@@ -69,6 +75,7 @@ private:
     HWND wantedFocus_ = nullptr;      // Asked for, and not yet given or given up.
     unsigned long focusAskedBy_ = 0;  // Serial number of the last request for the focus; older notices are stale.
     unsigned long focusNotedBy_ = 0;  // Serial number of the last notice.
+    std::optional<Clock::time_point> focusLossSettles_;  // When a loss of the focus is to be believed.
 };
 
 }  // namespace platform

@@ -65,6 +65,7 @@ X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, :
         &attributes);
     setTitle(info.title);
     setWindowManagerHints(owner);
+    setDecorationHints();
     setSizeHints();
 }
 
@@ -97,10 +98,22 @@ void X11Window::setWindowManagerHints(::Window owner) {
     modal_ = kind_ == DisplayWindowInfo::Kind::Dialog && owner != 0;
     if (kind_ == DisplayWindowInfo::Kind::Popup)
         return;
-    const std::array<Atom, 3> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
-                                           connection_.atom(X11Atom::WmTakeFocus),
+    const std::array<Atom, 2> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
                                            connection_.atom(X11Atom::NetWmPing)};
     connection_.setAtomProperty(id_, X11Atom::WmProtocols, protocols);
+}
+
+// A dialog has a title and a close box, but is neither made an icon nor enlarged.
+void X11Window::setDecorationHints() {
+    if (kind_ != DisplayWindowInfo::Kind::Dialog || resizable_)
+        return;
+    constexpr unsigned long kFunctionsAndDecorations = 1 | 2;
+    constexpr unsigned long kMoveAndClose = 4 | 32;
+    constexpr unsigned long kBorderTitleAndMenu = 2 | 8 | 16;
+    const std::array<unsigned long, 5> hints = {kFunctionsAndDecorations, kMoveAndClose, kBorderTitleAndMenu, 0, 0};
+    const Atom property = connection_.atom(X11Atom::MotifWmHints);
+    XChangeProperty(connection_.display(), id_, property, property, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(hints.data()), static_cast<int>(hints.size()));
 }
 
 void X11Window::setSizeHints() {

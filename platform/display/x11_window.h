@@ -40,6 +40,7 @@ public:
 
 private:
     void setWindowManagerHints(::Window owner);
+    void setDecorationHints();
     void setSizeHints();
     void setState(X11Atom state, bool on);
     void writeState();

@@ -138,19 +138,10 @@ COLORREF GetBkColor(HDC dc) {
 int SetBkMode(HDC dc, int mode) {
     return mode == TRANSPARENT || mode == OPAQUE ? setState(dc, &ContextState::backMode, mode, 0) : 0;
 }
-int GetBkMode(HDC dc) {
-    return getState(dc, &ContextState::backMode, 0);
-}
 int SetStretchBltMode(HDC dc, int mode) {
     return mode >= BLACKONWHITE && mode <= COLORONCOLOR ? setState(dc, &ContextState::stretchMode, mode, 0) : 0;
 }
-UINT SetTextAlign(HDC dc, UINT mode) {
-    return setState(dc, &ContextState::textAlign, mode, UINT{0xFFFFFFFF});
-}
 
-BOOL SetBrushOrgEx(HDC dc, int x, int y, LPPOINT old) {
-    return setPoint(dc, &ContextState::brushOrigin, x, y, old);
-}
 BOOL SetViewportOrgEx(HDC dc, int x, int y, LPPOINT old) {
     return setPoint(dc, &ContextState::viewportOrigin, x, y, old);
 }

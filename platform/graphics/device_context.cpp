@@ -181,11 +181,6 @@ void closeWindowDc(HDC dc) {
     }
 }
 
-HWND windowOfDc(HDC dc) {
-    const DeviceContext* context = contextFromHandle(dc);
-    return context == nullptr ? nullptr : context->window();
-}
-
 }  // namespace platform
 
 using namespace platform;

@@ -20,10 +20,8 @@ struct ContextState {
     COLORREF backColour = RGB(255, 255, 255);
     int backMode = OPAQUE;
     int stretchMode = BLACKONWHITE;
-    UINT textAlign = TA_LEFT | TA_TOP;
     POINT position{};
     POINT viewportOrigin{};
-    POINT brushOrigin{};
     bool clipped = false;  // `clip` is in force, beyond what the window or bitmap itself allows.
     Region clip;           // In surface coordinates.
 };

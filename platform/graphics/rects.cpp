@@ -25,14 +25,6 @@ BOOL SetRectEmpty(LPRECT rect) {
     return SetRect(rect, 0, 0, 0, 0);
 }
 
-BOOL CopyRect(LPRECT to, LPCRECT from) {
-    if (to == nullptr || from == nullptr) {
-        return FALSE;
-    }
-    *to = *from;
-    return TRUE;
-}
-
 BOOL InflateRect(LPRECT rect, int dx, int dy) {
     if (rect == nullptr) {
         return FALSE;
@@ -64,21 +56,6 @@ BOOL IntersectRect(LPRECT result, LPCRECT a, LPCRECT b) {
     const bool empty = IsRectEmpty(a) || IsRectEmpty(b) || IsRectEmpty(&common);
     *result = empty ? RECT{} : common;
     return !empty;
-}
-
-BOOL UnionRect(LPRECT result, LPCRECT a, LPCRECT b) {
-    if (result == nullptr || a == nullptr || b == nullptr) {
-        return FALSE;
-    }
-    if (IsRectEmpty(a)) {
-        *result = IsRectEmpty(b) ? RECT{} : *b;
-    } else if (IsRectEmpty(b)) {
-        *result = *a;
-    } else {
-        *result = {std::min(a->left, b->left), std::min(a->top, b->top), std::max(a->right, b->right),
-                   std::max(a->bottom, b->bottom)};
-    }
-    return !IsRectEmpty(result);
 }
 
 BOOL IsRectEmpty(LPCRECT rect) {

@@ -110,15 +110,6 @@ BOOL LineTo(HDC handle, int x, int y) {
     return TRUE;
 }
 
-BOOL Polyline(HDC handle, const POINT* points, int count) {
-    DeviceContext* dc = contextFromHandle(handle);
-    if (dc == nullptr || points == nullptr || count < 2) {
-        return FALSE;
-    }
-    strokePath(*dc, pathOf(*dc, points, count));
-    return TRUE;
-}
-
 BOOL Polygon(HDC handle, const POINT* points, int count) {
     DeviceContext* dc = contextFromHandle(handle);
     if (dc == nullptr || points == nullptr || count < 2) {

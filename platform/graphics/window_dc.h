@@ -13,9 +13,6 @@ namespace platform {
 HDC openWindowDc(HWND window, Surface* surface, POINT origin, const Region& clip);
 void closeWindowDc(HDC dc);
 
-// The window that the context was opened for; null for a memory context and for what is no context.
-HWND windowOfDc(HDC dc);
-
 // The font of dialogs at the given point size: every face name maps to the one sans-serif font that the system has.
 // Owned by the graphics room; DeleteObject on it does nothing.
 HFONT dialogFont(int pointSize);

@@ -132,7 +132,7 @@ bool activate(HWND top, ActivationCause cause) {
         SendMessageA(top, WM_ACTIVATE, MAKEWPARAM(cause == ActivationCause::Click ? WA_CLICKACTIVE : WA_ACTIVE, 0),
                      reinterpret_cast<LPARAM>(last));
     }
-    if (g_active == top)
+    if (g_active == top && cause != ActivationCause::Focus)
         settleFocus(top);
     return g_active == top;
 }
@@ -180,16 +180,6 @@ HWND SetActiveWindow(HWND window) {
     if (window && (!found || found->isChildStyle() || found->has(WS_DISABLED) || !platform::isTopLevel(*found)))
         return previous;
     return platform::activate(window, platform::ActivationCause::Program) ? previous : nullptr;
-}
-
-HWND GetForegroundWindow(void) {
-    return platform::activeWindow();
-}
-
-BOOL SetForegroundWindow(HWND window) {
-    platform::Window* found = platform::requireWindow(window);
-    const platform::Window* top = found ? platform::topLevelOf(*found) : nullptr;
-    return top && platform::activate(top->handle, platform::ActivationCause::Program) ? TRUE : FALSE;
 }
 
 HWND GetLastActivePopup(HWND window) {

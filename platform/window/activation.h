@@ -8,7 +8,8 @@ namespace platform {
 
 HWND activeWindow();
 
-enum class ActivationCause { Program, Click, Server };
+// Focus: the caller is about to give the focus to a window inside, so activation leaves it where it is.
+enum class ActivationCause { Program, Focus, Click, Server };
 // Makes the top-level window active (null: none) and gives it the focus. False when a hook or the window refused.
 bool activate(HWND top, ActivationCause cause);
 // Gives activation away because the window is hidden or destroyed: to its owner, else to the next window below.

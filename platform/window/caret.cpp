@@ -15,7 +15,7 @@ constexpr int kBlinkMs = 530;
 struct Caret {
     HWND window = nullptr;
     RECT rect{};      // Client coordinates.
-    int hidden = 1;   // Shown when it is 0: every HideCaret wants its ShowCaret.
+    bool shown = false;
     bool on = false;  // The phase of blinking.
     bool drawn = false;
     DWORD nextBlink = 0;
@@ -45,7 +45,7 @@ void setDrawn(bool drawn) {
 void restartBlinking() {
     caret().on = true;
     caret().nextBlink = GetTickCount() + kBlinkMs;
-    setDrawn(caret().hidden == 0);
+    setDrawn(caret().shown);
 }
 
 void tellInputMethod() {
@@ -75,7 +75,7 @@ void hideCaretOver(const Window& window) {
 }
 
 void restoreCaret() {
-    if (caret().window && caret().hidden == 0 && caret().on)
+    if (caret().window && caret().shown && caret().on)
         setDrawn(true);
 }
 
@@ -86,7 +86,7 @@ void dropCaretOf(const Window& window) {
 
 void blinkCaret() {
     Caret& bar = caret();
-    if (!bar.window || bar.hidden > 0 || static_cast<int>(bar.nextBlink - GetTickCount()) > 0)
+    if (!bar.window || !bar.shown || static_cast<int>(bar.nextBlink - GetTickCount()) > 0)
         return;
     bar.on = !bar.on;
     bar.nextBlink = GetTickCount() + kBlinkMs;
@@ -95,7 +95,7 @@ void blinkCaret() {
 
 int timeToBlink() {
     const Caret& bar = caret();
-    if (!bar.window || bar.hidden > 0)
+    if (!bar.window || !bar.shown)
         return -1;
     return std::max(0, static_cast<int>(bar.nextBlink - GetTickCount()));
 }
@@ -125,16 +125,10 @@ BOOL DestroyCaret(void) {
 BOOL ShowCaret(HWND window) {
     if (!platform::ownsCaret(window))
         return FALSE;
-    if (caret().hidden > 0 && --caret().hidden == 0)
+    if (!caret().shown) {
+        caret().shown = true;
         platform::restartBlinking();
-    return TRUE;
-}
-
-BOOL HideCaret(HWND window) {
-    if (!platform::ownsCaret(window))
-        return FALSE;
-    ++caret().hidden;
-    platform::setDrawn(false);
+    }
     return TRUE;
 }
 
@@ -147,7 +141,7 @@ BOOL SetCaretPos(int x, int y) {
         OffsetRect(&bar.rect, x - bar.rect.left, y - bar.rect.top);
         platform::tellInputMethod();
     }
-    if (bar.hidden == 0)
+    if (bar.shown)
         platform::restartBlinking();
     return TRUE;
 }

@@ -1,4 +1,4 @@
-// Window classes: registration, look-up, and what programs may ask about them.
+// Window classes: registration and look-up. They last as long as the program.
 #include "platform/window/builtin_classes.h"
 #include "platform/window/window.h"
 
@@ -10,8 +10,6 @@ namespace platform {
 namespace {
 
 constexpr DWORD kErrorClassAlreadyExists = 1410;
-constexpr DWORD kErrorClassDoesNotExist = 1411;
-constexpr DWORD kErrorClassHasWindows = 1412;
 constexpr ATOM kFirstAtom = 0xC000;
 
 struct Registry {
@@ -77,9 +75,9 @@ WindowClass* findClass(LPCSTR name, HINSTANCE instance) {
 using platform::Window;
 using platform::WindowClass;
 
-ATOM RegisterClassExA(const WNDCLASSEXA* windowClass) {
+ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     if (!windowClass || !windowClass->lpszClassName || IS_INTRESOURCE(windowClass->lpszClassName) ||
-        !windowClass->lpfnWndProc || windowClass->cbClsExtra < 0 || windowClass->cbWndExtra < 0)
+        !windowClass->lpfnWndProc || windowClass->cbWndExtra < 0)
         return 0;
     platform::ensureSystemClasses();
     if (platform::findOwn(windowClass->lpszClassName, windowClass->hInstance)) {
@@ -92,53 +90,12 @@ ATOM RegisterClassExA(const WNDCLASSEXA* windowClass) {
     made->style = windowClass->style;
     made->proc = windowClass->lpfnWndProc;
     made->windowExtra = windowClass->cbWndExtra;
-    made->classExtra.resize(static_cast<std::size_t>(windowClass->cbClsExtra));
     made->instance = windowClass->hInstance;
-    made->icon = windowClass->hIcon;
     made->cursor = windowClass->hCursor;
     made->background = windowClass->hbrBackground;
     const ATOM atom = made->atom;
     platform::registry().classes.push_back(std::move(made));
     return atom;
-}
-
-ATOM RegisterClassA(const WNDCLASSA* windowClass) {
-    if (!windowClass)
-        return 0;
-    const WNDCLASSEXA extended{sizeof(WNDCLASSEXA),       windowClass->style,         windowClass->lpfnWndProc,
-                               windowClass->cbClsExtra,   windowClass->cbWndExtra,    windowClass->hInstance,
-                               windowClass->hIcon,        windowClass->hCursor,       windowClass->hbrBackground,
-                               windowClass->lpszMenuName, windowClass->lpszClassName, nullptr};
-    return RegisterClassExA(&extended);
-}
-
-BOOL UnregisterClassA(LPCSTR className, HINSTANCE instance) {
-    const WindowClass* found = className ? platform::findOwn(className, instance) : nullptr;
-    if (!found || found->windows > 0) {
-        SetLastError(found ? platform::kErrorClassHasWindows : platform::kErrorClassDoesNotExist);
-        return FALSE;
-    }
-    std::erase_if(platform::registry().classes, [found](const auto& entry) { return entry.get() == found; });
-    return TRUE;
-}
-
-BOOL GetClassInfoA(HINSTANCE instance, LPCSTR className, WNDCLASSA* windowClass) {
-    const WindowClass* found = platform::findClass(className, instance);
-    if (!found || !windowClass) {
-        SetLastError(platform::kErrorClassDoesNotExist);
-        return FALSE;
-    }
-    windowClass->style = found->style;
-    windowClass->lpfnWndProc = found->proc;
-    windowClass->cbClsExtra = static_cast<int>(found->classExtra.size());
-    windowClass->cbWndExtra = found->windowExtra;
-    windowClass->hInstance = instance;
-    windowClass->hIcon = found->icon;
-    windowClass->hCursor = found->cursor;
-    windowClass->hbrBackground = found->background;
-    windowClass->lpszMenuName = nullptr;
-    windowClass->lpszClassName = className;
-    return TRUE;
 }
 
 int GetClassNameA(HWND window, LPSTR name, int size) {
@@ -150,19 +107,4 @@ int GetClassNameA(HWND window, LPSTR name, int size) {
     std::memcpy(name, className.data(), length);
     name[length] = '\0';
     return static_cast<int>(length);
-}
-
-ULONG_PTR GetClassLongPtrA(HWND window, int index) {
-    const Window* found = platform::requireWindow(window);
-    if (!found || !found->windowClass)
-        return 0;
-    const WindowClass& windowClass = *found->windowClass;
-    if (index == GCLP_HBRBACKGROUND)
-        return reinterpret_cast<ULONG_PTR>(windowClass.background);
-    if (index == GCL_STYLE)
-        return windowClass.style;
-    ULONG_PTR value = 0;
-    if (index >= 0 && static_cast<std::size_t>(index) + sizeof value <= windowClass.classExtra.size())
-        std::memcpy(&value, windowClass.classExtra.data() + index, sizeof value);
-    return value;
 }

@@ -64,37 +64,3 @@ int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
     }
     return static_cast<int>(MAKELONG(dx & 0xffff, dy & 0xffff));
 }
-
-// Hidden and disabled children count too.
-HWND ChildWindowFromPoint(HWND parent, POINT point) {
-    const Window* found = requireWindow(parent);
-    const RECT client =
-        found ? RECT{0, 0, platform::widthOf(found->client), platform::heightOf(found->client)} : RECT{};
-    if (!found || !PtInRect(&client, point))
-        return nullptr;
-    for (const Window* child = found->firstChild; child; child = child->next) {
-        if (PtInRect(&child->rect, point))
-            return child->handle;
-    }
-    return parent;
-}
-
-// Passes over hidden windows and, other than ChildWindowFromPoint, those that let the mouse through.
-HWND RealChildWindowFromPoint(HWND parent, POINT point) {
-    const Window* found = requireWindow(parent);
-    const RECT client =
-        found ? RECT{0, 0, platform::widthOf(found->client), platform::heightOf(found->client)} : RECT{};
-    if (!found || !PtInRect(&client, point))
-        return nullptr;
-    POINT screen = point;
-    ClientToScreen(parent, &screen);
-    for (const HWND handle : platform::childHandles(*found)) {
-        const Window* child = platform::findWindow(handle);
-        if (!child || !child->has(WS_VISIBLE) || !PtInRect(&child->rect, point))
-            continue;
-        const LPARAM at = MAKELPARAM(screen.x & 0xffff, screen.y & 0xffff);
-        if (SendMessageA(handle, WM_NCHITTEST, 0, at) != HTTRANSPARENT)
-            return handle;
-    }
-    return parent;
-}

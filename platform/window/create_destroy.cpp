@@ -78,10 +78,10 @@ Window* makeWindow(const CREATESTRUCTA& create, WindowClass& windowClass, const 
     if (!window)
         return nullptr;
     window->windowClass = &windowClass;
-    ++windowClass.windows;
     window->proc = windowClass.proc;
     window->style = static_cast<DWORD>(create.style) & ~static_cast<DWORD>(WS_VISIBLE);
     window->exStyle = create.dwExStyle;
+    window->completeExStyle();
     window->instance = create.hInstance;
     window->owner = family.owner;
     if (window->isChildStyle())

@@ -69,7 +69,7 @@ HWND SetFocus(HWND window) {
     const HWND topHandle = top->handle;
     if (platform::callCbtHooks(HCBT_SETFOCUS, window, reinterpret_cast<LPARAM>(previous)))
         return nullptr;
-    if (topHandle != platform::activeWindow() && !platform::activate(topHandle, platform::ActivationCause::Program))
+    if (topHandle != platform::activeWindow() && !platform::activate(topHandle, platform::ActivationCause::Focus))
         return nullptr;
     if (!platform::isAlive(window))
         return nullptr;

@@ -89,7 +89,6 @@ public:
     }
 
     bool take(MSG& message, const MessageFilter& filter, bool remove);
-    UINT waiting() const;
     void dropOf(HWND top) {
         std::erase_if(events_, [top](const InputEvent& event) { return top && event.top == top; });
         std::erase_if(server_, [top](const ServerEvent& event) { return event.top == top; });
@@ -197,18 +196,6 @@ bool InputQueue::take(MSG& message, const MessageFilter& filter, bool remove) {
     return false;
 }
 
-UINT InputQueue::waiting() const {
-    UINT bits = 0;
-    for (const InputEvent& event : events_) {
-        if (event.kind == InputEvent::Kind::Key || event.kind == InputEvent::Kind::Character)
-            bits |= QS_KEY;
-        else
-            bits |= event.kind == InputEvent::Kind::Mouse && event.what == InputSink::Mouse::Move ? QS_MOUSEMOVE
-                                                                                                  : QS_MOUSEBUTTON;
-    }
-    return bits;
-}
-
 void onServerFocus(HWND handle) {
     Window* top = findWindow(handle);
     if (!top || activeWindow() == handle)
@@ -257,10 +244,6 @@ void pumpDisplay(int timeoutMs) {
 
 bool takeInput(MSG& message, const MessageFilter& filter, bool remove) {
     return input().take(message, filter, remove);
-}
-
-UINT waitingInput() {
-    return input().waiting();
 }
 
 POINT lastPointerPosition() {

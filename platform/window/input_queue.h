@@ -32,8 +32,6 @@ void pumpDisplay(int timeoutMs);
 // The next input message that the filter accepts. Taking it (`remove`) sends the messages that go along with input:
 // activation by a click, the cursor.
 bool takeInput(MSG& message, const MessageFilter& filter, bool remove);
-// QS_KEY, QS_MOUSEMOVE and QS_MOUSEBUTTON of what waits.
-UINT waitingInput();
 // Screen position of the last mouse event that was taken.
 POINT lastPointerPosition();
 void dropInputOf(HWND top);

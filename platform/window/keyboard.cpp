@@ -225,11 +225,6 @@ SHORT GetKeyState(int key) {
     return static_cast<SHORT>(value);
 }
 
-SHORT GetAsyncKeyState(int key) {
-    platform::pumpDisplay(0);
-    return static_cast<SHORT>(GetKeyState(key) & 0x8000);
-}
-
 BOOL GetKeyboardState(BYTE* state) {
     if (!state)
         return FALSE;

@@ -15,19 +15,6 @@
 namespace platform {
 namespace {
 
-constexpr ATOM kFirstRegisteredMessage = 0xC000;
-constexpr std::size_t kMaxRegisteredMessages = 0x3fff;
-
-struct Loop {
-    POINT messagePoint{};
-    DWORD messageTime = 0;
-};
-
-Loop& loop() {
-    static Loop only;
-    return only;
-}
-
 bool take(MSG& message, const MessageFilter& filter, bool remove) {
     if (takePosted(message, filter, remove) || takeQuit(message, remove))
         return true;
@@ -44,8 +31,6 @@ bool fetch(MSG& message, const MessageFilter& filter, bool remove) {
         return false;
     if (remove && message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN)
         forgetKeyText();
-    loop().messagePoint = message.pt;
-    loop().messageTime = message.time;
     callHooks(WH_GETMESSAGE, HC_ACTION, remove ? PM_REMOVE : PM_NOREMOVE, reinterpret_cast<LPARAM>(&message));
     return true;
 }
@@ -55,11 +40,6 @@ void waitForEvents() {
     const int timer = timeToNextTimer();
     const int blink = timeToBlink();
     pumpDisplay(timer < 0 || (blink >= 0 && blink < timer) ? blink : timer);
-}
-
-std::vector<std::string>& registeredMessages() {
-    static std::vector<std::string> names;
-    return names;
 }
 
 }  // namespace
@@ -91,12 +71,6 @@ BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
     return message->message != WM_QUIT;
 }
 
-BOOL WaitMessage(void) {
-    while (!(GetQueueStatus(QS_ALLINPUT) >> 16))
-        platform::waitForEvents();
-    return TRUE;
-}
-
 LRESULT DispatchMessageA(const MSG* message) {
     if (!message)
         return 0;
@@ -106,42 +80,4 @@ LRESULT DispatchMessageA(const MSG* message) {
         return 0;
     }
     return message->hwnd ? SendMessageA(message->hwnd, message->message, message->wParam, message->lParam) : 0;
-}
-
-DWORD GetQueueStatus(UINT flags) {
-    platform::pumpDisplay(0);
-    platform::blinkCaret();
-    UINT waiting = platform::waitingInput();
-    if (platform::hasPosted())
-        waiting |= QS_POSTMESSAGE;
-    if (platform::hasDueTimer())
-        waiting |= QS_TIMER;
-    if (platform::hasPaint())
-        waiting |= QS_PAINT;
-    const UINT asked = waiting & flags;
-    return (asked << 16) | asked;
-}
-
-DWORD GetMessagePos(void) {
-    const POINT point = platform::loop().messagePoint;
-    return static_cast<DWORD>(MAKELONG(point.x & 0xffff, point.y & 0xffff));
-}
-
-LONG GetMessageTime(void) {
-    return static_cast<LONG>(platform::loop().messageTime);
-}
-
-UINT RegisterWindowMessageA(LPCSTR name) {
-    if (!name || IS_INTRESOURCE(name) || !*name)
-        return 0;
-    std::vector<std::string>& names = platform::registeredMessages();
-    const auto known = std::find_if(names.begin(), names.end(),
-                                    [name](const std::string& entry) { return lstrcmpiA(entry.c_str(), name) == 0; });
-    const auto index = static_cast<UINT>(known - names.begin());
-    if (known == names.end()) {
-        if (names.size() > platform::kMaxRegisteredMessages)
-            return 0;
-        names.emplace_back(name);
-    }
-    return platform::kFirstRegisteredMessage + index;
 }

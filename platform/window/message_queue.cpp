@@ -86,9 +86,6 @@ bool claimQueue() {
 DWORD queueThread() {
     return queue().thread;
 }
-DWORD currentProcessId() {
-    return static_cast<DWORD>(getpid());
-}
 
 bool MessageFilter::acceptsWindow(HWND handle) const {
     if (!window || window == handle)
@@ -102,10 +99,6 @@ bool MessageFilter::acceptsWindow(HWND handle) const {
 
 bool takePosted(MSG& message, const MessageFilter& filter, bool remove) {
     return queue().posted.take(message, filter, remove);
-}
-
-bool hasPosted() {
-    return !queue().posted.isEmpty() || queue().quit;
 }
 
 bool takeQuit(MSG& message, bool remove) {
@@ -138,14 +131,6 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (window && !platform::requireWindow(window))
         return FALSE;
     return platform::post(window, message, wParam, lParam) ? TRUE : FALSE;
-}
-
-BOOL PostThreadMessageA(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (thread != GetCurrentThreadId()) {
-        SetLastError(platform::kErrorInvalidThreadId);
-        return FALSE;
-    }
-    return PostMessageA(nullptr, message, wParam, lParam);
 }
 
 void PostQuitMessage(int exitCode) {

@@ -9,7 +9,6 @@ namespace platform {
 // Makes the calling thread the owner when no window exists. False when another thread owns living windows.
 bool claimQueue();
 DWORD queueThread();
-DWORD currentProcessId();
 
 // Which messages a call of PeekMessage or GetMessage accepts. `window` -1 stands for messages without a window.
 struct MessageFilter {
@@ -26,7 +25,6 @@ struct MessageFilter {
 };
 
 bool takePosted(MSG& message, const MessageFilter& filter, bool remove);
-bool hasPosted();
 // The quit request, which is seen when no posted message is left.
 bool takeQuit(MSG& message, bool remove);
 // Posts with the time and pointer position of now; false when the queue is full.
@@ -34,7 +32,6 @@ bool post(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // WM_TIMER of a timer that has run out. A timer that is not asked for stays due and does not pile up.
 bool takeTimer(MSG& message, const MessageFilter& filter, bool remove);
-bool hasDueTimer();
 // Milliseconds until the next timer runs out, -1 without timers.
 int timeToNextTimer();
 

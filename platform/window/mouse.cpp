@@ -260,16 +260,3 @@ HCURSOR SetCursor(HCURSOR cursor) {
         platform::display().setCursor(cursor);
     return previous;
 }
-
-UINT GetDoubleClickTime(void) {
-    return platform::kDoubleClickMs;
-}
-
-HWND WindowFromPoint(POINT point) {
-    for (const HWND top : platform::childHandles(platform::desktop())) {
-        int hit = HTNOWHERE;
-        if (const HWND found = platform::windowAt(top, point, hit))
-            return found;
-    }
-    return nullptr;
-}

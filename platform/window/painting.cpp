@@ -182,24 +182,3 @@ int ReleaseDC(HWND, HDC dc) {
     platform::closeWindowDc(dc);
     return 1;
 }
-
-// The window paints what it still has to paint; then its pixels are copied, those of windows inside it included.
-BOOL PrintWindow(HWND window, HDC dc, UINT flags) {
-    if (!platform::requireWindow(window))
-        return FALSE;
-    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    Window* found = platform::findWindow(window);
-    Window* top = found ? platform::topLevelOf(*found) : nullptr;
-    if (!top || !platform::isShown(*found))
-        return FALSE;
-    const bool clientOnly = (flags & PW_CLIENTONLY) != 0;
-    const POINT corner = platform::surfaceOrigin(*found);
-    const RECT whole{corner.x, corner.y, corner.x + platform::widthOf(found->rect),
-                     corner.y + platform::heightOf(found->rect)};
-    const RECT part = clientOnly ? platform::clientOnSurface(*found) : whole;
-    const HDC pixels =
-        platform::openWindowDc(window, &platform::surfaceOf(*top), {part.left, part.top}, platform::Region(part));
-    const BOOL copied = BitBlt(dc, 0, 0, platform::widthOf(part), platform::heightOf(part), pixels, 0, 0, SRCCOPY);
-    platform::closeWindowDc(pixels);
-    return copied;
-}

@@ -287,10 +287,6 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) 
     return SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE | redraw);
 }
 
-BOOL BringWindowToTop(HWND window) {
-    return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
-}
-
 BOOL AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL, DWORD exStyle) {
     if (!rect)
         return FALSE;

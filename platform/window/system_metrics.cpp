@@ -42,6 +42,22 @@ unsigned char toLower(unsigned char byte) {
     }
 }
 
+// The place of a byte in the order of texts: å, ä and ö stand in this order behind all others, as in Swedish.
+int sortWeight(char character) {
+    const unsigned char byte = toLower(static_cast<unsigned char>(character));
+    constexpr int kBehindAll = 0x100;
+    switch (byte) {
+        case 0xE5:
+            return kBehindAll;
+        case 0xE4:
+            return kBehindAll + 1;
+        case 0xF6:
+            return kBehindAll + 2;
+        default:
+            return byte;
+    }
+}
+
 }  // namespace
 
 int GetSystemMetrics(int index) {
@@ -85,10 +101,10 @@ void SetLastError(DWORD error) {
 int lstrcmpiA(LPCSTR a, LPCSTR b) {
     if (!a || !b)
         return (a ? 1 : 0) - (b ? 1 : 0);
-    while (*a && toLower(static_cast<unsigned char>(*a)) == toLower(static_cast<unsigned char>(*b))) {
+    while (*a && sortWeight(*a) == sortWeight(*b)) {
         ++a;
         ++b;
     }
-    const int difference = toLower(static_cast<unsigned char>(*a)) - toLower(static_cast<unsigned char>(*b));
+    const int difference = sortWeight(*a) - sortWeight(*b);
     return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
 }

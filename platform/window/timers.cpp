@@ -62,12 +62,6 @@ bool takeTimer(MSG& message, const MessageFilter& filter, bool remove) {
     return true;
 }
 
-bool hasDueTimer() {
-    const DWORD now = GetTickCount();
-    return std::any_of(timers().begin(), timers().end(),
-                       [now](const Timer& timer) { return timeUntil(timer, now) <= 0; });
-}
-
 int timeToNextTimer() {
     const DWORD now = GetTickCount();
     int nearest = -1;

@@ -2,6 +2,7 @@
 // drop-down lists above all, cost nothing there.
 #include "platform/window/top_level.h"
 
+#include "platform/window/activation.h"
 #include "platform/window/display_choice.h"
 #include "platform/window/input_queue.h"
 
@@ -52,6 +53,9 @@ void showOnDisplay(Window& top, bool visible) {
         createOnDisplay(top);
     }
     display().show(top.handle, visible);
+    // A dialog is active before it is shown, when its first control gets the focus.
+    if (visible && activeWindow() == top.handle)
+        focusOnDisplay(top);
 }
 
 void placeOnDisplay(Window& top) {
@@ -79,10 +83,12 @@ void topmostOnDisplay(const Window& top, bool topmost) {
 }
 
 void focusOnDisplay(const Window& top) {
-    if (!top.top.onDisplay || isPopupKind(top))
+    if (isPopupKind(top))
         return;
+    // What the display still reports about other windows is out of date, also while this one is yet to be shown.
     expectServerFocus(top.handle);
-    display().focus(top.handle);
+    if (top.top.onDisplay)
+        display().focus(top.handle);
 }
 
 void removeFromDisplay(Window& top) {

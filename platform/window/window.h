@@ -16,11 +16,6 @@
 
 namespace platform {
 
-struct Property {
-    std::string name;
-    HANDLE data;
-};
-
 // What of a window waits to be painted.
 struct PaintState {
     Region update;  // Relative to the upper left corner of the window, borders included.
@@ -60,7 +55,6 @@ struct Window {
     RECT client{};  // The client area in the same coordinates.
 
     std::string text;
-    std::vector<Property> properties;
     std::vector<std::byte> extra;
     PaintState paint;
     TopLevel top;
@@ -71,6 +65,8 @@ struct Window {
     // A child by its style; a drop-down list has the style and is a top-level window nevertheless.
     bool isChildStyle() const { return has(WS_CHILD) && !has(WS_POPUP); }
     void setStyleBit(long bit, bool on);
+    // Keeps the raised edge at what the other bits call for: it is never chosen by itself.
+    void completeExStyle();
 };
 
 // Null for a handle that names no living window.
@@ -99,6 +95,8 @@ bool isDescendant(const Window& ancestor, const Window& window);
 // Visible itself and so are all its ancestors.
 bool isShown(const Window& window);
 bool isAlive(HWND handle);
+// Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
+void setStyleQuietly(HWND handle, DWORD style);
 
 // Screen coordinates of the upper left corner of the window, and of its client area.
 POINT windowOrigin(const Window& window);

@@ -3,9 +3,7 @@
 
 #include <windows.h>
 
-#include <cstddef>
 #include <string>
-#include <vector>
 
 namespace platform {
 
@@ -15,16 +13,13 @@ struct WindowClass {
     UINT style = 0;
     WNDPROC proc = nullptr;
     int windowExtra = 0;
-    std::vector<std::byte> classExtra;
     HINSTANCE instance = nullptr;
-    HICON icon = nullptr;
     HCURSOR cursor = nullptr;
     HBRUSH background = nullptr;
-    int windows = 0;  // How many windows of the class exist; a class in use cannot be unregistered.
 };
 
 // The class that a program of module `instance` means by the name or atom: its own one, then a global one.
-// Null when there is none. Classes keep their address while they are registered.
+// Null when there is none. Classes keep their address.
 WindowClass* findClass(LPCSTR name, HINSTANCE instance);
 
 }  // namespace platform

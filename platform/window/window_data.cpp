@@ -1,4 +1,4 @@
-// What is stored with a window: styles, identifier, procedure, extra bytes, properties.
+// What is stored with a window: styles, identifier, procedure, extra bytes.
 #include "platform/window/message_queue.h"
 #include "platform/window/top_level.h"
 #include "platform/window/window.h"
@@ -49,32 +49,10 @@ DWORD changeStyle(HWND handle, int index, DWORD value) {
         const auto topmost = static_cast<DWORD>(WS_EX_TOPMOST);  // Changed by SetWindowPos alone.
         window->exStyle = (styles.styleNew & ~topmost) | (window->exStyle & topmost);
     }
+    window->completeExStyle();
+    styles.styleNew = index == GWL_STYLE ? window->style : window->exStyle;
     SendMessageA(handle, WM_STYLECHANGED, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&styles));
     return styles.styleOld;
-}
-
-LONG_PTR changeOwner(Window& window, HWND owner) {
-    if (!isTopLevel(window))
-        return reinterpret_cast<LONG_PTR>(SetParent(window.handle, owner));
-    const HWND old = window.owner;
-    Window* newOwner = findWindow(owner);
-    window.owner = newOwner ? topLevelOf(*newOwner)->handle : nullptr;
-    return reinterpret_cast<LONG_PTR>(old);
-}
-
-bool isProperty(const Property& property, LPCSTR name) {
-    return lstrcmpiA(property.name.c_str(), name) == 0;
-}
-
-// A property may also be named by an atom.
-std::string propertyName(LPCSTR name) {
-    return IS_INTRESOURCE(name) ? "#" + std::to_string(reinterpret_cast<std::uintptr_t>(name)) : std::string(name);
-}
-
-std::vector<Property>::iterator findProperty(Window& window, LPCSTR name) {
-    const std::string wanted = propertyName(name);
-    return std::find_if(window.properties.begin(), window.properties.end(),
-                        [&wanted](const Property& property) { return isProperty(property, wanted.c_str()); });
 }
 
 }  // namespace
@@ -100,8 +78,6 @@ LONG_PTR GetWindowLongPtrA(HWND window, int index) {
             return reinterpret_cast<LONG_PTR>(found->proc);
         case GWLP_HINSTANCE:
             return reinterpret_cast<LONG_PTR>(found->instance);
-        case GWLP_HWNDPARENT:
-            return reinterpret_cast<LONG_PTR>(platform::isTopLevel(*found) ? found->owner : GetParent(window));
         default:
             return platform::readExtra<LONG_PTR>(*found, index);
     }
@@ -123,8 +99,6 @@ LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value) {
             return reinterpret_cast<LONG_PTR>(std::exchange(found->proc, reinterpret_cast<WNDPROC>(value)));
         case GWLP_HINSTANCE:
             return reinterpret_cast<LONG_PTR>(std::exchange(found->instance, reinterpret_cast<HINSTANCE>(value)));
-        case GWLP_HWNDPARENT:
-            return platform::changeOwner(*found, reinterpret_cast<HWND>(value));
         default:
             return platform::writeExtra<LONG_PTR>(*found, index, value);
     }
@@ -141,38 +115,6 @@ LONG SetWindowLongA(HWND window, int index, LONG value) {
                  : static_cast<LONG>(SetWindowLongPtrA(window, index, value));
 }
 
-BOOL SetPropA(HWND window, LPCSTR name, HANDLE data) {
-    Window* found = requireWindow(window);
-    if (!found || !name)
-        return FALSE;
-    const auto property = platform::findProperty(*found, name);
-    if (property != found->properties.end())
-        property->data = data;
-    else
-        found->properties.push_back({platform::propertyName(name), data});
-    return TRUE;
-}
-
-HANDLE GetPropA(HWND window, LPCSTR name) {
-    Window* found = requireWindow(window);
-    if (!found || !name)
-        return nullptr;
-    const auto property = platform::findProperty(*found, name);
-    return property == found->properties.end() ? nullptr : property->data;
-}
-
-HANDLE RemovePropA(HWND window, LPCSTR name) {
-    Window* found = requireWindow(window);
-    if (!found || !name)
-        return nullptr;
-    const auto property = platform::findProperty(*found, name);
-    if (property == found->properties.end())
-        return nullptr;
-    const HANDLE data = property->data;
-    found->properties.erase(property);
-    return data;
-}
-
 BOOL IsWindow(HWND window) {
     return platform::isAlive(window) ? TRUE : FALSE;
 }
@@ -185,12 +127,4 @@ BOOL IsWindowVisible(HWND window) {
 BOOL IsWindowEnabled(HWND window) {
     const Window* found = requireWindow(window);
     return found && !found->has(WS_DISABLED) ? TRUE : FALSE;
-}
-
-DWORD GetWindowThreadProcessId(HWND window, LPDWORD process) {
-    if (!requireWindow(window))
-        return 0;
-    if (process)
-        *process = platform::currentProcessId();
-    return platform::queueThread();
 }

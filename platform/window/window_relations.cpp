@@ -37,14 +37,6 @@ HWND rootOwner(Window& window) {
     return nullptr;
 }
 
-// Moves the window to another place in the tree; screen coordinates stay with a window that becomes top-level.
-void relink(Window& window, Window& parent) {
-    if (isTopLevel(window) && &parent != &desktop())
-        removeFromDisplay(window);
-    unlinkWindow(window);
-    linkWindow(window, parent, nullptr);
-}
-
 }  // namespace
 }  // namespace platform
 
@@ -58,26 +50,6 @@ HWND GetParent(HWND window) {
     if (found->has(WS_POPUP))
         return found->owner;
     return found->has(WS_CHILD) ? found->parent->handle : nullptr;
-}
-
-HWND SetParent(HWND window, HWND parent) {
-    const Window* found = requireWindow(window);
-    const Window* target = parent ? requireWindow(parent) : &platform::desktop();
-    if (!found || !found->parent || !target || target == found || platform::isDescendant(*found, *target))
-        return nullptr;
-    const HWND targetHandle = target->handle;
-    const HWND previous = found->parent->handle;
-    const BOOL wasVisible = ShowWindow(window, SW_HIDE);
-    Window* moved = platform::findWindow(window);
-    Window* newParent = platform::findWindow(targetHandle);
-    if (!moved || !newParent)
-        return nullptr;
-    platform::relink(*moved, *newParent);
-    const RECT rect = moved->rect;
-    SetWindowPos(window, HWND_TOP, rect.left, rect.top, 0, 0, SWP_NOSIZE | (wasVisible ? 0U : SWP_NOACTIVATE));
-    if (wasVisible)
-        ShowWindow(window, SW_SHOW);
-    return previous;
 }
 
 HWND GetWindow(HWND window, UINT relation) {

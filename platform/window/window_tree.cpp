@@ -93,6 +93,12 @@ void Window::setStyleBit(long bit, bool on) {
     style = on ? style | bits : style & ~bits;
 }
 
+void Window::completeExStyle() {
+    const bool framed = has(WS_DLGFRAME | WS_THICKFRAME) && !hasEx(WS_EX_STATICEDGE);
+    const auto raised = static_cast<DWORD>(WS_EX_WINDOWEDGE);
+    exStyle = framed || hasEx(WS_EX_DLGMODALFRAME) ? exStyle | raised : exStyle & ~raised;
+}
+
 Window* findWindow(HWND handle) {
     return table().find(handle);
 }
@@ -118,8 +124,6 @@ Window* allocateWindow() {
 
 void releaseWindow(Window& window) {
     unlinkWindow(window);
-    if (window.windowClass)
-        --window.windowClass->windows;
     table().release(window);
 }
 
@@ -168,6 +172,11 @@ bool isShown(const Window& window) {
     while (up && up->has(WS_VISIBLE))
         up = up->parent;
     return !up;
+}
+
+void setStyleQuietly(HWND handle, DWORD style) {
+    if (Window* window = findWindow(handle))
+        window->style = style;
 }
 
 bool isAlive(HWND handle) {

@@ -1,7 +1,6 @@
 // Buttons and statics: what each kind tells its parent, its states, and how owner-drawn ones are asked to draw.
-#include "trace.h"
+#include "tests/conformance/window_spy.h"
 
-#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -210,18 +209,6 @@ void traceOwnerDraw(Trace& trace) {
     redraw("redrawn hidden");
 }
 
-Trace* subclassTrace = nullptr;
-WNDPROC subclassed = nullptr;
-
-LRESULT CALLBACK subclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    constexpr UINT kShown[] = {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_SETFOCUS, WM_CAPTURECHANGED,
-                               BM_SETSTATE,    BM_SETCHECK,  WM_KEYUP};
-    if (std::find(std::begin(kShown), std::end(kShown), message) != std::end(kShown)) {
-        subclassTrace->line("%s %d", messageName(message), message == BM_SETCHECK ? static_cast<int>(wParam) : 0);
-    }
-    return CallWindowProcA(subclassed, window, message, wParam, lParam);
-}
-
 void traceMessageOrder(Trace& trace) {
     constexpr DWORD kStyles[] = {BS_PUSHBUTTON, BS_AUTOCHECKBOX, BS_AUTORADIOBUTTON};
     trace.section("buttons: messages of one click");
@@ -229,9 +216,9 @@ void traceMessageOrder(Trace& trace) {
         ButtonScene scene(trace);
         HWND button = scene.add(style | BS_NOTIFY, 10);
         scene.parent().drain();
-        subclassTrace = &trace;
-        subclassed = reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrA(button, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(subclassProc)));
+        WindowSpy spy(trace, {}, Detail::Window);
+        spy.ignorePainting();
+        spy.watch(button);
         postClick(button);
         scene.state("clicked", button);
         postKey(button, VK_SPACE);

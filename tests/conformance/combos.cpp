@@ -1,9 +1,6 @@
 // List boxes and combo boxes: what they tell their parent, and selection, text and drop state after each step.
-#include "trace.h"
-#include "typing.h"
-
-#include <cstdint>
-#include <cstdio>
+#include "tests/conformance/trace.h"
+#include "tests/conformance/typing.h"
 
 namespace {
 
@@ -11,23 +8,6 @@ constexpr int kControlId = 20;
 constexpr const char* kFruit[] = {"Apple", "banana", "Cherry", "apricot", "Date", "elder", "fig", "Zebra", "yam"};
 
 constexpr DWORD kKinds[] = {CBS_DROPDOWN, CBS_DROPDOWNLIST};
-
-LPARAM textParam(const char* text) {
-    return reinterpret_cast<LPARAM>(text);
-}
-
-int number(LRESULT value) {
-    return static_cast<int>(value);
-}
-
-// A message with its answer; `text` stands for lParam when it is not null.
-struct MessageStep {
-    const char* what;
-    UINT message;
-    WPARAM wParam;
-    std::intptr_t lParam;
-    const char* text;
-};
 
 class ControlStage {
 public:
@@ -61,9 +41,7 @@ public:
     }
 
     void run(const MessageStep& step) {
-        const LRESULT result =
-            ask(step.message, step.wParam, step.text ? textParam(step.text) : static_cast<LPARAM>(step.lParam));
-        trace_.line("%s %s = %d", step.what, step.text ? step.text : "", number(result));
+        trace_.line("%s %s = %d", step.what, step.text ? step.text : "", number(step.send(control_)));
         state("");
     }
 

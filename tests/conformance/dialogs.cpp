@@ -1,6 +1,7 @@
 // Dialogs: order of creation, walks over tab stops and groups, keys, nested modal loops, message boxes.
 #include "tests/conformance/template_builder.h"
 #include "tests/conformance/trace.h"
+#include "tests/conformance/typing.h"
 #include "tests/conformance/window_spy.h"
 
 #include <windows.h>
@@ -11,16 +12,9 @@
 
 namespace {
 
-constexpr WORD kButton = 0x80;
-constexpr WORD kEdit = 0x81;
-constexpr WORD kStatic = 0x82;
 constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
 constexpr DWORD kPageStyle = WS_CHILD | DS_CONTROL | WS_VISIBLE;
 constexpr int kPageId = 300;
-
-HINSTANCE instance() {
-    return GetModuleHandleA(nullptr);
-}
 
 // Controls of every kind that a walk must tell apart; the page with ids from 301 is put behind id 130.
 TemplateBuilder mainTemplate(TemplateBuilder::Form form) {
@@ -111,20 +105,6 @@ int idOf(HWND window) {
     return window == nullptr ? 0 : GetDlgCtrlID(window);
 }
 
-HWND createOwner() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = DefWindowProcA;
-    windowClass.hInstance = instance();
-    windowClass.lpszClassName = "TavrikTraceOwner";
-    RegisterClassA(&windowClass);
-    HWND owner = CreateWindowExA(0, windowClass.lpszClassName, "Fr\xE5gare", WS_POPUP | WS_CAPTION | WS_VISIBLE, 50, 50,
-                                 500, 400, nullptr, nullptr, instance(), nullptr);
-    SetActiveWindow(owner);
-    SetFocus(owner);
-    drainQueue();
-    return owner;
-}
-
 // A modeless main dialog for walks and keys.
 HWND createMain(HWND owner, DialogScript& script) {
     const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Extended);
@@ -138,7 +118,8 @@ HWND createMain(HWND owner, DialogScript& script) {
 void traceCreation(Trace& trace) {
     for (const auto form : {TemplateBuilder::Form::Classic, TemplateBuilder::Form::Extended}) {
         trace.section(form == TemplateBuilder::Form::Classic ? "creation, classic" : "creation, extended");
-        HWND owner = createOwner();
+        const QuietParent ownerWindow(trace);
+        HWND owner = ownerWindow.handle();
         WindowSpy spy(trace);
         spy.watch(owner);
         spy.name(owner, "owner");
@@ -152,7 +133,7 @@ void traceCreation(Trace& trace) {
         GetWindowTextA(dialog, caption.data(), static_cast<int>(caption.size()));
         trace.line("caption %s style %08X exstyle %08X", caption.data(),
                    static_cast<unsigned>(GetWindowLongA(dialog, GWL_STYLE)),
-                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE) & ~WS_EX_WINDOWEDGE));
+                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE)));
         trace.line("focus %d, default %08X", idOf(GetFocus()),
                    static_cast<unsigned>(SendMessageA(dialog, DM_GETDEFID, 0, 0)));
         ShowWindow(dialog, SW_SHOW);
@@ -166,7 +147,6 @@ void traceCreation(Trace& trace) {
         SetFocus(dialog);
         trace.line("focus %d", idOf(GetFocus()));
         DestroyWindow(dialog);
-        DestroyWindow(owner);
         drainQueue();
     }
 }
@@ -197,7 +177,8 @@ void traceGroups(Trace& trace) {
 
 void traceWalks(Trace& trace) {
     trace.section("walks");
-    HWND owner = createOwner();
+    const QuietParent ownerWindow(trace);
+    HWND owner = ownerWindow.handle();
     DialogScript script;
     script.withPage = true;
     HWND dialog = createMain(owner, script);
@@ -218,89 +199,77 @@ void traceWalks(Trace& trace) {
     EnableWindow(page, FALSE);
     trace.line("page disabled: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
     DestroyWindow(dialog);
-    DestroyWindow(owner);
-    drainQueue();
+        drainQueue();
 }
-
-constexpr unsigned kShift = 1;
-constexpr unsigned kAlt = 4;
 
 struct KeyCase {
     int from;
     UINT message;
     WPARAM key;
-    unsigned modifiers;
+    const char* modifiers;
 };
 
 constexpr KeyCase kKeyCases[] = {
-    {101, WM_KEYDOWN, VK_TAB, 0},
-    {101, WM_KEYDOWN, VK_TAB, kShift},
-    {130, WM_KEYDOWN, VK_TAB, 0},
-    {301, WM_KEYDOWN, VK_TAB, 0},
-    {302, WM_KEYDOWN, VK_TAB, kShift},
-    {303, WM_KEYDOWN, VK_TAB, 0},
-    {150, WM_KEYDOWN, VK_TAB, 0},
-    {111, WM_KEYDOWN, VK_RIGHT, 0},
-    {111, WM_KEYDOWN, VK_UP, 0},
-    {141, WM_KEYDOWN, VK_LEFT, 0},
-    {130, WM_KEYDOWN, VK_DOWN, 0},
-    {1, WM_KEYDOWN, VK_RIGHT, 0},
-    {101, WM_KEYDOWN, VK_RETURN, 0},
-    {303, WM_KEYDOWN, VK_RETURN, 0},
-    {301, WM_KEYDOWN, VK_ESCAPE, 0},
-    {101, WM_CHAR, 'k', 0},
-    {130, WM_CHAR, 'm', 0},
-    {130, WM_CHAR, 'n', 0},
-    {130, WM_CHAR, 's', 0},
-    {130, WM_CHAR, 'g', 0},
-    {101, WM_SYSCHAR, 'r', kAlt},
-    {101, WM_SYSCHAR, 'k', kAlt},
-    {130, WM_SYSCHAR, 'n', kAlt},
-    {101, WM_SYSCHAR, 'x', kAlt},
-    {303, WM_KEYDOWN, VK_RIGHT, 0},
-    {2, WM_KEYDOWN, VK_TAB, kShift},
-    {142, WM_KEYDOWN, VK_TAB, 0},
-    {302, WM_KEYDOWN, VK_TAB, 0},
+    {101, WM_KEYDOWN, VK_TAB, ""},
+    {101, WM_KEYDOWN, VK_TAB, "S"},
+    {130, WM_KEYDOWN, VK_TAB, ""},
+    {301, WM_KEYDOWN, VK_TAB, ""},
+    {302, WM_KEYDOWN, VK_TAB, "S"},
+    {303, WM_KEYDOWN, VK_TAB, ""},
+    {150, WM_KEYDOWN, VK_TAB, ""},
+    {111, WM_KEYDOWN, VK_RIGHT, ""},
+    {111, WM_KEYDOWN, VK_UP, ""},
+    {141, WM_KEYDOWN, VK_LEFT, ""},
+    {130, WM_KEYDOWN, VK_DOWN, ""},
+    {1, WM_KEYDOWN, VK_RIGHT, ""},
+    {101, WM_KEYDOWN, VK_RETURN, ""},
+    {303, WM_KEYDOWN, VK_RETURN, ""},
+    {301, WM_KEYDOWN, VK_ESCAPE, ""},
+    {101, WM_CHAR, 'k', ""},
+    {130, WM_CHAR, 'm', ""},
+    {130, WM_CHAR, 'n', ""},
+    {130, WM_CHAR, 's', ""},
+    {130, WM_CHAR, 'g', ""},
+    {101, WM_SYSCHAR, 'r', "A"},
+    {101, WM_SYSCHAR, 'k', "A"},
+    {130, WM_SYSCHAR, 'n', "A"},
+    {101, WM_SYSCHAR, 'x', "A"},
+    {303, WM_KEYDOWN, VK_RIGHT, ""},
+    {2, WM_KEYDOWN, VK_TAB, "S"},
+    {142, WM_KEYDOWN, VK_TAB, ""},
+    {302, WM_KEYDOWN, VK_TAB, ""},
 };
-
-void setModifiers(unsigned modifiers) {
-    std::array<BYTE, 256> state{};
-    state[VK_SHIFT] = static_cast<BYTE>((modifiers & kShift) != 0 ? 0x80 : 0);
-    state[VK_MENU] = static_cast<BYTE>((modifiers & kAlt) != 0 ? 0x80 : 0);
-    SetKeyboardState(state.data());
-}
 
 void traceKeys(Trace& trace) {
     trace.section("keys");
     for (const KeyCase& row : kKeyCases) {
-        HWND owner = createOwner();
+        const QuietParent ownerWindow(trace);
+        HWND owner = ownerWindow.handle();
         DialogScript script;
         script.withPage = true;
         HWND dialog = createMain(owner, script);
         CheckRadioButton(dialog, 111, 113, 111);
         SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(dialog, row.from)), TRUE);
         drainQueue();
-        trace.line("%d: %s %d, modifiers %u", row.from, messageName(row.message), static_cast<int>(row.key),
+        trace.line("%d: %s %d, modifiers %s", row.from, messageName(row.message), static_cast<int>(row.key),
                    row.modifiers);
         {
             WindowSpy spy(trace);
             spy.name(dialog, "main");
             spy.watch(dialog);
             spy.watchChildren(dialog);
-            setModifiers(row.modifiers);
             MSG message{};
             message.hwnd = GetFocus();
             message.message = row.message;
             message.wParam = row.key;
-            message.lParam = row.modifiers == kAlt ? 0x20000001 : 1;
+            message.lParam = row.message == WM_SYSCHAR ? 0x20000001 : 1;
+            const HeldKeys held(row.modifiers);
             const BOOL taken = IsDialogMessageA(dialog, &message);
-            setModifiers(0);
             trace.line("taken %d, focus %d, default %d, radios %u%u%u", taken != 0, idOf(GetFocus()),
                        LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IsDlgButtonChecked(dialog, 111),
                        IsDlgButtonChecked(dialog, 112), IsDlgButtonChecked(dialog, 113));
         }
         DestroyWindow(dialog);
-        DestroyWindow(owner);
         drainQueue();
     }
 }
@@ -335,7 +304,8 @@ void onOuterCommand(HWND dialog, int id, DialogScript& script) {
 
 void traceModal(Trace& trace) {
     trace.section("modal");
-    HWND owner = createOwner();
+    const QuietParent ownerWindow(trace);
+    HWND owner = ownerWindow.handle();
     HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
                                 instance(), nullptr);
     SetFocus(edit);
@@ -355,8 +325,6 @@ void traceModal(Trace& trace) {
         DialogBoxIndirectParamA(instance(), builder.get(), edit, scriptedProc, reinterpret_cast<LPARAM>(&outer));
     trace.line("outer gave %d, owner enabled %d, focus %s", static_cast<int>(result), IsWindowEnabled(owner) != 0,
                spy.nameOf(GetFocus()).c_str());
-    const INT_PTR none = DialogBoxParamA(instance(), MAKEINTRESOURCEA(31999), owner, scriptedProc, 0);
-    trace.line("missing template gives %d, owner enabled %d", static_cast<int>(none), IsWindowEnabled(owner) != 0);
 }
 
 struct BoxCase {
@@ -397,7 +365,8 @@ void CALLBACK pressPendingKey(HWND, UINT, UINT_PTR timer, DWORD) {
 }
 
 void traceMessageBoxes(Trace& trace) {
-    HWND owner = createOwner();
+    const QuietParent ownerWindow(trace);
+    HWND owner = ownerWindow.handle();
     HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
                                 instance(), nullptr);
     for (const BoxCase& row : kBoxCases) {
@@ -415,8 +384,7 @@ void traceMessageBoxes(Trace& trace) {
         trace.line("gave %d, owner enabled %d, focus %s", result, IsWindowEnabled(owner) != 0,
                    spy.nameOf(GetFocus()).c_str());
     }
-    DestroyWindow(owner);
-    drainQueue();
+        drainQueue();
 }
 
 }  // namespace

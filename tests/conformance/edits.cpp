@@ -1,9 +1,7 @@
 // Single-line edits: what they tell their parent, and their text, selection and modification after each step.
-#include "trace.h"
-#include "typing.h"
+#include "tests/conformance/trace.h"
+#include "tests/conformance/typing.h"
 
-#include <cstdint>
-#include <cstring>
 #include <utility>
 
 namespace {
@@ -30,11 +28,9 @@ public:
         state(keys);
     }
 
-    LRESULT send(const char* what, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        const LRESULT result = SendMessageA(edit_, message, wParam, lParam);
-        trace_.line("%s = %d", what, static_cast<int>(result));
+    void send(const MessageStep& step) {
+        trace_.line("%s = %d", step.what, number(step.send(edit_)));
         state("");
-        return result;
     }
 
     void state(const char* after) const {
@@ -60,21 +56,6 @@ private:
     HWND edit_ = nullptr;
     HWND other_ = nullptr;
 };
-
-LPARAM textParam(const char* text) {
-    return reinterpret_cast<LPARAM>(text);
-}
-
-void setClipboard(HWND owner, const char* text) {
-    const std::size_t size = std::strlen(text) + 1;
-    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(GlobalLock(memory), text, size);
-    GlobalUnlock(memory);
-    OpenClipboard(owner);
-    EmptyClipboard();
-    SetClipboardData(CF_TEXT, memory);
-    CloseClipboard();
-}
 
 struct TypingCase {
     const char* name;
@@ -129,14 +110,6 @@ void traceTyping(Trace& trace) {
     }
 }
 
-struct MessageStep {
-    const char* what;
-    UINT message;
-    WPARAM wParam;
-    std::intptr_t lParam;
-    const char* text;  // Instead of lParam when not null.
-};
-
 constexpr MessageStep kMessageSteps[] = {
     {"WM_SETTEXT again", WM_SETTEXT, 0, 0, "start"},
     {"WM_SETTEXT", WM_SETTEXT, 0, 0, "other text"},
@@ -178,7 +151,7 @@ void traceMessages(Trace& trace) {
     trace.section("edit messages");
     EditStage stage(trace, ES_AUTOHSCROLL, "start");
     for (const MessageStep& step : kMessageSteps) {
-        stage.send(step.what, step.message, step.wParam, step.text ? textParam(step.text) : step.lParam);
+        stage.send(step);
     }
     char line[8] = {7, 0};
     const LRESULT copied = SendMessageA(stage.edit(), EM_GETLINE, 0, textParam(line));
@@ -193,10 +166,10 @@ void tracePaste(Trace& trace) {
         trace.section("paste");
         EditStage stage(trace, style | ES_AUTOHSCROLL, "0");
         setClipboard(stage.parent().handle(), clipboard);
-        stage.send("WM_PASTE", WM_PASTE);
-        stage.send("EM_SETLIMITTEXT", EM_SETLIMITTEXT, 9);
-        stage.send("WM_PASTE at the limit", WM_PASTE);
-        stage.send("EM_UNDO", EM_UNDO);
+        stage.send({"WM_PASTE", WM_PASTE, 0, 0, nullptr});
+        stage.send({"EM_SETLIMITTEXT", EM_SETLIMITTEXT, 9, 0, nullptr});
+        stage.send({"WM_PASTE at the limit", WM_PASTE, 0, 0, nullptr});
+        stage.send({"EM_UNDO", EM_UNDO, 0, 0, nullptr});
     }
 }
 
@@ -209,7 +182,7 @@ void traceFocus(Trace& trace) {
     EnableWindow(stage.edit(), FALSE);
     trace.line("disabled, focus %s", GetFocus() == stage.edit() ? "stays" : "gone");
     stage.type("x");
-    stage.send("WM_SETTEXT disabled", WM_SETTEXT, 0, textParam("set"));
+    stage.send({"WM_SETTEXT disabled", WM_SETTEXT, 0, 0, "set"});
     EnableWindow(stage.edit(), TRUE);
     SetWindowLongA(stage.edit(), GWL_STYLE, GetWindowLongA(stage.edit(), GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
     stage.type("y");

@@ -1,6 +1,6 @@
 // Prints what the controls, dialogs and sheets of the window system do, section by section, for comparison between
 // systems. Arguments name the sections to run; without any, all run.
-#include "trace.h"
+#include "tests/conformance/trace.h"
 
 #ifndef _WIN32
 #include <tavrikdisplay.h>  // Windows has one display; natively the sections run in memory.
@@ -18,8 +18,8 @@ struct Section {
 };
 
 constexpr Section kSections[] = {
-    {"buttons", traceButtons}, {"tabs", traceTabs},       {"edits", traceEdits},
-    {"combos", traceCombos},   {"dialogs", traceDialogs}, {"sheets", traceSheets},
+    {"windows", traceWindows}, {"system", traceSystem}, {"buttons", traceButtons}, {"tabs", traceTabs},
+    {"edits", traceEdits},     {"combos", traceCombos}, {"dialogs", traceDialogs}, {"sheets", traceSheets},
 };
 
 }  // namespace
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
             return 2;
         }
     }
-    Trace trace;
+    Trace trace([](const std::string& line) { std::puts(line.c_str()); });
     for (const Section& section : kSections) {
         const bool wanted = argc == 1 || std::find(argv + 1, argv + argc, section.name) != argv + argc;
         if (wanted) {

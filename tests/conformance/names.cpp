@@ -1,8 +1,10 @@
-// Names of messages and notifications in the trace.
-#include "trace.h"
+// The tables of names.
+#include "tests/conformance/names.h"
+
+#include <commctrl.h>
+#include <prsht.h>
 
 #include <cstdio>
-#include <cstring>
 #include <span>
 
 namespace {
@@ -15,63 +17,99 @@ struct NamedCode {
 // The code and its name are written once.
 #define NAMED(code) \
     { static_cast<UINT>(code), #code }
+#define ROW(code, shows, detail) \
+    { code, #code, Shows::shows, Detail::detail, "" }
+#define CLASS_ROW(windowClass, code, shows, detail) \
+    { code, #code, Shows::shows, Detail::detail, windowClass }
 
-constexpr NamedCode kMessages[] = {
-    NAMED(WM_CREATE),          NAMED(WM_DESTROY),        NAMED(WM_MOVE),         NAMED(WM_SIZE),
-    NAMED(WM_ACTIVATE),        NAMED(WM_SETFOCUS),       NAMED(WM_KILLFOCUS),    NAMED(WM_ENABLE),
-    NAMED(WM_SETREDRAW),       NAMED(WM_SETTEXT),        NAMED(WM_GETTEXT),      NAMED(WM_GETTEXTLENGTH),
-    NAMED(WM_PAINT),           NAMED(WM_CLOSE),          NAMED(WM_ERASEBKGND),   NAMED(WM_SHOWWINDOW),
-    NAMED(WM_CANCELMODE),      NAMED(WM_MOUSEACTIVATE),  NAMED(WM_NEXTDLGCTL),   NAMED(WM_DRAWITEM),
-    NAMED(WM_MEASUREITEM),     NAMED(WM_DELETEITEM),     NAMED(WM_SETFONT),      NAMED(WM_GETFONT),
-    NAMED(WM_COMPAREITEM),     NAMED(WM_NOTIFY),         NAMED(WM_STYLECHANGED), NAMED(WM_NCCREATE),
-    NAMED(WM_NCDESTROY),       NAMED(WM_NCHITTEST),      NAMED(WM_NCACTIVATE),   NAMED(WM_GETDLGCODE),
-    NAMED(WM_KEYDOWN),         NAMED(WM_KEYUP),          NAMED(WM_CHAR),         NAMED(WM_SYSKEYDOWN),
-    NAMED(WM_SYSKEYUP),        NAMED(WM_SYSCHAR),        NAMED(WM_INITDIALOG),   NAMED(WM_COMMAND),
-    NAMED(WM_SYSCOMMAND),      NAMED(WM_TIMER),          NAMED(WM_ENTERIDLE),    NAMED(WM_CTLCOLOREDIT),
-    NAMED(WM_CTLCOLORLISTBOX), NAMED(WM_CTLCOLORBTN),    NAMED(WM_CTLCOLORDLG),  NAMED(WM_CTLCOLORSTATIC),
-    NAMED(WM_MOUSEMOVE),       NAMED(WM_LBUTTONDOWN),    NAMED(WM_LBUTTONUP),    NAMED(WM_LBUTTONDBLCLK),
-    NAMED(WM_PARENTNOTIFY),    NAMED(WM_CAPTURECHANGED), NAMED(WM_CUT),          NAMED(WM_COPY),
-    NAMED(WM_PASTE),           NAMED(WM_CLEAR),          NAMED(WM_UNDO),         NAMED(BM_GETCHECK),
-    NAMED(BM_SETCHECK),        NAMED(BM_GETSTATE),       NAMED(BM_SETSTATE),     NAMED(BM_SETSTYLE),
-    NAMED(BM_CLICK),           NAMED(DM_GETDEFID),       NAMED(DM_SETDEFID),     NAMED(EM_SETSEL),
-    NAMED(EM_GETSEL),
+constexpr MessageTraits kMessages[] = {
+    ROW(WM_NCCREATE, Nothing, Window),
+    ROW(WM_NCCALCSIZE, WParam, Window),
+    ROW(WM_CREATE, Nothing, Dialog),
+    ROW(WM_SIZE, Point, Window),
+    ROW(WM_MOVE, Point, Window),
+    ROW(WM_SHOWWINDOW, Both, Dialog),
+    ROW(WM_WINDOWPOSCHANGING, Placing, Window),
+    ROW(WM_WINDOWPOSCHANGED, Placing, Window),
+    ROW(WM_ACTIVATE, Activation, Dialog),
+    ROW(WM_ACTIVATEAPP, WParam, Window),
+    ROW(WM_NCACTIVATE, WParam, Window),
+    ROW(WM_SETFOCUS, OtherWindow, Dialog),
+    ROW(WM_KILLFOCUS, OtherWindow, Dialog),
+    ROW(WM_ENABLE, WParam, Dialog),
+    ROW(WM_CAPTURECHANGED, NewCapture, Window),
+    ROW(WM_PARENTNOTIFY, LowWord, Window),
+    ROW(WM_DESTROY, Nothing, Dialog),
+    ROW(WM_NCDESTROY, Nothing, Window),
+    ROW(WM_STYLECHANGING, Styles, Window),
+    ROW(WM_STYLECHANGED, Styles, Window),
+    ROW(WM_SETTEXT, Nothing, Window),
+    ROW(WM_SETREDRAW, WParam, Window),
+    ROW(WM_NCPAINT, Nothing, Window),
+    ROW(WM_ERASEBKGND, Nothing, Window),
+    ROW(WM_PAINT, Nothing, Window),
+    ROW(WM_CLOSE, Nothing, Dialog),
+    ROW(WM_SYSCOMMAND, WParam, Window),
+    ROW(WM_SETFONT, Nothing, Dialog),
+    ROW(WM_INITDIALOG, Nothing, Dialog),
+    ROW(WM_COMMAND, Command, Dialog),
+    ROW(WM_NOTIFY, Notification, Dialog),
+    ROW(WM_ENTERIDLE, WParam, Dialog),
+    ROW(WM_NEXTDLGCTL, Nothing, Dialog),
+    ROW(WM_KEYDOWN, WParam, Dialog),
+    ROW(WM_KEYUP, WParam, Window),
+    ROW(WM_CHAR, WParam, Dialog),
+    ROW(WM_SYSKEYDOWN, WParam, Window),
+    ROW(WM_SYSKEYUP, WParam, Window),
+    ROW(WM_SYSCHAR, WParam, Window),
+    ROW(WM_LBUTTONDOWN, Point, Window),
+    ROW(WM_LBUTTONUP, Point, Window),
+    ROW(WM_LBUTTONDBLCLK, Point, Window),
+    ROW(WM_NCLBUTTONDOWN, Nothing, Window),
+    ROW(WM_MOUSEMOVE, Point, Window),
+    ROW(WM_MOUSEWHEEL, HighWord, Window),
+    ROW(WM_TIMER, WParam, Window),
+    ROW(WM_APP, WParam, Window),
+    ROW(BM_CLICK, WParam, Dialog),
+    ROW(BM_SETSTYLE, Both, Dialog),
+    ROW(BM_SETSTATE, WParam, Window),
+    ROW(BM_SETCHECK, WParam, Window),
+    CLASS_ROW("Edit", EM_SETSEL, Both, Dialog),
+    CLASS_ROW("#32770", DM_SETDEFID, WParam, Dialog),
+    CLASS_ROW("TavrikTraced", WM_USER, WParam, Window),
 };
+#undef ROW
+#undef CLASS_ROW
 
 constexpr NamedCode kButtonCodes[] = {
-    NAMED(BN_CLICKED), NAMED(BN_PAINT),         NAMED(BN_HILITE),   NAMED(BN_UNHILITE),
-    NAMED(BN_DISABLE), NAMED(BN_DOUBLECLICKED), NAMED(BN_SETFOCUS), NAMED(BN_KILLFOCUS),
+    NAMED(BN_CLICKED),
+    NAMED(BN_DOUBLECLICKED),
+    NAMED(BN_SETFOCUS),
+    NAMED(BN_KILLFOCUS),
 };
 constexpr NamedCode kStaticCodes[] = {NAMED(STN_CLICKED), NAMED(STN_DBLCLK)};
 constexpr NamedCode kEditCodes[] = {
-    NAMED(EN_SETFOCUS), NAMED(EN_KILLFOCUS), NAMED(EN_CHANGE),  NAMED(EN_UPDATE),
-    NAMED(EN_ERRSPACE), NAMED(EN_MAXTEXT),   NAMED(EN_HSCROLL),
+    NAMED(EN_SETFOCUS), NAMED(EN_KILLFOCUS), NAMED(EN_CHANGE), NAMED(EN_UPDATE), NAMED(EN_MAXTEXT),
 };
 constexpr NamedCode kListBoxCodes[] = {
-    NAMED(LBN_SELCHANGE), NAMED(LBN_DBLCLK), NAMED(LBN_SELCANCEL), NAMED(LBN_SETFOCUS), NAMED(LBN_KILLFOCUS),
+    NAMED(LBN_SELCHANGE),
+    NAMED(LBN_DBLCLK),
+    NAMED(LBN_SETFOCUS),
+    NAMED(LBN_KILLFOCUS),
 };
 constexpr NamedCode kComboBoxCodes[] = {
-    NAMED(CBN_SELCHANGE),  NAMED(CBN_DBLCLK),   NAMED(CBN_SETFOCUS), NAMED(CBN_KILLFOCUS), NAMED(CBN_EDITCHANGE),
-    NAMED(CBN_EDITUPDATE), NAMED(CBN_DROPDOWN), NAMED(CBN_CLOSEUP),  NAMED(CBN_SELENDOK),  NAMED(CBN_SELENDCANCEL),
+    NAMED(CBN_SELCHANGE),  NAMED(CBN_SETFOCUS), NAMED(CBN_KILLFOCUS), NAMED(CBN_EDITCHANGE),
+    NAMED(CBN_EDITUPDATE), NAMED(CBN_DROPDOWN), NAMED(CBN_CLOSEUP),   NAMED(CBN_SELENDOK),
+    NAMED(CBN_SELENDCANCEL),
 };
 constexpr NamedCode kNotifications[] = {
-    NAMED(NM_CLICK),
-    NAMED(NM_RCLICK),
-    NAMED(NM_RELEASEDCAPTURE),
-    NAMED(TCN_KEYDOWN),
-    NAMED(TCN_SELCHANGE),
-    NAMED(TCN_SELCHANGING),
-    NAMED(PSN_SETACTIVE),
-    NAMED(PSN_KILLACTIVE),
-    NAMED(PSN_APPLY),
-    NAMED(PSN_RESET),
-    NAMED(PSN_QUERYCANCEL),
-    NAMED(PSN_HELP),
-    NAMED(PSN_QUERYINITIALFOCUS),
+    NAMED(NM_CLICK),       NAMED(NM_RCLICK),      NAMED(TCN_KEYDOWN), NAMED(TCN_SELCHANGE), NAMED(TCN_SELCHANGING),
+    NAMED(PSN_SETACTIVE),  NAMED(PSN_KILLACTIVE), NAMED(PSN_APPLY),   NAMED(PSN_RESET),     NAMED(PSN_QUERYCANCEL),
 };
 #undef NAMED
 
 struct ClassCodes {
-    const char* className;
+    std::string_view className;
     std::span<const NamedCode> codes;
 };
 
@@ -80,36 +118,44 @@ constexpr ClassCodes kCommandCodes[] = {
     {"ListBox", kListBoxCodes}, {"ComboBox", kComboBoxCodes},
 };
 
-const char* findName(std::span<const NamedCode> names, UINT code, std::span<char> buffer) {
+const char* findName(std::span<const NamedCode> names, UINT code) {
+    static char number[12];
     for (const NamedCode& named : names) {
         if (named.code == code) {
             return named.name;
         }
     }
-    std::snprintf(buffer.data(), buffer.size(), "0x%04X", static_cast<unsigned>(code));
-    return buffer.data();
+    std::snprintf(number, sizeof number, "0x%04X", static_cast<unsigned>(code));
+    return number;
 }
 
 }  // namespace
 
+const MessageTraits* findMessage(UINT message, std::string_view windowClass) {
+    for (const MessageTraits& traits : kMessages) {
+        if (traits.code == message && (traits.windowClass.empty() || traits.windowClass == windowClass)) {
+            return &traits;
+        }
+    }
+    return nullptr;
+}
+
 const char* messageName(UINT message) {
-    static char number[12];
-    return findName(kMessages, message, number);
+    const MessageTraits* const traits = findMessage(message, "");
+    return traits ? traits->name.data() : findName({}, message);
 }
 
 const char* commandName(HWND control, UINT code) {
-    static char number[12];
     char className[32] = "";
     GetClassNameA(control, className, sizeof className);
     for (const ClassCodes& entry : kCommandCodes) {
-        if (std::strcmp(entry.className, className) == 0) {
-            return findName(entry.codes, code, number);
+        if (entry.className == className) {
+            return findName(entry.codes, code);
         }
     }
-    return findName({}, code, number);
+    return findName({}, code);
 }
 
 const char* notificationName(UINT code) {
-    static char number[12];
-    return findName(kNotifications, code, number);
+    return findName(kNotifications, code);
 }

@@ -1,6 +1,7 @@
 // Property sheets: order of notifications while pages are shown, left, applied, reset, added and removed.
 #include "tests/conformance/template_builder.h"
 #include "tests/conformance/trace.h"
+#include "tests/conformance/typing.h"
 #include "tests/conformance/window_spy.h"
 
 #include <windows.h>
@@ -16,15 +17,9 @@
 
 namespace {
 
-constexpr WORD kButton = 0x80;
-constexpr WORD kEdit = 0x81;
 // The id of the Apply button; no header of the system names it.
 constexpr int kApplyId = 0x3021;
 constexpr DWORD kPageStyle = WS_CHILD | WS_CAPTION | WS_DISABLED;
-
-HINSTANCE instance() {
-    return GetModuleHandleA(nullptr);
-}
 
 // One page: what it answers, and how it is called in the trace.
 struct Page {
@@ -194,18 +189,14 @@ void drain() {
     }
 }
 
-void press(UINT key, bool control, bool shift) {
-    std::array<BYTE, 256> state{};
-    state[VK_CONTROL] = static_cast<BYTE>(control ? 0x80 : 0);
-    state[VK_SHIFT] = static_cast<BYTE>(shift ? 0x80 : 0);
-    SetKeyboardState(state.data());
+void press(UINT key, const char* modifiers) {
+    const HeldKeys held(modifiers);
     MSG message{};
     message.hwnd = GetFocus();
     message.message = WM_KEYDOWN;
     message.wParam = key;
     message.lParam = 1;
     SendMessageA(stage->sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
-    SetKeyboardState(std::array<BYTE, 256>{}.data());
 }
 
 void clickTab(int index) {
@@ -246,29 +237,17 @@ void playModeless(DWORD flags, std::span<const Step> steps, UINT start = 0) {
 
 class Scene {
 public:
-    Scene(Trace& trace, const char* name) {
+    Scene(Trace& trace, const char* name) : owner_(trace), stage_(trace) {
         trace.section(name);
-        owner_ = CreateWindowExA(0, "Static", "", WS_POPUP | WS_CAPTION | WS_VISIBLE, 0, 0, 300, 200, nullptr, nullptr,
-                                 instance(), nullptr);
-        SetActiveWindow(owner_);
-        drainQueue();
-        stage_ = std::make_unique<Stage>(trace);
-        stage = stage_.get();
-        stage->owner = owner_;
-        stage->spy.watch(owner_);
-        stage->spy.name(owner_, "owner");
+        stage = &stage_;
+        stage->owner = owner_.handle();
+        stage->spy.watch(stage->owner);
+        stage->spy.name(stage->owner, "owner");
     }
-    ~Scene() {
-        stage_.reset();
-        DestroyWindow(owner_);
-        drainQueue();
-    }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
 
 private:
-    HWND owner_ = nullptr;
-    std::unique_ptr<Stage> stage_;
+    QuietParent owner_;
+    Stage stage_;
 };
 
 void traceSwitching(Trace& trace) {
@@ -282,22 +261,22 @@ void traceSwitching(Trace& trace) {
         {"set current 7", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 7, 0); }},
         {"click tab 0", [] { clickTab(0); }},
         {"click tab 2", [] { clickTab(2); }},
-        {"Ctrl+Tab", [] { press(VK_TAB, true, false); }},
-        {"Ctrl+Shift+Tab", [] { press(VK_TAB, true, true); }},
-        {"Ctrl+PageUp", [] { press(VK_PRIOR, true, false); }},
-        {"Ctrl+PageDown", [] { press(VK_NEXT, true, false); }},
-        {"Tab", [] { press(VK_TAB, false, false); }},
+        {"Ctrl+Tab", [] { press(VK_TAB, "C"); }},
+        {"Ctrl+Shift+Tab", [] { press(VK_TAB, "CS"); }},
+        {"Ctrl+PageUp", [] { press(VK_PRIOR, "C"); }},
+        {"Ctrl+PageDown", [] { press(VK_NEXT, "C"); }},
+        {"Tab", [] { press(VK_TAB, ""); }},
         {"Tab to the end",
          [] {
              for (int i = 0; i < 6; ++i) {
-                 press(VK_TAB, false, false);
+                 press(VK_TAB, "");
                  stage->spy.line("-- focus " + focusName());
              }
          }},
         {"Right on the tabs",
          [] {
              SetFocus(reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0)));
-             press(VK_RIGHT, false, false);
+             press(VK_RIGHT, "");
          }},
     };
     playModeless(PSH_NOAPPLYNOW, kSteps);
@@ -311,7 +290,7 @@ void traceRefusals(Trace& trace) {
     constexpr Step kSteps[] = {
         {"set current 1, page 0 refuses", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
         {"click tab 1, page 0 refuses", [] { clickTab(1); }},
-        {"Ctrl+Tab, page 0 refuses", [] { press(VK_TAB, true, false); }},
+        {"Ctrl+Tab, page 0 refuses", [] { press(VK_TAB, "C"); }},
         {"OK, page 0 refuses to be left", [] { pressButton(PSBTN_OK); }},
         {"page 1 refuses to be shown",
          [] {

@@ -1,5 +1,5 @@
 // The tab control: items, selection by message, mouse and keys, refusal, focus, geometry.
-#include "trace.h"
+#include "tests/conformance/trace.h"
 
 #include <iterator>
 

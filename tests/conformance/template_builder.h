@@ -7,6 +7,11 @@
 #include <string_view>
 #include <vector>
 
+// Classes of controls by their numbers in a template.
+constexpr WORD kButton = 0x80;
+constexpr WORD kEdit = 0x81;
+constexpr WORD kStatic = 0x82;
+
 class TemplateBuilder {
 public:
     enum class Form { Classic, Extended };

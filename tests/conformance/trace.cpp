@@ -1,20 +1,18 @@
 // The trace and the tools that its sections share.
-#include "trace.h"
+#include "tests/conformance/trace.h"
 
+#include <array>
 #include <cstdarg>
 #include <cstdio>
-
-void Trace::section(const char* name) {
-    std::printf("[%s]\n", name);
-}
+#include <cstring>
 
 void Trace::line(const char* format, ...) {
+    std::array<char, 400> text{};
     va_list arguments;
     va_start(arguments, format);
-    std::fputs("  ", stdout);
-    std::vprintf(format, arguments);
-    std::putchar('\n');
+    std::vsnprintf(text.data(), text.size(), format, arguments);
     va_end(arguments);
+    sink_(std::string("  ") + text.data());
 }
 
 LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kind) {
@@ -22,7 +20,7 @@ LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kin
         static const char* const kClassName = "TavrikTraceParent";
         WNDCLASSA windowClass{};
         windowClass.lpfnWndProc = windowProc;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.hInstance = instance();
         windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
         windowClass.lpszClassName = kClassName;
         RegisterClassA(&windowClass);  // Refused from the second parent on, which then uses the first one's class.
@@ -34,7 +32,7 @@ LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kin
             WORD menuClassCaption[3];
         } empty{};
         empty.head.style = WS_POPUP | WS_CAPTION;
-        CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &empty.head, nullptr, dialogProc,
+        CreateDialogIndirectParamA(instance(), &empty.head, nullptr, dialogProc,
                                    reinterpret_cast<LPARAM>(this));
         SetWindowPos(window_, nullptr, 100, 100, 400, 300, SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -54,7 +52,7 @@ HWND LoggingParent::add(const char* className, const char* text, DWORD style, in
                         int height) {
     HWND control =
         CreateWindowExA(0, className, text, style | WS_CHILD | WS_VISIBLE, x, y, width, height, window_,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance(), nullptr);
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
     return control;
 }
@@ -105,6 +103,17 @@ bool LoggingParent::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
         trace_.line("WM_NOTIFY id %d %s", static_cast<int>(header->idFrom), notificationName(header->code));
     }
     return false;
+}
+
+void setClipboard(HWND owner, const char* text) {
+    const std::size_t size = std::strlen(text) + 1;
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text, size);
+    GlobalUnlock(memory);
+    OpenClipboard(owner);
+    EmptyClipboard();
+    SetClipboardData(CF_TEXT, memory);
+    CloseClipboard();
 }
 
 void drainQueue(HWND dialog) {

@@ -1,7 +1,9 @@
-// What the conformance sections share: the trace, names of messages and notifications, a parent that writes down
-// what its controls tell it, and a user's keys and clicks. Uses the window API alone, so that the same program runs
+// What the conformance sections share: the trace, a parent that writes down what its controls tell it, and a user's
+// keys and clicks. Uses the window API alone, so that the same program runs
 // natively and on Windows and both traces can be compared line by line.
 #pragma once
+
+#include "tests/conformance/names.h"
 
 #include <windows.h>
 
@@ -9,21 +11,21 @@
 #include <prsht.h>
 
 #include <functional>
+#include <string>
 #include <utility>
 
-// Writes lines to standard output; all but section headings are indented by two blanks.
+// Hands on lines; all but section headings are indented by two blanks.
 class Trace {
 public:
-    void section(const char* name);
-    [[gnu::format(printf, 2, 3)]] void line(const char* format, ...);
-};
+    using Sink = std::function<void(const std::string& line)>;
+    explicit Trace(Sink sink) : sink_(std::move(sink)) {}
 
-// "WM_SETFOCUS" and the like, or the number in hexadecimal. The text is valid until the next call of the same function.
-const char* messageName(UINT message);
-// Name of a WM_COMMAND code, read by the class of the control ("BN_CLICKED", "EN_CHANGE" ...).
-const char* commandName(HWND control, UINT code);
-// Name of a WM_NOTIFY code ("TCN_SELCHANGE", "PSN_APPLY" ...).
-const char* notificationName(UINT code);
+    void section(const std::string& name) { sink_("[" + name + "]"); }
+    [[gnu::format(printf, 2, 3)]] void line(const char* format, ...);
+
+private:
+    Sink sink_;
+};
 
 // A visible top-level window of 400 by 300 pixels, or an empty dialog of that size, which writes a line for every
 // WM_COMMAND and WM_NOTIFY that it gets. The window is destroyed with the object.
@@ -59,6 +61,37 @@ private:
     bool quiet_ = false;
 };
 
+inline HINSTANCE instance() {
+    return GetModuleHandleA(nullptr);
+}
+inline LPARAM textParam(const char* text) {
+    return reinterpret_cast<LPARAM>(text);
+}
+inline int number(LRESULT value) {
+    return static_cast<int>(value);
+}
+
+// A message to a control and how the trace calls it; `text` stands for lParam when it is not null.
+struct MessageStep {
+    const char* what;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    const char* text;
+
+    LRESULT send(HWND window) const {
+        return SendMessageA(window, message, wParam, text ? textParam(text) : lParam);
+    }
+};
+
+void setClipboard(HWND owner, const char* text);
+
+// A parent for sections whose trace a spy writes.
+class QuietParent : public LoggingParent {
+public:
+    explicit QuietParent(Trace& trace) : LoggingParent(trace, Kind::Window) { setQuiet(true); }
+};
+
 // Dispatches everything that is queued for this thread; with a dialog, through IsDialogMessage first.
 void drainQueue(HWND dialog = nullptr);
 // Posts a key press and its release, as an unmodified key would arrive; the character follows from translation.
@@ -71,6 +104,8 @@ void postClick(HWND window, int x, int y);
 void postClick(HWND window);
 
 // The sections.
+void traceWindows(Trace& trace);
+void traceSystem(Trace& trace);
 void traceButtons(Trace& trace);
 void traceTabs(Trace& trace);
 void traceEdits(Trace& trace);

@@ -1,9 +1,10 @@
 // Plays typed keys into a window.
-#include "typing.h"
+#include "tests/conformance/typing.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -23,18 +24,14 @@ constexpr NamedKey kKeys[] = {
 struct KeyPress {
     UINT virtualKey = 0;
     char character = 0;
-    bool shift = false;
-    bool control = false;
-    bool alt = false;
+    std::string modifiers;
 };
 
 // Reads "S-home" and the like.
 KeyPress parseKey(const char* name, std::size_t length) {
     KeyPress press;
     while (length > 2 && name[1] == '-') {
-        press.shift |= *name == 'S';
-        press.control |= *name == 'C';
-        press.alt |= *name == 'A';
+        press.modifiers += *name;
         name += 2;
         length -= 2;
     }
@@ -47,32 +44,38 @@ KeyPress parseKey(const char* name, std::size_t length) {
     }
     if (length == 1 && *name >= 'a' && *name <= 'z') {
         press.virtualKey = static_cast<UINT>(*name - 'a' + 'A');
-        press.character = press.control ? static_cast<char>(*name - 'a' + 1) : *name;
+        press.character = press.modifiers == "C" ? static_cast<char>(*name - 'a' + 1) : *name;
         return press;
     }
     std::fprintf(stderr, "unknown key: %.*s\n", static_cast<int>(length), name);
     std::abort();
 }
 
-void holdKeys(bool shift, bool control) {
-    BYTE state[256] = {};
-    state[VK_SHIFT] = state[VK_LSHIFT] = shift ? 0x80 : 0;
-    state[VK_CONTROL] = state[VK_LCONTROL] = control ? 0x80 : 0;
-    SetKeyboardState(state);
-}
-
 void press(HWND window, const KeyPress& key) {
-    holdKeys(key.shift, key.control);
-    const LPARAM context = key.alt ? 0x20000001 : 1;
-    SendMessageA(window, key.alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key.virtualKey, context);
+    const HeldKeys held(key.modifiers.c_str());
+    const bool alt = key.modifiers == "A";
+    const LPARAM context = alt ? 0x20000001 : 1;
+    SendMessageA(window, alt ? WM_SYSKEYDOWN : WM_KEYDOWN, key.virtualKey, context);
     if (key.character) {
         SendMessageA(window, WM_CHAR, static_cast<BYTE>(key.character), context);
     }
-    SendMessageA(window, key.alt ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, context | 0xC0000000);
-    holdKeys(false, false);
+    SendMessageA(window, alt ? WM_SYSKEYUP : WM_KEYUP, key.virtualKey, context | 0xC0000000);
 }
 
 }  // namespace
+
+HeldKeys::HeldKeys(const char* modifiers) {
+    BYTE state[256] = {};
+    for (const char* key = modifiers; *key; ++key) {
+        state[*key == 'S' ? VK_SHIFT : *key == 'C' ? VK_CONTROL : VK_MENU] = 0x80;
+    }
+    SetKeyboardState(state);
+}
+
+HeldKeys::~HeldKeys() {
+    BYTE state[256] = {};
+    SetKeyboardState(state);
+}
 
 void typeKeys(HWND window, const char* keys) {
     while (*keys && IsWindow(window)) {

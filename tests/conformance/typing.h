@@ -3,6 +3,15 @@
 
 #include <windows.h>
 
+// Holds the keys that the letters name, Shift (S), Ctrl (C) and Alt (A), while it lives.
+class HeldKeys {
+public:
+    explicit HeldKeys(const char* modifiers);
+    ~HeldKeys();
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+};
+
 // Sends the keys to the window (not through the queue, so that nothing but the window itself reacts). Plain characters
 // are typed; "{left}", "{S-home}", "{C-v}", "{A-down}" are keys with Shift, Ctrl or Alt held; "{bs}", "{enter}",
 // "{esc}" and Ctrl with a letter also send the control character that the keyboard would give.

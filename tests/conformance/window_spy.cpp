@@ -1,4 +1,4 @@
-// What the spy prints: the messages of a dialog's life, and what they carry.
+// How a spy gets at the messages of a window, and what it prints of them.
 #include "tests/conformance/window_spy.h"
 
 #include <windows.h>
@@ -11,57 +11,39 @@ namespace {
 
 WindowSpy* activeSpy = nullptr;
 
-// What of a message's arguments belongs into the trace.
-enum class Shows { Nothing, WParam, Command, Notification, Range };
-
-struct SpiedMessage {
-    UINT message;
-    Shows shows;
-};
-
-constexpr SpiedMessage kSpied[] = {
-    {WM_CREATE, Shows::Nothing},     {WM_DESTROY, Shows::Nothing},    {WM_ACTIVATE, Shows::WParam},
-    {WM_SETFOCUS, Shows::Nothing},   {WM_KILLFOCUS, Shows::Nothing},  {WM_ENABLE, Shows::WParam},
-    {WM_SHOWWINDOW, Shows::WParam},  {WM_CLOSE, Shows::Nothing},      {WM_SETFONT, Shows::Nothing},
-    {WM_INITDIALOG, Shows::Nothing}, {WM_COMMAND, Shows::Command},    {WM_NOTIFY, Shows::Notification},
-    {WM_ENTERIDLE, Shows::WParam},   {WM_NEXTDLGCTL, Shows::Nothing}, {WM_KEYDOWN, Shows::WParam},
-    {WM_CHAR, Shows::WParam},        {BM_CLICK, Shows::WParam},       {BM_SETSTYLE, Shows::Range},
-    {EM_SETSEL, Shows::Range},       {DM_SETDEFID, Shows::WParam},
-};
-
-const SpiedMessage* findSpied(UINT message) {
-    const auto* const found = std::find_if(std::begin(kSpied), std::end(kSpied),
-                                           [&](const SpiedMessage& spied) { return spied.message == message; });
-    return found != std::end(kSpied) ? found : nullptr;
-}
-
 std::string classOf(HWND window) {
     std::array<char, 64> name{};
     GetClassNameA(window, name.data(), static_cast<int>(name.size()));
     return name.data();
 }
 
-// Messages above WM_USER mean something else for every class.
-bool isSpied(HWND window, UINT message) {
-    const std::string windowClass = classOf(window);
-    if (message == DM_SETDEFID) {
-        return windowClass == "#32770";
-    }
-    if (message == EM_SETSEL) {
-        return windowClass == "Edit";
-    }
-    return findSpied(message) != nullptr;
-}
-
-std::string numbers(const char* format, long long first, long long second) {
+std::string numbers(const char* format, long long first, long long second = 0) {
     std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), format, first, second);
     return text.data();
 }
 
+// Flags that the system adds for itself are left out.
+std::string placing(UINT flags) {
+    struct FlagName {
+        UINT flag;
+        const char* name;
+    };
+    constexpr FlagName kNames[] = {{SWP_NOSIZE, " nosize"},         {SWP_NOMOVE, " nomove"},
+                                   {SWP_NOZORDER, " nozorder"},     {SWP_NOREDRAW, " noredraw"},
+                                   {SWP_NOACTIVATE, " noactivate"}, {SWP_FRAMECHANGED, " framechanged"},
+                                   {SWP_SHOWWINDOW, " show"},       {SWP_HIDEWINDOW, " hide"}};
+    std::string text;
+    for (const FlagName& entry : kNames) {
+        text += (flags & entry.flag) != 0 ? entry.name : "";
+    }
+    return text;
+}
+
 }  // namespace
 
-WindowSpy::WindowSpy(Trace& trace, std::initializer_list<const char*> classes) : trace_(trace), classes_(classes) {
+WindowSpy::WindowSpy(Trace& trace, std::initializer_list<const char*> classes, Detail detail)
+    : trace_(trace), classes_(classes.begin(), classes.end()), detail_(detail) {
     activeSpy = this;
     hook_ = SetWindowsHookExA(WH_CBT, hookProc, nullptr, GetCurrentThreadId());
 }
@@ -94,20 +76,26 @@ std::string WindowSpy::nameOf(HWND window) const {
     if (named != names_.end()) {
         return named->second;
     }
-    return classOf(window) + numbers(" %lld", GetDlgCtrlID(window) & 0xFFFF, 0);
+    return classOf(window) + numbers(" %lld", GetDlgCtrlID(window) & 0xFFFF);
 }
 
 void WindowSpy::line(const std::string& text) {
     trace_.line("%*s%s", depth_ * 2, "", text.c_str());
 }
 
+void WindowSpy::onCreation(HWND window) {
+    if (std::find(classes_.begin(), classes_.end(), classOf(window)) == classes_.end()) {
+        return;
+    }
+    watch(window);
+    if (!nextName_.empty()) {
+        names_[window] = std::exchange(nextName_, "");
+    }
+}
+
 LRESULT CALLBACK WindowSpy::hookProc(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_CREATEWND && activeSpy != nullptr) {
-        const HWND window = reinterpret_cast<HWND>(wParam);
-        const auto& classes = activeSpy->classes_;
-        if (std::find(classes.begin(), classes.end(), classOf(window)) != classes.end()) {
-            activeSpy->watch(window);
-        }
+        activeSpy->onCreation(reinterpret_cast<HWND>(wParam));
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -116,41 +104,66 @@ LRESULT CALLBACK WindowSpy::windowProc(HWND window, UINT message, WPARAM wParam,
     return activeSpy->pass(window, message, wParam, lParam);
 }
 
+const MessageTraits* WindowSpy::spiedMessage(HWND window, UINT message) const {
+    if (muted_ || (paintingIgnored_ && (message == WM_PAINT || message == WM_NCPAINT || message == WM_ERASEBKGND))) {
+        return nullptr;
+    }
+    const MessageTraits* const traits = findMessage(message, classOf(window));
+    return traits && traits->detail <= detail_ ? traits : nullptr;
+}
+
 LRESULT WindowSpy::pass(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const WNDPROC proc = watched_.at(window);
+    const MessageTraits* const spied = spiedMessage(window, message);
+    if (spied) {
+        line(nameOf(window) + " " + std::string(spied->name) + arguments(spied->shows, wParam, lParam));
+        ++depth_;
+    }
+    LRESULT result = 0;
+    if (!answer_ || !answer_(window, message, wParam, lParam, result)) {
+        result = CallWindowProcA(proc, window, message, wParam, lParam);
+    }
+    depth_ -= spied ? 1 : 0;
     if (message == WM_NCDESTROY) {
         watched_.erase(window);
         names_.erase(window);
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(proc));
-        return CallWindowProcA(proc, window, message, wParam, lParam);
     }
-    if (!isSpied(window, message)) {
-        return CallWindowProcA(proc, window, message, wParam, lParam);
-    }
-    line(nameOf(window) + " " + describe(message, wParam, lParam));
-    ++depth_;
-    const LRESULT result = CallWindowProcA(proc, window, message, wParam, lParam);
-    --depth_;
     return result;
 }
 
-std::string WindowSpy::describe(UINT message, WPARAM wParam, LPARAM lParam) const {
-    const SpiedMessage& spied = *findSpied(message);
-    const std::string text = messageName(message);
-    switch (spied.shows) {
+std::string WindowSpy::arguments(Shows shows, WPARAM wParam, LPARAM lParam) const {
+    const auto first = static_cast<long long>(wParam);
+    switch (shows) {
         case Shows::WParam:
-            return text + numbers(" %lld", static_cast<long long>(wParam), 0);
+            return numbers(" %lld", first);
+        case Shows::LowWord:
+            return numbers(" %lld", LOWORD(wParam));
+        case Shows::HighWord:
+            return numbers(" %lld", static_cast<short>(HIWORD(wParam)));
+        case Shows::Both:
+            return numbers(" %lld %lld", first, static_cast<long long>(lParam));
+        case Shows::Point:
+            return numbers(" %lld,%lld", static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
+        case Shows::OtherWindow:
+            return " " + nameOf(reinterpret_cast<HWND>(wParam));
+        case Shows::NewCapture:
+            return " " + nameOf(reinterpret_cast<HWND>(lParam));
+        case Shows::Activation:
+            return numbers(" %lld ", LOWORD(wParam)) + nameOf(reinterpret_cast<HWND>(lParam));
         case Shows::Command:
-            return text + numbers(" id %lld ", LOWORD(wParam), 0) +
-                   commandName(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-        case Shows::Range:
-            return text + numbers(" %lld %lld", static_cast<long long>(wParam), static_cast<long long>(lParam));
+            return numbers(" id %lld ", LOWORD(wParam)) + commandName(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
         case Shows::Notification: {
             const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-            return text + " " + notificationName(header->code) + " from " + nameOf(header->hwndFrom);
+            return std::string(" ") + notificationName(header->code) + " from " + nameOf(header->hwndFrom);
+        }
+        case Shows::Placing:
+            return placing(reinterpret_cast<const WINDOWPOS*>(lParam)->flags);
+        case Shows::Styles: {
+            const auto* styles = reinterpret_cast<const STYLESTRUCT*>(lParam);
+            return numbers(" %llx -> %llx", styles->styleOld, styles->styleNew);
         }
         case Shows::Nothing:
             break;
     }
-    return text;
+    return {};
 }

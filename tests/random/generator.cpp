@@ -15,6 +15,8 @@ constexpr int kButtons[] = {IDC_FUNCTION_ORIENTED, IDC_COUNT_UP_DESIGNATIONS, ID
 constexpr int kFields[] = {IDC_CROSS_DISTANCE,     IDC_START_X,          IDC_START_Y,
                            IDC_PHASE_DISTANCE_VER, IDC_PHASE_LENGTH_VER, IDC_PHASE_DISTANCE_HOR,
                            IDC_PHASE_LENGTH_HOR,   IDC_SYMBOL_STANDARD};
+// Without the field whose number is also that of the picture in Wine's message boxes.
+constexpr int kReadFields[] = {IDC_START_X, IDC_START_Y, IDC_PHASE_LENGTH_HOR, IDC_SYMBOL_STANDARD};
 constexpr int kCombos[] = {IDC_SYMBOL_STANDARD};
 
 constexpr const char* kTabs[] = {"Allmänt"};
@@ -22,24 +24,36 @@ constexpr const char* kKeys[] = {
     "CROSS_DIST",     "A2-A1",        "CCT_CAB_BALLOON", "CCT_CAB_CORE",     "X-COORD",          "Y-COORD",
     "PHASE_DIST_HOR", "CCT_DIR",      "PHASE_DIST_VER",  "PHASE_LENGTH_VER", "PHASE_LENGTH_HOR", "DRW_MODE",
     "STR_INCR",       "BET_CAPITALS", "BET_PREFIX",      "COORD_BET",        "NORV_LEVEL",       "UNRELATED"};
-constexpr const char* kValues[] = {"",          "0",
-                                   "1",         "2",
-                                   "3",         "4",
-                                   "8",         "-1",
-                                   "12.5",      "1,5",
-                                   "abc",       " 7 ",
-                                   "1x",        "iec617",
-                                   "IEC",       "DIN ås",
-                                   "\\\"",      "0.05",
-                                   "1.2.3",     "99999999999999999999",
-                                   "åäö ÅÄÖ é", "ett mycket långt värde som inte får plats"};
+// None begins with a letter outside ASCII: where those stand in a sorted list depends on the desktop's language.
+constexpr const char* kValues[] = {"",
+                                   "0",
+                                   "1",
+                                   "2",
+                                   "3",
+                                   "4",
+                                   "8",
+                                   "-1",
+                                   "12.5",
+                                   "1,5",
+                                   "abc",
+                                   " 7 ",
+                                   "1x",
+                                   "iec617",
+                                   "IEC",
+                                   "DIN ås",
+                                   "\\\"",
+                                   "0.05",
+                                   "1.2.3",
+                                   "99999999999999999999",
+                                   "x åäö ÅÄÖ é",
+                                   "ett mycket långt värde som inte får plats"};
 constexpr const char* kPressedKeys[] = {
     "TAB",    "TAB",       "TAB",        "SHIFT+TAB",  "SHIFT+TAB", "SPACE",         "UP",     "DOWN",
     "LEFT",   "RIGHT",     "HOME",       "END",        "PAGEUP",    "PAGEDOWN",      "DELETE", "BACKSPACE",
     "F4",     "ALT+DOWN",  "SHIFT+END",  "SHIFT+HOME", "CTRL+A",    "CTRL+C",        "CTRL+X", "CTRL+V",
     "CTRL+Z", "CTRL+LEFT", "CTRL+RIGHT", "SHIFT+LEFT", "CTRL+TAB",  "CTRL+PAGEDOWN", "ENTER",  "ESC"};
 constexpr const char* kTexts[] = {"1", "25",  "2.5", "1,5",  "",     "   ", "-3",      "abc",      "iec",
-                                  "i", "åäö", "9.",  "\\\"", "0.1 ", " 4",  "iec6179", "DIN 40900"};
+                                  "i", "xåäö", "9.",  "\\\"", "0.1 ", " 4",  "iec6179", "DIN 40900"};
 
 class Generator {
 public:
@@ -103,7 +117,7 @@ private:
         } else if (what < 97) {
             Line("tab" + Quoted(Pick(kTabs)));
         } else if (what < 99) {
-            OnControl("expect text", Pick(kFields), Quoted("?"));
+            OnControl("expect text", Pick(kReadFields), Quoted("?"));
         } else {
             Line(Below(2) == 0 ? "ok" : "cancel");
         }

@@ -126,11 +126,7 @@ using LOGFONTA = tagLOGFONTA;
 #define PS_NULL 5
 #define FW_NORMAL 400
 #define FW_BOLD 700
-#define DEFAULT_CHARSET 1
 #define ANSI_CHARSET 0
-#define DEFAULT_QUALITY 0
-#define TA_LEFT 0
-#define TA_TOP 0
 #define WHITE_BRUSH 0
 #define LTGRAY_BRUSH 1
 #define GRAY_BRUSH 2
@@ -155,7 +151,6 @@ using LOGFONTA = tagLOGFONTA;
 #define LOGPIXELSY 90
 #define BITSPIXEL 12
 
-#define DT_TOP 0x0000
 #define DT_LEFT 0x0000
 #define DT_CENTER 0x0001
 #define DT_RIGHT 0x0002
@@ -177,7 +172,6 @@ using LOGFONTA = tagLOGFONTA;
 #define EDGE_RAISED (BDR_RAISEDOUTER | BDR_RAISEDINNER)
 #define EDGE_SUNKEN (BDR_SUNKENOUTER | BDR_SUNKENINNER)
 #define EDGE_ETCHED (BDR_SUNKENOUTER | BDR_RAISEDINNER)
-#define EDGE_BUMP (BDR_RAISEDOUTER | BDR_SUNKENINNER)
 #define BF_LEFT 0x0001
 #define BF_TOP 0x0002
 #define BF_RIGHT 0x0004
@@ -207,12 +201,9 @@ using LOGFONTA = tagLOGFONTA;
 #define DFCS_FLAT 0x4000
 
 #define COLOR_SCROLLBAR 0
-#define COLOR_BACKGROUND 1
-#define COLOR_ACTIVECAPTION 2
 #define COLOR_WINDOW 5
 #define COLOR_WINDOWFRAME 6
 #define COLOR_WINDOWTEXT 8
-#define COLOR_CAPTIONTEXT 9
 #define COLOR_HIGHLIGHT 13
 #define COLOR_HIGHLIGHTTEXT 14
 #define COLOR_BTNFACE 15
@@ -226,8 +217,6 @@ using LOGFONTA = tagLOGFONTA;
 #define COLOR_3DHILIGHT COLOR_BTNHIGHLIGHT
 #define COLOR_3DDKSHADOW 21
 #define COLOR_3DLIGHT 22
-#define COLOR_INFOTEXT 23
-#define COLOR_INFOBK 24
 
 #pragma GCC visibility push(default)
 extern "C" {
@@ -259,10 +248,7 @@ COLORREF GetTextColor(HDC dc);
 COLORREF SetBkColor(HDC dc, COLORREF colour);
 COLORREF GetBkColor(HDC dc);
 int SetBkMode(HDC dc, int mode);
-int GetBkMode(HDC dc);
 int SetStretchBltMode(HDC dc, int mode);
-UINT SetTextAlign(HDC dc, UINT mode);
-BOOL SetBrushOrgEx(HDC dc, int x, int y, LPPOINT old);
 
 BOOL BitBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY, DWORD operation);
 BOOL StretchBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY, int fromWidth,
@@ -273,7 +259,6 @@ COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
 COLORREF GetPixel(HDC dc, int x, int y);
 BOOL MoveToEx(HDC dc, int x, int y, LPPOINT old);
 BOOL LineTo(HDC dc, int x, int y);
-BOOL Polyline(HDC dc, const POINT* points, int count);
 BOOL Polygon(HDC dc, const POINT* points, int count);
 BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
 BOOL Ellipse(HDC dc, int left, int top, int right, int bottom);
@@ -299,11 +284,9 @@ BOOL SetViewportOrgEx(HDC dc, int x, int y, LPPOINT old);
 
 BOOL SetRect(LPRECT rect, int left, int top, int right, int bottom);
 BOOL SetRectEmpty(LPRECT rect);
-BOOL CopyRect(LPRECT to, LPCRECT from);
 BOOL InflateRect(LPRECT rect, int dx, int dy);
 BOOL OffsetRect(LPRECT rect, int dx, int dy);
 BOOL IntersectRect(LPRECT result, LPCRECT a, LPCRECT b);
-BOOL UnionRect(LPRECT result, LPCRECT a, LPCRECT b);
 BOOL IsRectEmpty(LPCRECT rect);
 BOOL EqualRect(LPCRECT a, LPCRECT b);
 BOOL PtInRect(LPCRECT rect, POINT point);

@@ -10,8 +10,6 @@
 #define SM_CYCAPTION 4
 #define SM_CXBORDER 5
 #define SM_CYBORDER 6
-#define SM_CXDLGFRAME 7
-#define SM_CYDLGFRAME 8
 #define SM_CXFIXEDFRAME 7
 #define SM_CYFIXEDFRAME 8
 #define SM_CXICON 11
@@ -32,19 +30,6 @@
 #define ERROR_INVALID_WINDOW_HANDLE 1400
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814
-#define CP_ACP 0
-
-struct tagSYSTEMTIME {
-    WORD wYear;
-    WORD wMonth;
-    WORD wDayOfWeek;
-    WORD wDay;
-    WORD wHour;
-    WORD wMinute;
-    WORD wSecond;
-    WORD wMilliseconds;
-};
-using SYSTEMTIME = tagSYSTEMTIME;
 
 #pragma GCC visibility push(default)
 extern "C" {

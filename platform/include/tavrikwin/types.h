@@ -5,9 +5,6 @@
 #include <cstdint>
 
 #define CALLBACK
-#define WINAPI
-#define APIENTRY
-#define CONST const
 #ifndef FALSE
 #define FALSE 0
 #endif
@@ -21,22 +18,14 @@ using BYTE = unsigned char;
 using WORD = unsigned short;
 using DWORD = unsigned int;
 using LONG = int;
-using ULONG = unsigned int;
 using INT = int;
 using UINT = unsigned int;
 using SHORT = short;
-using USHORT = unsigned short;
 using CHAR = char;
-using WCHAR = char16_t;
-using LPBYTE = BYTE*;
 using PVOID = void*;
 using LPVOID = void*;
-using LPCVOID = const void*;
 using LPSTR = char*;
-using PSTR = char*;
 using LPCSTR = const char*;
-using PCSTR = const char*;
-using LPDWORD = DWORD*;
 using LPINT = int*;
 using ATOM = WORD;
 using COLORREF = DWORD;
@@ -50,8 +39,6 @@ using SIZE_T = std::size_t;
 using WPARAM = UINT_PTR;
 using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
-using HRESULT = LONG;
-using ULONGLONG = std::uint64_t;
 
 #define DECLARE_HANDLE(name) \
     struct name##__;         \
@@ -72,7 +59,6 @@ using HMODULE = HINSTANCE;
 using HCURSOR = HICON;
 using HGDIOBJ = void*;
 using HGLOBAL = void*;
-using HLOCAL = void*;
 using HANDLE = void*;
 
 using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
@@ -109,7 +95,6 @@ using LPCRECT = const RECT*;
 #define LOWORD(l) (static_cast<WORD>(static_cast<DWORD_PTR>(l) & 0xffff))
 #define HIWORD(l) (static_cast<WORD>((static_cast<DWORD_PTR>(l) >> 16) & 0xffff))
 #define LOBYTE(w) (static_cast<BYTE>(static_cast<DWORD_PTR>(w) & 0xff))
-#define HIBYTE(w) (static_cast<BYTE>((static_cast<DWORD_PTR>(w) >> 8) & 0xff))
 #define MAKELONG(low, high) \
     (static_cast<LONG>(static_cast<WORD>(low) | (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
 #define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))

@@ -3,22 +3,6 @@
 
 #include "tavrikwin/types.h"
 
-struct tagWNDCLASSEXA {
-    UINT cbSize;
-    UINT style;
-    WNDPROC lpfnWndProc;
-    int cbClsExtra;
-    int cbWndExtra;
-    HINSTANCE hInstance;
-    HICON hIcon;
-    HCURSOR hCursor;
-    HBRUSH hbrBackground;
-    LPCSTR lpszMenuName;
-    LPCSTR lpszClassName;
-    HICON hIconSm;
-};
-using WNDCLASSEXA = tagWNDCLASSEXA;
-
 struct tagWNDCLASSA {
     UINT style;
     WNDPROC lpfnWndProc;
@@ -60,7 +44,6 @@ struct tagCREATESTRUCTA {
 };
 using CREATESTRUCTA = tagCREATESTRUCTA;
 using LPCREATESTRUCTA = CREATESTRUCTA*;
-using CREATESTRUCT = CREATESTRUCTA;
 using LPCREATESTRUCT = LPCREATESTRUCTA;
 
 struct tagCBT_CREATEWNDA {
@@ -68,7 +51,6 @@ struct tagCBT_CREATEWNDA {
     HWND hwndInsertAfter;
 };
 using CBT_CREATEWNDA = tagCBT_CREATEWNDA;
-using LPCBT_CREATEWNDA = CBT_CREATEWNDA*;
 
 struct tagWINDOWPOS {
     HWND hwnd;
@@ -99,7 +81,6 @@ struct tagNMHDR {
     UINT code;
 };
 using NMHDR = tagNMHDR;
-using LPNMHDR = NMHDR*;
 
 struct tagDRAWITEMSTRUCT {
     UINT CtlType;
@@ -126,23 +107,16 @@ struct tagMEASUREITEMSTRUCT {
 using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
 using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 
-#define ODT_MENU 1
 #define ODT_LISTBOX 2
 #define ODT_COMBOBOX 3
 #define ODT_BUTTON 4
-#define ODT_STATIC 5
 #define ODA_DRAWENTIRE 0x0001
 #define ODA_SELECT 0x0002
 #define ODA_FOCUS 0x0004
 #define ODS_SELECTED 0x0001
-#define ODS_GRAYED 0x0002
 #define ODS_DISABLED 0x0004
-#define ODS_CHECKED 0x0008
 #define ODS_FOCUS 0x0010
-#define ODS_DEFAULT 0x0020
 #define ODS_COMBOBOXEDIT 0x1000
-#define ODS_NOFOCUSRECT 0x0200
-#define ODS_NOACCEL 0x0100
 
 struct tagCOMBOBOXINFO {
     DWORD cbSize;
@@ -166,15 +140,6 @@ struct DLGTEMPLATE {
     short cx;
     short cy;
 };
-struct DLGITEMTEMPLATE {
-    DWORD style;
-    DWORD dwExtendedStyle;
-    short x;
-    short y;
-    short cx;
-    short cy;
-    WORD id;
-};
 #pragma pack(pop)
 using LPCDLGTEMPLATEA = const DLGTEMPLATE*;
 using LPCDLGTEMPLATE = const DLGTEMPLATE*;
@@ -184,11 +149,7 @@ extern "C" {
 
 // Classes and windows.
 ATOM RegisterClassA(const WNDCLASSA* windowClass);
-ATOM RegisterClassExA(const WNDCLASSEXA* windowClass);
-BOOL UnregisterClassA(LPCSTR className, HINSTANCE instance);
-BOOL GetClassInfoA(HINSTANCE instance, LPCSTR className, WNDCLASSA* windowClass);
 int GetClassNameA(HWND window, LPSTR name, int size);
-ULONG_PTR GetClassLongPtrA(HWND window, int index);
 HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param);
 BOOL DestroyWindow(HWND window);
@@ -200,7 +161,6 @@ BOOL EnableWindow(HWND window, BOOL enable);
 BOOL ShowWindow(HWND window, int command);
 BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
-BOOL BringWindowToTop(HWND window);
 LONG GetWindowLongA(HWND window, int index);
 LONG SetWindowLongA(HWND window, int index, LONG value);
 LONG_PTR GetWindowLongPtrA(HWND window, int index);
@@ -209,7 +169,6 @@ BOOL SetWindowTextA(HWND window, LPCSTR text);
 int GetWindowTextA(HWND window, LPSTR text, int size);
 int GetWindowTextLengthA(HWND window);
 HWND GetParent(HWND window);
-HWND SetParent(HWND window, HWND parent);
 HWND GetWindow(HWND window, UINT relation);
 HWND GetTopWindow(HWND window);
 HWND GetAncestor(HWND window, UINT kind);
@@ -218,36 +177,23 @@ HWND GetDesktopWindow(void);
 HWND FindWindowA(LPCSTR className, LPCSTR text);
 BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC proc, LPARAM param);
 BOOL EnumChildWindows(HWND parent, WNDENUMPROC proc, LPARAM param);
-DWORD GetWindowThreadProcessId(HWND window, LPDWORD process);
-HWND WindowFromPoint(POINT point);
-HWND ChildWindowFromPoint(HWND parent, POINT point);
-HWND RealChildWindowFromPoint(HWND parent, POINT point);
 BOOL GetWindowRect(HWND window, LPRECT rect);
 BOOL GetClientRect(HWND window, LPRECT rect);
 BOOL ClientToScreen(HWND window, LPPOINT point);
 BOOL ScreenToClient(HWND window, LPPOINT point);
 int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 BOOL AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD exStyle);
-BOOL SetPropA(HWND window, LPCSTR name, HANDLE data);
-HANDLE GetPropA(HWND window, LPCSTR name);
-HANDLE RemovePropA(HWND window, LPCSTR name);
 
 // Messages.
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-BOOL PostThreadMessageA(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam);
 void PostQuitMessage(int exitCode);
 BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last);
 BOOL PeekMessageA(LPMSG message, HWND window, UINT first, UINT last, UINT remove);
-BOOL WaitMessage(void);
 BOOL TranslateMessage(const MSG* message);
 LRESULT DispatchMessageA(const MSG* message);
-DWORD GetQueueStatus(UINT flags);
-DWORD GetMessagePos(void);
-LONG GetMessageTime(void);
 LRESULT CallWindowProcA(WNDPROC proc, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-UINT RegisterWindowMessageA(LPCSTR name);
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT elapseMs, TIMERPROC proc);
 BOOL KillTimer(HWND window, UINT_PTR id);
 HHOOK SetWindowsHookExA(int kind, HOOKPROC proc, HINSTANCE module, DWORD thread);
@@ -259,23 +205,18 @@ HWND GetFocus(void);
 HWND SetFocus(HWND window);
 HWND GetActiveWindow(void);
 HWND SetActiveWindow(HWND window);
-HWND GetForegroundWindow(void);
-BOOL SetForegroundWindow(HWND window);
 HWND GetCapture(void);
 HWND SetCapture(HWND window);
 BOOL ReleaseCapture(void);
 SHORT GetKeyState(int key);
-SHORT GetAsyncKeyState(int key);
 BOOL GetKeyboardState(BYTE* state);
 BOOL SetKeyboardState(BYTE* state);
 BOOL GetCursorPos(LPPOINT point);
 HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 HCURSOR SetCursor(HCURSOR cursor);
-UINT GetDoubleClickTime(void);
 BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
 BOOL DestroyCaret(void);
 BOOL ShowCaret(HWND window);
-BOOL HideCaret(HWND window);
 BOOL SetCaretPos(int x, int y);
 BOOL GetCaretPos(LPPOINT point);
 
@@ -290,14 +231,10 @@ BOOL ValidateRect(HWND window, LPCRECT rect);
 BOOL UpdateWindow(HWND window);
 BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN region, UINT flags);
 BOOL GetUpdateRect(HWND window, LPRECT rect, BOOL erase);
-BOOL PrintWindow(HWND window, HDC dc, UINT flags);
-HWND WindowFromDC(HDC dc);
 
 // Dialogs and message boxes.
 HWND CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate, HWND owner, DLGPROC proc,
                                 LPARAM param);
-HWND CreateDialogParamA(HINSTANCE instance, LPCSTR name, HWND owner, DLGPROC proc, LPARAM param);
-INT_PTR DialogBoxParamA(HINSTANCE instance, LPCSTR name, HWND owner, DLGPROC proc, LPARAM param);
 INT_PTR DialogBoxIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate, HWND owner, DLGPROC proc,
                                 LPARAM param);
 BOOL EndDialog(HWND dialog, INT_PTR result);
@@ -313,12 +250,8 @@ UINT IsDlgButtonChecked(HWND dialog, int id);
 BOOL CheckRadioButton(HWND dialog, int first, int last, int check);
 HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
-BOOL MapDialogRect(HWND dialog, LPRECT rect);
-LONG GetDialogBaseUnits(void);
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type);
 BOOL MessageBeep(UINT type);
 
 }  // extern "C"
 #pragma GCC visibility pop
-
-#define PW_CLIENTONLY 0x00000001

@@ -159,6 +159,24 @@ TEST_F(X11DisplayTest, FocusFollowsRequestsWithoutAWindowManager) {
     EXPECT_EQ(events_, (Events{"focus out 2", "focus in 1"}));
 }
 
+TEST_F(X11DisplayTest, FocusThatComesBackAtOnceWasNeverLost) {
+    open(1, {10, 10, 110, 60}, "Ett");
+    display_->focus(windowNumber(1));
+    ASSERT_TRUE(pumpUntilEvent("focus in 1"));
+    events_.clear();
+    XSetInputFocus(other_, None, RevertToNone, CurrentTime);
+    XSync(other_, False);
+    display_->pump(sink_, 0);
+    XSetInputFocus(other_, windowTitled("Ett"), RevertToParent, CurrentTime);
+    XSync(other_, False);
+    for (int i = 0; i < 5; ++i)
+        display_->pump(sink_, kPumpMs);
+    EXPECT_EQ(sink_.take(), Events{});
+    XSetInputFocus(other_, None, RevertToNone, CurrentTime);
+    XSync(other_, False);
+    EXPECT_TRUE(pumpUntilEvent("focus out 1")) << "a loss that lasts";
+}
+
 TEST_F(X11DisplayTest, KeysCarryVirtualKeyTextAndModifiers) {
     open(1, {0, 0, 100, 100}, "keys");
     display_->pump(sink_, kPumpMs);

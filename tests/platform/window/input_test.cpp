@@ -16,30 +16,30 @@ constexpr POINT kOnFirst{115, 115};
 constexpr POINT kOnSecond{115, 145};
 constexpr POINT kOnTop{250, 150};
 
-const Lines kMouse{"LBUTTON", "MOUSEMOVE", "WHEEL", "NCLBUTTON"};
+const Lines kMouse{"LBUTTON", "MOUSEMOVE", "MOUSEWHEEL", "NCLBUTTON"};
 const Lines kKeys{"KEYDOWN", "KEYUP", "CHAR", "SYSKEY", "SYSCHAR", "CLOSE"};
 
 TEST(Mouse, ReachesTheChildUnderThePointer) {
     Scene scene;
-    EXPECT_EQ((Lines{"first LBUTTONDOWN 5,5", "first LBUTTONUP 5,5"}), scene.record([] { click(kOnFirst); }, kMouse));
-    EXPECT_EQ((Lines{"top LBUTTONDOWN 150,50", "top LBUTTONUP 150,50"}), scene.record([] { click(kOnTop); }, kMouse));
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}), scene.record([] { click(kOnFirst); }, kMouse));
+    EXPECT_EQ((Lines{"top WM_LBUTTONDOWN 150,50", "top WM_LBUTTONUP 150,50"}), scene.record([] { click(kOnTop); }, kMouse));
 }
 
 TEST(Mouse, PassesOverHiddenDisabledAndTransparentChildren) {
     Scene scene;
     // Clicks at different places, so that no double click arises.
     const auto clickAt = [&scene](LONG x) { return scene.record([x] { click({x, 115}); }, {"LBUTTONDOWN"}); };
-    EXPECT_EQ(Lines{"first LBUTTONDOWN 2,5"}, clickAt(112));
+    EXPECT_EQ(Lines{"first WM_LBUTTONDOWN 2,5"}, clickAt(112));
     SetWindowLongPtrA(scene.first, GWL_STYLE, WS_CHILD | WS_VISIBLE | WS_DISABLED);
-    EXPECT_EQ(Lines{"top LBUTTONDOWN 22,15"}, clickAt(122));
+    EXPECT_EQ(Lines{"top WM_LBUTTONDOWN 22,15"}, clickAt(122));
     SetWindowLongPtrA(scene.first, GWL_STYLE, WS_CHILD);
-    EXPECT_EQ(Lines{"top LBUTTONDOWN 32,15"}, clickAt(132));
+    EXPECT_EQ(Lines{"top WM_LBUTTONDOWN 32,15"}, clickAt(132));
     SetWindowLongPtrA(scene.first, GWL_STYLE, WS_CHILD | WS_VISIBLE);
-    scene.recorder.setAnswer([&scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
+    scene.windows.spy().setAnswer([&scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
         result = HTTRANSPARENT;
         return window == scene.first && message == WM_NCHITTEST;
     });
-    EXPECT_EQ(Lines{"top LBUTTONDOWN 42,15"}, clickAt(142));
+    EXPECT_EQ(Lines{"top WM_LBUTTONDOWN 42,15"}, clickAt(142));
 }
 
 TEST(Mouse, TwoQuickClicksAtOnePlaceAreADoubleClick) {
@@ -50,38 +50,38 @@ TEST(Mouse, TwoQuickClicksAtOnePlaceAreADoubleClick) {
             click(second);
         };
     };
-    EXPECT_EQ((Lines{"first LBUTTONDOWN 5,5", "first LBUTTONUP 5,5", "first LBUTTONDBLCLK 5,5", "first LBUTTONUP 5,5"}),
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "first WM_LBUTTONDBLCLK 5,5", "first WM_LBUTTONUP 5,5"}),
               scene.record(clickTwice(kOnFirst), kMouse));
-    EXPECT_EQ((Lines{"first LBUTTONDOWN 5,5", "first LBUTTONUP 5,5", "second LBUTTONDOWN 5,5", "second LBUTTONUP 5,5"}),
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "second WM_LBUTTONDOWN 5,5", "second WM_LBUTTONUP 5,5"}),
               scene.record(clickTwice(kOnSecond), kMouse));
 }
 
 TEST(Mouse, CaptureTakesAllEventsWhileItLasts) {
     Scene scene;
     SetCapture(scene.second);
-    EXPECT_EQ((Lines{"second LBUTTONDOWN 5,65511", "second LBUTTONUP 5,65511"}), scene.record(
+    EXPECT_EQ((Lines{"second WM_LBUTTONDOWN 5,-25", "second WM_LBUTTONUP 5,-25"}), scene.record(
                                                                                      [] {
                                                                                          click({115, 115});
                                                                                      },
                                                                                      kMouse));
     ReleaseCapture();
-    EXPECT_EQ(Lines{"first MOUSEMOVE 5,5"},
+    EXPECT_EQ(Lines{"first WM_MOUSEMOVE 5,5"},
               scene.record([] { screen().injectMouse(InputSink::Mouse::Move, 0, kOnFirst); }, kMouse));
 }
 
 TEST(Mouse, WheelGoesToTheFocusAndRisesToTheParent) {
     Scene scene;
     SetFocus(scene.second);
-    EXPECT_EQ((Lines{"second WHEEL 120", "top WHEEL 120"}),
+    EXPECT_EQ((Lines{"second WM_MOUSEWHEEL 120", "top WM_MOUSEWHEEL 120"}),
               scene.record([] { screen().injectWheel(WHEEL_DELTA, kOnFirst); }, kMouse));
 }
 
 TEST(Mouse, ClickActivatesItsTopLevelWindow) {
     Scene scene;
-    scene.recorder.create("other", WS_POPUP | WS_VISIBLE | WS_CAPTION, 0, {400, 100, 50, 50}, nullptr);
-    scene.recorder.drain();
-    EXPECT_EQ((Lines{"top PARENTNOTIFY 201", "other ACTIVATE 0 top", "top ACTIVATE 2 other", "first LBUTTONDOWN 5,5",
-                     "first LBUTTONUP 5,5"}),
+    scene.windows.create("other", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, nullptr);
+    drainQueue();
+    EXPECT_EQ((Lines{"top WM_PARENTNOTIFY 513", "other WM_ACTIVATE 0 top", "top WM_ACTIVATE 2 other", "first WM_LBUTTONDOWN 5,5",
+                     "first WM_LBUTTONUP 5,5"}),
               scene.record([] { click(kOnFirst); }, {"PARENTNOTIFY", "ACTIVATE ", "LBUTTON"}));
     EXPECT_EQ(scene.top, screen().focused());
 }
@@ -89,7 +89,7 @@ TEST(Mouse, ClickActivatesItsTopLevelWindow) {
 TEST(Mouse, ClickOnADisabledOwnerBeepsAndBringsThePopupForward) {
     Scene scene;
     const HWND popup =
-        scene.recorder.create("popup", WS_POPUP | WS_VISIBLE | WS_CAPTION, 0, {400, 100, 50, 50}, scene.top);
+        scene.windows.create("popup", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, scene.top);
     EnableWindow(scene.top, FALSE);
     const int beeps = screen().beeps();
     EXPECT_EQ(Lines{}, scene.record([] { click(kOnFirst); }, kMouse));
@@ -103,20 +103,20 @@ TEST(Mouse, ClickOnADisabledOwnerBeepsAndBringsThePopupForward) {
 TEST(Keyboard, KeyTextBecomesCharacters) {
     Scene scene;
     SetFocus(scene.first);
-    EXPECT_EQ((Lines{"first KEYDOWN 41", "first CHAR 61", "first KEYUP 41"}),
+    EXPECT_EQ((Lines{"first WM_KEYDOWN 65", "first WM_CHAR 97", "first WM_KEYUP 65"}),
               scene.record([] { type('A', "a"); }, kKeys));
-    EXPECT_EQ((Lines{"first KEYDOWN dd", "first CHAR e5", "first KEYUP dd"}),
+    EXPECT_EQ((Lines{"first WM_KEYDOWN 221", "first WM_CHAR 229", "first WM_KEYUP 221"}),
               scene.record([] { type(0xDD, "\xE5"); }, kKeys));
-    EXPECT_EQ((Lines{"first KEYDOWN 2e", "first KEYUP 2e"}), scene.record([] { type(VK_DELETE, ""); }, kKeys));
-    EXPECT_EQ(Lines{"first CHAR e4"}, scene.record([] { screen().injectKey(0, true, "\xE4"); }, kKeys));
+    EXPECT_EQ((Lines{"first WM_KEYDOWN 46", "first WM_KEYUP 46"}), scene.record([] { type(VK_DELETE, ""); }, kKeys));
+    EXPECT_EQ(Lines{"first WM_CHAR 228"}, scene.record([] { screen().injectKey(0, true, "\xE4"); }, kKeys));
 }
 
 TEST(Keyboard, AltMakesSystemKeys) {
     Scene scene;
     SetFocus(scene.first);
-    EXPECT_EQ((Lines{"first SYSKEYDOWN 58", "first SYSCHAR 78", "first SYSKEYUP 58"}),
+    EXPECT_EQ((Lines{"first WM_SYSKEYDOWN 88", "first WM_SYSCHAR 120", "first WM_SYSKEYUP 88"}),
               scene.record([] { type('X', "x", InputSink::kAlt); }, kKeys));
-    EXPECT_EQ((Lines{"first KEYDOWN 32", "first CHAR 40", "first KEYUP 32"}),
+    EXPECT_EQ((Lines{"first WM_KEYDOWN 50", "first WM_CHAR 64", "first WM_KEYUP 50"}),
               scene.record([] { type('2', "@", InputSink::kAlt | MK_CONTROL); }, kKeys));
 }
 
@@ -124,7 +124,7 @@ TEST(Keyboard, StateIsThatOfTheMessageBeingHandled) {
     Scene scene;
     SetFocus(scene.first);
     SHORT shift = 0;
-    scene.recorder.setAnswer([&shift](HWND, UINT message, WPARAM, LPARAM, LRESULT&) {
+    scene.windows.spy().setAnswer([&shift](HWND, UINT message, WPARAM, LPARAM, LRESULT&) {
         if (message == WM_KEYDOWN)
             shift = GetKeyState(VK_SHIFT);
         return false;
@@ -141,12 +141,12 @@ TEST(Keyboard, StateIsThatOfTheMessageBeingHandled) {
 
 TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {
     Scene scene;
-    scene.recorder.setAnswer([](HWND, UINT message, WPARAM, LPARAM, LRESULT&) { return message == WM_CLOSE; });
+    scene.windows.spy().setAnswer([](HWND, UINT message, WPARAM, LPARAM, LRESULT&) { return message == WM_CLOSE; });
     SetFocus(scene.first);
     const auto altF4 = [] { type(VK_F4, "", InputSink::kAlt); };
     const auto closeBox = [&scene] { screen().injectClose(scene.top); };
-    EXPECT_EQ(Lines{"top CLOSE"}, scene.record(altF4, {"CLOSE"}));
-    EXPECT_EQ(Lines{"top CLOSE"}, scene.record(closeBox, {"CLOSE"}));
+    EXPECT_EQ(Lines{"top WM_CLOSE"}, scene.record(altF4, {"CLOSE"}));
+    EXPECT_EQ(Lines{"top WM_CLOSE"}, scene.record(closeBox, {"CLOSE"}));
     EnableWindow(scene.top, FALSE);
     EXPECT_EQ(Lines{}, scene.record(altF4, {"CLOSE"}));
     EXPECT_EQ(Lines{}, scene.record(closeBox, {"CLOSE"}));
@@ -154,7 +154,7 @@ TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {
 
 TEST(Display, MovesByTheUserArriveAsMoves) {
     Scene scene;
-    EXPECT_EQ(Lines{"top MOVE 300,320"}, scene.record([&] { screen().injectMove(scene.top, {300, 320}); }, {"MOVE "}));
+    EXPECT_EQ(Lines{"top WM_MOVE 300,320"}, scene.record([&] { screen().injectMove(scene.top, {300, 320}); }, {"MOVE "}));
     RECT rect;
     GetWindowRect(scene.first, &rect);
     EXPECT_EQ(310, rect.left);

@@ -25,23 +25,24 @@ void type(int virtualKey, const std::string& text, unsigned modifiers) {
     screen().injectKey(virtualKey, false, "", modifiers);
 }
 
-Scene::Scene() {
+Scene::Scene()
+    : trace_([this](const std::string& line) { lines_.push_back(line.substr(line.find_first_not_of(' '))); }),
+      windows(trace_) {
     screen();
-    top = recorder.create("top", WS_POPUP | WS_VISIBLE | WS_CAPTION, 0, {100, 100, 200, 100}, nullptr);
-    first = recorder.create("first", WS_CHILD | WS_VISIBLE, 0, {10, 10, 50, 20}, top, 1);
-    second = recorder.create("second", WS_CHILD | WS_VISIBLE, 0, {10, 40, 50, 20}, top, 2);
-    recorder.drain();
+    top = windows.create("top", WS_POPUP | WS_VISIBLE | WS_CAPTION, {100, 100, 200, 100});
+    first = windows.create("first", WS_CHILD | WS_VISIBLE, {10, 10, 50, 20}, top, 1);
+    second = windows.create("second", WS_CHILD | WS_VISIBLE, {10, 40, 50, 20}, top, 2);
+    drainQueue();
 }
 
 std::vector<std::string> Scene::record(const std::function<void()>& act, const std::vector<std::string>& wanted) {
-    const std::size_t before = recorder.lines().size();
+    lines_.clear();
     act();
-    recorder.drain();
-    std::vector<std::string> lines(recorder.lines().begin() + static_cast<std::ptrdiff_t>(before),
-                                   recorder.lines().end());
+    drainQueue();
+    std::vector<std::string> lines = std::exchange(lines_, {});
     std::erase_if(lines, [&wanted](const std::string& line) {
         return std::none_of(wanted.begin(), wanted.end(),
-                            [&line](const std::string& part) { return line.find(" " + part) != std::string::npos; });
+                            [&line](const std::string& part) { return line.find(" WM_" + part) != std::string::npos; });
     });
     return lines;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/display/memory_display.h"
-#include "tests/platform/window/message_trace.h"
+#include "tests/conformance/traced_windows.h"
 
 namespace testing_window {
 
@@ -15,12 +15,16 @@ void click(POINT at);
 void type(int virtualKey, const std::string& text, unsigned modifiers = 0);
 
 // A top-level window at (100,100) of 200 by 100 pixels with two children of 50 by 20, at (10,10) and (10,40).
-struct Scene {
+class Scene {
+    std::vector<std::string> lines_;
+    Trace trace_;
+
+public:
     Scene();
     // The messages recorded while `act` runs and the queue is drained; others than `wanted` are left out.
     std::vector<std::string> record(const std::function<void()>& act, const std::vector<std::string>& wanted);
 
-    trace::Recorder recorder;
+    TracedWindows windows;
     HWND top;
     HWND first;
     HWND second;

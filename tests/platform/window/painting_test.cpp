@@ -44,7 +44,7 @@ TEST(Painting, ChildIsClippedByItsParentAndBySiblingsAbove) {
     Scene scene;
     MoveWindow(scene.second, 10, 20, 50, 20, TRUE);  // Covered by the first one in its upper half.
     MoveWindow(scene.first, 10, 10, 500, 20, TRUE);
-    scene.recorder.drain();
+    drainQueue();
     SetWindowLongPtrA(scene.second, GWL_STYLE, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS);
     fill(scene.second, kRed);
     EXPECT_EQ(kWhite, pixelOf(scene.top, 15, 25));
@@ -57,7 +57,7 @@ TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
     Scene scene;
     screen().takePresented(scene.top);
     RECT painted{};
-    scene.recorder.setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
+    scene.windows.spy().setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
         if (message != WM_PAINT)
             return false;
         EXPECT_EQ(scene.second, window);
@@ -70,7 +70,7 @@ TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
     });
     const RECT part{3, 4, 13, 9};
     InvalidateRect(scene.second, &part, TRUE);
-    scene.recorder.drain();
+    drainQueue();
     EXPECT_TRUE(EqualRect(&part, &painted));
     const RECT shown = screen().takePresented(scene.top);
     const RECT onTop{13, 44, 23, 49};
@@ -79,27 +79,11 @@ TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
 
 TEST(Painting, SunkenEdgeIsDrawnAroundTheClientArea) {
     Scene scene;
-    scene.recorder.create("edged", WS_CHILD | WS_VISIBLE, WS_EX_CLIENTEDGE, {100, 10, 50, 20}, scene.top);
-    scene.recorder.drain();
+    scene.windows.create("edged", WS_CHILD | WS_VISIBLE, {100, 10, 50, 20}, scene.top, 0, WS_EX_CLIENTEDGE);
+    drainQueue();
     EXPECT_EQ(GetSysColor(COLOR_3DSHADOW), pixelOf(scene.top, 100, 10));
     EXPECT_EQ(GetSysColor(COLOR_3DHILIGHT), pixelOf(scene.top, 149, 20));
     EXPECT_EQ(kWhite, pixelOf(scene.top, 102, 12));
-}
-
-TEST(Painting, PrintedWindowHasItsChildrensPixels) {
-    Scene scene;
-    fill(scene.first, kRed);
-    const HDC memory = CreateCompatibleDC(nullptr);
-    const HDC windowDc = GetDC(scene.top);
-    const HBITMAP bitmap = CreateCompatibleBitmap(windowDc, 200, 100);
-    ReleaseDC(scene.top, windowDc);
-    const HGDIOBJ old = SelectObject(memory, bitmap);
-    EXPECT_TRUE(PrintWindow(scene.top, memory, 0));
-    EXPECT_EQ(kRed, GetPixel(memory, 15, 15));
-    EXPECT_EQ(kWhite, GetPixel(memory, 5, 5));
-    SelectObject(memory, old);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
 }
 
 TEST(Caret, IsInvertedPixelsThatPaintingLeavesAlone) {
@@ -114,7 +98,7 @@ TEST(Caret, IsInvertedPixelsThatPaintingLeavesAlone) {
     EXPECT_NE(kWhite, pixelOf(scene.first, 4, 5));
     SetCaretPos(8, 5);
     EXPECT_EQ(kWhite, pixelOf(scene.first, 4, 5));
-    HideCaret(scene.first);
+    DestroyCaret();
     EXPECT_EQ(kWhite, pixelOf(scene.first, 8, 5));
 }
 
