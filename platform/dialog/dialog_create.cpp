@@ -85,10 +85,16 @@ void becomeDefault(HWND dialog, DialogState& state, UINT id) {
 }
 
 bool createControl(HINSTANCE instance, HWND dialog, const DialogItem& item, HFONT font) {
-    HWND control = CreateWindowExA(item.exStyle | WS_EX_NOPARENTNOTIFY, item.className.get(), item.text.get(),
-                                   item.style | WS_CHILD, horizontalPixels(item.x), verticalPixels(item.y),
-                                   horizontalPixels(item.width), verticalPixels(item.height), dialog,
-                                   reinterpret_cast<HMENU>(static_cast<UINT_PTR>(item.id)), instance,
+    DWORD style = item.style | WS_CHILD;
+    DWORD exStyle = item.exStyle | WS_EX_NOPARENTNOTIFY;
+    if ((style & WS_BORDER) != 0) {
+        // A template's plain border is shown as the sunken edge of a field.
+        style &= ~static_cast<DWORD>(WS_BORDER);
+        exStyle |= WS_EX_CLIENTEDGE;
+    }
+    HWND control = CreateWindowExA(exStyle, item.className.get(), item.text.get(), style, horizontalPixels(item.x),
+                                   verticalPixels(item.y), horizontalPixels(item.width), verticalPixels(item.height),
+                                   dialog, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(item.id)), instance,
                                    const_cast<void*>(item.creationData));
     if (control == nullptr) {
         return false;
