@@ -1,5 +1,6 @@
 // The field checks that all pages share.
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "core/field_messages.h"
@@ -14,7 +15,12 @@ constexpr double kMinimumNumber = 0.1;
 // so neither this nor the printing below may follow the host's locale.
 double LeadingNumber(LPCSTR text) {
     double number = 0;
-    std::from_chars(text, text + std::strlen(text), number, std::chars_format::fixed);
+    const auto [end, error] = std::from_chars(text, text + std::strlen(text), number, std::chars_format::fixed);
+    if (error == std::errc::result_out_of_range) {
+        // Too large or too small to be held; a digit other than 0 before the point tells which.
+        const char first = text[std::strspn(text, "0")];
+        return first >= '1' && first <= '9' ? HUGE_VAL : 0.0;
+    }
     return number;
 }
 

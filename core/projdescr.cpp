@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "core/setting_keys.h"
 #include "resources/resource.h"
 
 // The library's one application object, without a name, so the framework calls it as the module's file. The sheet
@@ -64,15 +65,16 @@ INT_PTR projdescr::DoModal() {
     m_psh.dwFlags |= PSH_NOAPPLYNOW;
     AddLoadedPage(m_pageCircuit);
     if (m_bOptionalPages != 0) {
-        m_nBetPrefix = GetSettingNumber(m_pHostSettings, "BET_PREFIX");
-        m_nCoordBet = GetSettingNumber(m_pHostSettings, "COORD_BET");
+        m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
+        m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);
     }
-    m_nDrwMode = GetSettingNumber(m_pHostSettings, "DRW_MODE");
+    m_nDrwMode = GetSettingNumber(m_pHostSettings, kKeyDrwMode);
     return CPropertySheet::DoModal();
 }
 
 BOOL projdescr::OnInitDialog() {
     const BOOL result = CPropertySheet::OnInitDialog();
+    // The system's sheet always has both buttons.
     CWnd* cancel = GetDlgItem(IDCANCEL);
     CString caption;
     if (m_bEditable != 0) {

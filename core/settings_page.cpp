@@ -14,6 +14,10 @@ CString TextOf(const CWnd* window) {
 // The window class names of the controls that take text.
 constexpr LPCSTR kFieldClasses[] = {"ComboBox", "Edit"};
 
+// A window that reads so is taken for the sheet's button and is not checked. A field with just this text is therefore
+// left unchecked, and unrecorded, by Enter.
+constexpr LPCSTR kOkCaption = "OK";
+
 bool IsField(HWND window) {
     char name[16] = {};
     GetClassNameA(window, name, sizeof name);
@@ -99,10 +103,13 @@ BOOL CSettingsPage::OnKillActive() {
         const bool onPage = parent == m_hWnd || (parent != nullptr && ::GetParent(parent) == m_hWnd);
         const CString text = TextOf(focus);
         m_bFieldCheckOk = 1;
-        if (onPage && text != "OK") {
+        if (onPage && text != kOkCaption) {
             const HWND focusWindow = focus->m_hWnd;
             m_pLastEditControl = nullptr;
             SendKillFocus(focus);
+            if (!::IsWindow(m_hWnd)) {
+                return FALSE;
+            }
             ::SetFocus(focusWindow);
         }
     }
@@ -115,8 +122,12 @@ BOOL CSettingsPage::OnKillActive() {
 
 BOOL CSettingsPage::OnApply() {
     CWnd* focus = GetFocus();
-    if (focus != nullptr && ::GetParent(focus->m_hWnd) == m_hWnd && TextOf(focus) != "OK") {
+    if (focus != nullptr && ::GetParent(focus->m_hWnd) == m_hWnd && TextOf(focus) != kOkCaption) {
         SendKillFocus(focus);
+        // The host may have destroyed the sheet while the check's message box was up.
+        if (!::IsWindow(m_hWnd)) {
+            return FALSE;
+        }
     }
     UpdateData(TRUE);
     GetSheet()->MergeSettings(&m_changes, &GetSheet()->m_workSettings);

@@ -1,9 +1,11 @@
 // The sheet's operations on settings.
 #include "core/settings_sheet.h"
 
-#include <cstdlib>
+#include <algorithm>
+#include <climits>
 #include <cstring>
 
+#include "core/setting_keys.h"
 #include "core/store/settings.h"
 
 namespace {
@@ -14,10 +16,26 @@ struct MirroredSetting {
 };
 
 constexpr MirroredSetting kMirroredSettings[] = {
-    {"DRW_MODE", &CSettingsSheet::m_nDrwMode},
-    {"BET_PREFIX", &CSettingsSheet::m_nBetPrefix},
-    {"COORD_BET", &CSettingsSheet::m_nCoordBet},
+    {kKeyDrwMode, &CSettingsSheet::m_nDrwMode},
+    {kKeyBetPrefix, &CSettingsSheet::m_nBetPrefix},
+    {kKeyCoordBet, &CSettingsSheet::m_nCoordBet},
 };
+
+// The leading integer of a text, as atoi reads it; one that does not fit counts as the nearest that does, where atoi
+// differs from system to system.
+int LeadingInteger(LPCSTR text) {
+    text += std::strspn(text, " \t\n\v\f\r");
+    const bool negative = *text == '-';
+    if (*text == '+' || *text == '-') {
+        ++text;
+    }
+    long long number = 0;
+    for (; *text >= '0' && *text <= '9' && number <= INT_MAX; ++text) {
+        number = number * 10 + (*text - '0');
+    }
+    const int magnitude = static_cast<int>(std::min<long long>(number, INT_MAX));
+    return negative ? -magnitude : magnitude;
+}
 
 }  // namespace
 
@@ -37,13 +55,13 @@ CString CSettingsSheet::GetSettingText(const CMdb* store, LPCSTR key) {
 }
 
 int CSettingsSheet::GetSettingNumber(const CMdb* store, LPCSTR key) {
-    return std::atoi(GetSettingText(store, key));
+    return LeadingInteger(GetSettingText(store, key));
 }
 
 void CSettingsSheet::PutSetting(CMdb* store, LPCSTR key, LPCSTR value) {
     for (const MirroredSetting& mirrored : kMirroredSettings) {
         if (std::strcmp(key, mirrored.key) == 0) {
-            this->*mirrored.number = std::atoi(value);
+            this->*mirrored.number = LeadingInteger(value);
         }
     }
     SetSetting(store, key, value);

@@ -14,6 +14,7 @@ public:
     int m_nDrwMode = 0;
     // Non-zero: the cross-reference page, and with it the connection page, are part of the sheet.
     int m_bOptionalPages = 0;
+    // Read by nothing, like the second one below; kept with its value, because the order of the fields is fixed.
     int m_nReserved1 = 6;
     // 0: nothing can be changed; fields are disabled, clicks are undone and merges are refused.
     int m_bEditable = 0;
@@ -29,8 +30,9 @@ public:
     // Receives the value of the first record with the key; returns the record's 1-based index. 0 when there is none:
     // the value is then untouched.
     static int GetSetting(const CMdb* store, LPCSTR key, CString& value);
-    // The value, empty when the key is missing; and as a number by its leading digits, then 0.
+    // The value; empty when the key is missing.
     static CString GetSettingText(const CMdb* store, LPCSTR key);
+    // The value's leading integer; 0 when there is none or the key is missing. One that does not fit is clamped.
     static int GetSettingNumber(const CMdb* store, LPCSTR key);
     // Sets a setting in the store, and its number in the sheet where the sheet mirrors the key.
     void PutSetting(CMdb* store, LPCSTR key, LPCSTR value);

@@ -33,7 +33,7 @@ int Tavrikconfig(HWND parent, const char* caption, CMdb* hostStore, int designat
     try {
         return RunSheet(parent, caption, hostStore, designationOption, optionalPages, hostMode);
     } catch (const std::exception&) {
-        // Memory ran out before the sheet could be shown or while it was; the host's store is untouched.
+        // Nothing may unwind into the host. The merge itself throws nothing, so its store is untouched.
         return 0;
     }
 }

@@ -85,7 +85,7 @@ CMdbRecord* FindSettingRecord(const CMdb* store, const char* key) {
 }
 
 int WriteSetting(CMdb* store, const char* key, const char* value) {
-    if (store == nullptr || key == nullptr) {
+    if (store == nullptr || key == nullptr || value == nullptr) {
         return 0;
     }
     if (CMdbRecord* record = FindSettingRecord(store, key)) {

@@ -19,6 +19,7 @@ void MergeSettingRecords(const CMdb* from, CMdb* to);
 // The record with the key; null when there is none, when the store or the key is null, or when the key is empty.
 CMdbRecord* FindSettingRecord(const CMdb* store, const char* key);
 
-// Sets the value of the record with the key, or appends a record. Returns 1 when the value was stored, else 0.
+// Sets the value of the record with the key, or appends a record. Returns 1 when the value was stored, else 0: a null
+// argument, or no memory.
 // With an empty key nothing can be stored under it: the result is 0, and the placeholder record stays behind.
 int WriteSetting(CMdb* store, const char* key, const char* value);

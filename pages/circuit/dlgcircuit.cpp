@@ -1,17 +1,18 @@
 // The page "Allmänt".
 #include "pages/circuit/dlgcircuit.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <cstring>
+#include <span>
 
 #include "core/field_messages.h"
 #include "core/preview.h"
+#include "core/setting_keys.h"
 #include "resources/resource.h"
 
 namespace {
 
 constexpr LPCSTR kSymbolStandardKey = "CCT_DIR";
-constexpr LPCSTR kDrwModeKey = "DRW_MODE";
 constexpr LPCSTR kStrIncrKey = "STR_INCR";
 constexpr LPCSTR kBetCapitalsKey = "BET_CAPITALS";
 
@@ -37,37 +38,25 @@ constexpr FieldRow kFieldRows[] = {
 
 struct ChoiceRow {
     LPCSTR key;
-    int step;  // The stored value is the button's index times this.
-    UINT firstButton;
-    int buttonCount;
-    UINT buttons[3];
+    int step;                       // The stored value is the button's index times this.
+    std::span<const UINT> buttons;  // The first is the one that the exchange names.
     int dlgcircuit::*member;
     UINT preview;
 };
 
+constexpr UINT kMarkingButtons[] = {IDC_MARKING_A1_A2, IDC_MARKING_A2_A1};
+constexpr UINT kLabelButtons[] = {IDC_CABLE_BALLOON, IDC_CABLE_TEXT1, IDC_CABLE_TEXT2};
+constexpr UINT kCoreButtons[] = {IDC_CORE_ARROW, IDC_CORE_SLASH};
+
 constexpr ChoiceRow kChoiceRows[] = {
-    {"A2-A1",
-     1,
-     IDC_MARKING_A1_A2,
-     2,
-     {IDC_MARKING_A1_A2, IDC_MARKING_A2_A1, 0},
-     &dlgcircuit::m_nMarkingOrder,
-     IDC_MARKING_PREVIEW},
-    {"CCT_CAB_BALLOON",
-     2,
-     IDC_CABLE_BALLOON,
-     3,
-     {IDC_CABLE_BALLOON, IDC_CABLE_TEXT1, IDC_CABLE_TEXT2},
-     &dlgcircuit::m_nCableLabel,
-     IDC_CABLE_PREVIEW},
-    {"CCT_CAB_CORE",
-     4,
-     IDC_CORE_ARROW,
-     2,
-     {IDC_CORE_ARROW, IDC_CORE_SLASH, 0},
-     &dlgcircuit::m_nCoreMark,
-     IDC_CABLE_PREVIEW},
+    {"A2-A1", 1, kMarkingButtons, &dlgcircuit::m_nMarkingOrder, IDC_MARKING_PREVIEW},
+    {"CCT_CAB_BALLOON", 2, kLabelButtons, &dlgcircuit::m_nCableLabel, IDC_CABLE_PREVIEW},
+    {"CCT_CAB_CORE", 4, kCoreButtons, &dlgcircuit::m_nCoreMark, IDC_CABLE_PREVIEW},
 };
+
+// The message map names controls by ranges of their numbers.
+static_assert(IDC_PHASE_LENGTH_VER - IDC_PHASE_LENGTH_HOR == 1 && IDC_PHASE_DISTANCE_HOR - IDC_CROSS_DISTANCE == 3);
+static_assert(IDC_CABLE_BALLOON - IDC_MARKING_A1_A2 == 6);
 
 constexpr UINT kCableGroup[] = {IDC_CORE_ARROW,  IDC_CORE_SLASH,  IDC_CABLE_BALLOON, IDC_CABLE_TEXT1,
                                 IDC_CABLE_TEXT2, IDC_CABLE_GROUP, IDC_CABLE_PREVIEW};
@@ -118,7 +107,7 @@ int dlgcircuit::LoadSettings(const CMdb* store) {
     }
     m_strSymbolStandard = CSettingsSheet::GetSettingText(store, kSymbolStandardKey);
     m_bLanguageGB = 1;
-    m_bDrwMode = CSettingsSheet::GetSettingNumber(store, kDrwModeKey);
+    m_bDrwMode = CSettingsSheet::GetSettingNumber(store, kKeyDrwMode);
     m_bStrIncr = CSettingsSheet::GetSettingNumber(store, kStrIncrKey);
     m_bBetCapitals = CSettingsSheet::GetSettingNumber(store, kBetCapitalsKey);
     return 1;
@@ -130,7 +119,7 @@ void dlgcircuit::DoDataExchange(CDataExchange* exchange) {
     DDX_Control(exchange, IDC_MARKING_PREVIEW, m_previewMarking);
     DDX_Control(exchange, IDC_CABLE_PREVIEW, m_previewCable);
     for (const ChoiceRow& row : kChoiceRows) {
-        DDX_Radio(exchange, static_cast<int>(row.firstButton), this->*row.member);
+        DDX_Radio(exchange, static_cast<int>(row.buttons.front()), this->*row.member);
     }
     DDX_Check(exchange, IDC_FUNCTION_ORIENTED, m_bDrwMode);
     DDX_Check(exchange, IDC_COUNT_UP_DESIGNATIONS, m_bStrIncr);
@@ -188,7 +177,7 @@ void dlgcircuit::OnStrIncrClicked() {
 
 void dlgcircuit::OnDrwModeClicked() {
     if (BeginChange()) {
-        RecordCheck(kDrwModeKey, m_bDrwMode, IDC_COUNT_UP_DESIGNATIONS);
+        RecordCheck(kKeyDrwMode, m_bDrwMode, IDC_COUNT_UP_DESIGNATIONS);
     }
 }
 
@@ -203,21 +192,21 @@ void dlgcircuit::OnChoiceClicked(UINT id) {
         return;
     }
     for (const ChoiceRow& row : kChoiceRows) {
-        for (int index = 0; index < row.buttonCount; ++index) {
-            if (row.buttons[index] == id) {
-                RedrawControl(row.preview);
-                CString value;
-                value.Format("%d", index * row.step);
-                RecordChange(row.key, value);
-                SetModifiedByUser();
-            }
+        const auto clicked = std::find(row.buttons.begin(), row.buttons.end(), id);
+        if (clicked == row.buttons.end()) {
+            continue;
         }
+        RedrawControl(row.preview);
+        CString value;
+        value.Format("%d", static_cast<int>(clicked - row.buttons.begin()) * row.step);
+        RecordChange(row.key, value);
+        SetModifiedByUser();
     }
 }
 
 size_t dlgcircuit::FieldIndex(UINT id) {
     size_t index = 0;
-    while (kFieldRows[index].control != id) {
+    while (index < kFieldCount && kFieldRows[index].control != id) {
         ++index;
     }
     return index;
@@ -225,17 +214,17 @@ size_t dlgcircuit::FieldIndex(UINT id) {
 
 void dlgcircuit::OnFieldChange(UINT id) {
     SetModifiedByUser();
-    m_fields[FieldIndex(id)].m_bChanged = m_bModifyAllowed;
+    m_fields.at(FieldIndex(id)).m_bChanged = m_bModifyAllowed;
 }
 
 void dlgcircuit::OnFieldKillFocus(UINT id) {
-    Field& field = m_fields[FieldIndex(id)];
-    CommitNumberEdit(field.m_bChanged, kFieldRows[FieldIndex(id)].key, field.m_strText,
-                     GetDlgItem(static_cast<int>(id)), 1);
+    const size_t index = FieldIndex(id);
+    Field& field = m_fields.at(index);
+    CommitNumberEdit(field.m_bChanged, kFieldRows[index].key, field.m_strText, GetDlgItem(static_cast<int>(id)), 1);
 }
 
 // The changed flag stays set after a commit: from the first change on the field is committed whenever it is left.
-void dlgcircuit::CommitNumberEdit(const int& changed, LPCSTR key, CString& text, CWnd* control, int required) {
+void dlgcircuit::CommitNumberEdit(int changed, LPCSTR key, CString& text, CWnd* control, int required) {
     if (IsCancelPending() == 0 && changed != 0) {
         UpdateData(TRUE);
         if (m_pLastEditControl != nullptr) {

@@ -47,8 +47,9 @@ private:
         int m_bChanged = 0;
     };
 
+    // The row of an edit, kFieldCount for any other control.
     static size_t FieldIndex(UINT id);
-    void CommitNumberEdit(const int& changed, LPCSTR key, CString& text, CWnd* control, int required);
+    void CommitNumberEdit(int changed, LPCSTR key, CString& text, CWnd* control, int required);
     void UpdateExclusiveBoxes();
     void RecordCheck(LPCSTR key, int checked, UINT redrawnControl);
     UINT PreviewBitmap(int control) const;

@@ -100,12 +100,15 @@ TEST_F(Checks, NumberFieldAcceptsDigitsAndPointsFromATenthOn) {
         const char* caption;  // Null when accepted.
         std::string message;
     };
+    const std::string kManyNines(400, '9');
+    const std::string kTiny = "0." + std::string(400, '0') + "1";
     const Case cases[] = {
         {"0.1", nullptr, ""},
         {"2.5", nullptr, ""},
         {"1.2.3", nullptr, ""},
         {".5", nullptr, ""},
         {"007", nullptr, ""},
+        {kManyNines.c_str(), nullptr, ""},
         {"12,5", kFaultyField, Invalid(',')},
         {"-1", kFaultyField, Invalid('-')},
         {" 1", kFaultyField, Invalid(' ')},
@@ -115,6 +118,7 @@ TEST_F(Checks, NumberFieldAcceptsDigitsAndPointsFromATenthOn) {
         {"0", kWrongValue, kMinimum},
         {".", kWrongValue, kMinimum},
         {"..5", kWrongValue, kMinimum},
+        {kTiny.c_str(), kWrongValue, kMinimum},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -240,6 +244,74 @@ TEST_F(TwoPages, ReadTheSheetsNumbersAgainWhenShownAgain) {
     });
     EXPECT_EQ(m_sheet.DoModal(), IDCANCEL);
     EXPECT_EQ(m_sheet.m_workSettings.GetFirst(), nullptr);
+}
+
+// The pixels of a control's client area, or of a bitmap placed in its middle on the dialog's colour.
+std::vector<COLORREF> PixelsOf(HDC context, SIZE size) {
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < size.cy; ++y) {
+        for (int x = 0; x < size.cx; ++x) {
+            pixels.push_back(GetPixel(context, x, y));
+        }
+    }
+    return pixels;
+}
+
+std::vector<COLORREF> ExpectedPreview(UINT bitmapId, SIZE size) {
+    CDC memory;
+    memory.CreateCompatibleDC(nullptr);
+    CClientDC screen(nullptr);
+    CBitmap canvas;
+    canvas.CreateCompatibleBitmap(&screen, size.cx, size.cy);
+    const CSelectObject selected(memory, canvas.GetSafeHandle());
+    const RECT all{0, 0, size.cx, size.cy};
+    ::FillRect(memory, &all, GetSysColorBrush(COLOR_BTNFACE));
+    CBitmap bitmap;
+    BITMAP info{};
+    if (bitmapId != 0 && bitmap.LoadBitmap(bitmapId) && bitmap.GetBitmap(&info) != 0) {
+        CDC source;
+        source.CreateCompatibleDC(&memory);
+        const CSelectObject selectedSource(source, bitmap.GetSafeHandle());
+        memory.BitBlt((size.cx - info.bmWidth) / 2, (size.cy - info.bmHeight) / 2, info.bmWidth, info.bmHeight, &source,
+                      0, 0, SRCCOPY);
+    }
+    return PixelsOf(memory, size);
+}
+
+TEST_F(TwoPages, PreviewsShowTheBitmapOfTheChoice) {
+    struct Case {
+        const char* marking;
+        const char* core;
+        const char* label;
+        UINT markingBitmap;
+        UINT cableBitmap;
+    };
+    const Case cases[] = {
+        {"0", "0", "0", 150, 2007}, {"1", "0", "2", 152, 2008}, {"2", "0", "4", 152, 2009}, {"0", "4", "0", 150, 2010},
+        {"0", "4", "2", 150, 2011}, {"0", "4", "4", 150, 2014}, {"0", "8", "0", 150, 0},    {"0", "0", "6", 150, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.core) + " " + c.label);
+        Sheet sheet;
+        sheet.PutSetting(&sheet.m_host, "A2-A1", c.marking);
+        sheet.PutSetting(&sheet.m_host, "CCT_CAB_CORE", c.core);
+        sheet.PutSetting(&sheet.m_host, "CCT_CAB_BALLOON", c.label);
+        sheet.m_first.LoadSettings(&sheet.m_host);
+        m_boxes.WhenIdle([&] {
+            sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+            for (const auto& [id, bitmap] :
+                 {std::pair(IDC_MARKING_PREVIEW, c.markingBitmap), std::pair(IDC_CABLE_PREVIEW, c.cableBitmap)}) {
+                CWnd* preview = sheet.m_first.GetDlgItem(id);
+                RECT client{};
+                preview->GetClientRect(&client);
+                CClientDC context(preview);
+                const SIZE size{client.right, client.bottom};
+                EXPECT_TRUE(PixelsOf(context, size) == ExpectedPreview(bitmap, size)) << "control " << id;
+            }
+            sheet.PressButton(PSBTN_CANCEL);
+        });
+        EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    }
 }
 
 }  // namespace
