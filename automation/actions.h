@@ -23,7 +23,7 @@ void PressCancel(Stage& stage, const Command& command);
 void PressCloseBox(Stage& stage, const Command& command);
 void Screenshot(Stage& stage, const Command& command);
 
-/// Clicks the tab with that index as a user does; one that is scrolled out of sight is chosen without the mouse.
+// Clicks the tab with that index as a user does; one that is scrolled out of sight is chosen without the mouse.
 void AddTabClick(InputQueue& input, HWND tabControl, int index);
 
 }  // namespace automation

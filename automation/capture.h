@@ -9,10 +9,10 @@
 
 namespace automation {
 
-/// The client area of a visible window with all its controls; an empty picture when the system refuses.
+// The client area of a visible window with all its controls; an empty picture when the system refuses.
 Picture CaptureClient(HWND window);
 
-/// Writes the window's client area as a PNG file; the file name is UTF-8. Throws a Failure when that is impossible.
+// Writes the window's client area as a PNG file; the file name is UTF-8. Throws a Failure when that is impossible.
 void SaveClient(HWND window, const std::string& fileName);
 
 }  // namespace automation

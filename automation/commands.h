@@ -8,26 +8,26 @@
 namespace automation {
 
 enum class When {
-    BetweenRuns,     ///< only while no sheet is open
-    DuringRun,       ///< needs a window in front, which is no message box
-    DuringRunOrBox,  ///< needs a window in front
+    BetweenRuns,     // only while no sheet is open
+    DuringRun,       // needs a window in front, which is no message box
+    DuringRunOrBox,  // needs a window in front
     Always,
 };
 
 enum class Kind {
     Action,
-    Check,  ///< counted when it holds
+    Check,  // counted when it holds
 };
 
 struct CommandRow {
     std::string_view name;
-    const char* shape;  ///< see ShapeOf
+    const char* shape;  // see ShapeOf
     When when;
     Kind kind;
-    void (*carryOut)(Stage& stage, const Command& command);  ///< throws a Failure
+    void (*carryOut)(Stage& stage, const Command& command);  // throws a Failure
 };
 
-/// Null for an unknown command.
+// Null for an unknown command.
 const CommandRow* FindCommand(std::string_view name);
 
 }  // namespace automation

@@ -12,14 +12,14 @@ class StepClient {
 public:
     virtual ~StepClient() = default;
 
-    /// The windows have dealt with all input and painted themselves. Returns false when no further step is wanted.
+    // The windows have dealt with all input and painted themselves. Returns false when no further step is wanted.
     virtual bool OnStep() = 0;
 
-    /// No step could be run for kStuckAfter, or OnProgress was not called for that long.
+    // No step could be run for kStuckAfter, or OnProgress was not called for that long.
     virtual void OnStuck() = 0;
 };
 
-/// One window of its own, never shown, gets a posted message for each step.
+// One window of its own, never shown, gets a posted message for each step.
 class Driver {
 public:
     static constexpr std::chrono::seconds kStuckAfter{20};
@@ -29,10 +29,10 @@ public:
     Driver(const Driver&) = delete;
     Driver& operator=(const Driver&) = delete;
 
-    /// Calls `modalCall` and runs steps for as long as it has not returned.
+    // Calls `modalCall` and runs steps for as long as it has not returned.
     void RunDuring(const std::function<void()>& modalCall);
 
-    /// To be called when a command begins: restarts the time after which the client is told that it is stuck.
+    // To be called when a command begins: restarts the time after which the client is told that it is stuck.
     void OnProgress();
 
 private:
@@ -48,7 +48,7 @@ private:
     std::chrono::steady_clock::time_point m_lastProgress;
 };
 
-/// Paints what is invalid in all visible windows of this thread, now.
+// Paints what is invalid in all visible windows of this thread, now.
 void FlushPaints();
 
 }  // namespace automation

@@ -9,50 +9,50 @@
 
 namespace automation {
 
-/// The topmost visible and enabled top-level window of this thread, drop-down lists left out; null when there is none.
+// The topmost visible and enabled top-level window of this thread, drop-down lists left out; null when there is none.
 HWND FrontWindow();
 
-/// All visible top-level windows of this thread, topmost first.
+// All visible top-level windows of this thread, topmost first.
 std::vector<HWND> VisibleWindows();
 
 std::string ClassOf(HWND window);
 std::string TextOf(HWND window);
 
-/// True for a window or control that a user's click or key can reach.
+// True for a window or control that a user's click or key can reach.
 bool CanTakeInput(HWND window);
 
-/// True when the focus is on the control, or inside it.
+// True when the focus is on the control, or inside it.
 bool HasFocus(HWND control);
 
-/// Whether the window is a property sheet that still runs.
+// Whether the window is a property sheet that still runs.
 bool IsSheet(HWND window);
 
-/// Whether the window is a property sheet that was told to close, but whose loop has not noticed yet.
+// Whether the window is a property sheet that was told to close, but whose loop has not noticed yet.
 bool IsEndedSheet(HWND window);
 
-/// The sheet's page in front and its tab control; null for any other window.
+// The sheet's page in front and its tab control; null for any other window.
 HWND CurrentPage(HWND window);
 HWND TabControl(HWND window);
 
-/// The captions of the sheet's tabs, in order.
+// The captions of the sheet's tabs, in order.
 std::vector<std::string> TabCaptions(HWND tabControl);
 
-/// The control with the id: of a sheet first on its current page, then in the sheet itself. Null when there is none.
+// The control with the id: of a sheet first on its current page, then in the sheet itself. Null when there is none.
 HWND FindControl(HWND window, int id);
 
-/// What a message box says.
+// What a message box says.
 struct MessageBoxText {
     std::string caption;
     std::string text;
 };
 
-/// The message box's text; nothing when the window is no message box.
+// The message box's text; nothing when the window is no message box.
 std::optional<MessageBoxText> ReadMessageBox(HWND window);
 
-/// The button that accepts a message box.
+// The button that accepts a message box.
 HWND MessageBoxButton(HWND window);
 
-/// The texts of a combo box's list, in order. Entries of an owner-drawn list without texts read as empty.
+// The texts of a combo box's list, in order. Entries of an owner-drawn list without texts read as empty.
 std::vector<std::string> ComboEntries(HWND combo);
 
 }  // namespace automation

@@ -13,7 +13,7 @@
 
 namespace automation {
 
-/// What went wrong in a command or check, without its file and line. Texts in it are UTF-8.
+// What went wrong in a command or check, without its file and line. Texts in it are UTF-8.
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -22,26 +22,26 @@ class InputQueue {
 public:
     bool IsEmpty() const { return m_pieces.empty(); }
 
-    /// Forgets what is queued and lets go of the modifier keys that are held.
+    // Forgets what is queued and lets go of the modifier keys that are held.
     void Clear();
 
-    /// Does the next piece; it may throw a Failure, which abandons the rest.
+    // Does the next piece; it may throw a Failure, which abandons the rest.
     void DoNext();
 
-    /// Any piece of work to be done in its turn.
+    // Any piece of work to be done in its turn.
     void Add(std::function<void()> piece) { m_pieces.push_back(std::move(piece)); }
 
-    /// Presses and releases the left button there (client coordinates). What cannot take input is left alone.
+    // Presses and releases the left button there (client coordinates). What cannot take input is left alone.
     void Click(HWND window, POINT point);
     void ClickMiddle(HWND window);
 
-    /// Presses and releases a key; the messages go to whatever has the focus then.
+    // Presses and releases a key; the messages go to whatever has the focus then.
     void Press(const Key& key);
 
-    /// Types into whatever has the focus, in code page 1252.
+    // Types into whatever has the focus, in code page 1252.
     void Type(const std::string& text);
 
-    /// Moves the focus in the control's dialog as the Tab key would; fails when the control does not get it.
+    // Moves the focus in the control's dialog as the Tab key would; fails when the control does not get it.
     void Focus(HWND control);
 
 private:
@@ -52,13 +52,13 @@ private:
     Key m_held;  // whose modifiers are down
 };
 
-/// Asks the control's dialog to move the focus there, as the Tab key would.
+// Asks the control's dialog to move the focus there, as the Tab key would.
 void PostFocusMove(HWND control);
 
-/// The middle of the window's client area.
+// The middle of the window's client area.
 POINT MiddleOf(HWND window);
 
-/// The nearest dialog around a control: the page, or the window itself.
+// The nearest dialog around a control: the page, or the window itself.
 HWND DialogOf(HWND control);
 
 }  // namespace automation

@@ -11,21 +11,21 @@
 
 namespace automation {
 
-/// The host's store as a scenario speaks of it. Texts are code page 1252. Implemented by the library's user.
+// The host's store as a scenario speaks of it. Texts are code page 1252. Implemented by the library's user.
 class StoreAccess {
 public:
     virtual ~StoreAccess() = default;
     virtual void Append(const std::string& key, const std::string& value) = 0;
     virtual void Clear() = 0;
-    /// Value and changed flag of the first record with the key; nothing when there is none.
+    // Value and changed flag of the first record with the key; nothing when there is none.
     virtual std::optional<std::string> Find(const std::string& key) const = 0;
     virtual std::optional<bool> IsChanged(const std::string& key) const = 0;
     virtual int Count() const = 0;
-    /// All of the store's bytes, for comparing only.
+    // All of the store's bytes, for comparing only.
     virtual std::string Snapshot() const = 0;
 };
 
-/// The arguments of one call of the export.
+// The arguments of one call of the export.
 struct OpenArguments {
     std::string caption = "Inst\xE4llningar";
     int designation = 0;
@@ -34,13 +34,13 @@ struct OpenArguments {
     bool readOnly = false;
 };
 
-/// Runs the modal call and returns its result; nothing when it cannot open a sheet that way, e.g. read-only.
-/// The window given as the sheet's parent must not be visible and enabled while the sheet runs.
+// Runs the modal call and returns its result; nothing when it cannot open a sheet that way, e.g. read-only.
+// The window given as the sheet's parent must not be visible and enabled while the sheet runs.
 using OpenFunction = std::function<std::optional<int>(const OpenArguments&)>;
 
 struct PlayerOptions {
-    std::filesystem::path scratchFolder;  ///< for the scenario's files; must exist
-    bool isVerbose = false;               ///< print each command before it is carried out
+    std::filesystem::path scratchFolder;  // for the scenario's files; must exist
+    bool isVerbose = false;               // print each command before it is carried out
 };
 
 struct Totals {
@@ -48,15 +48,15 @@ struct Totals {
     int failed = 0;
 };
 
-/// The shape of a command of the player, for ParseScenario and ReadScenario.
+// The shape of a command of the player, for ParseScenario and ReadScenario.
 const char* ShapeOfCommand(std::string_view name);
 
-/// Plays a scenario that has no errors, printing what fails and then its totals to `out`, in UTF-8.
+// Plays a scenario that has no errors, printing what fails and then its totals to `out`, in UTF-8.
 Totals PlayScenario(const Scenario& scenario, StoreAccess& store, const OpenFunction& open, std::ostream& out,
                     const PlayerOptions& options);
 
-/// Opens a sheet, writes a picture of each of its pages into the folder, named by number and tab caption, and cancels.
-/// Returns false when something went wrong, after printing what.
+// Opens a sheet, writes a picture of each of its pages into the folder, named by number and tab caption, and cancels.
+// Returns false when something went wrong, after printing what.
 bool PhotographPages(const OpenFunction& open, const OpenArguments& arguments, std::ostream& out,
                      const std::filesystem::path& folder);
 

@@ -11,10 +11,10 @@ namespace automation {
 struct Picture {
     int width = 0;
     int height = 0;
-    std::vector<std::uint32_t> pixels;  ///< 0x00RRGGBB, rows from the top
+    std::vector<std::uint32_t> pixels;  // 0x00RRGGBB, rows from the top
 };
 
-/// The picture as the bytes of a PNG file: with a palette for up to 256 colours, else as 24-bit colour.
+// The picture as the bytes of a PNG file: with a palette for up to 256 colours, else as 24-bit colour.
 std::string EncodePng(const Picture& picture);
 
 }  // namespace automation

@@ -3,10 +3,11 @@
 #include "automation/scenario.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <optional>
 #include <stdexcept>
 
@@ -200,9 +201,14 @@ Scenario ParseScenario(const std::string& fileName, std::string_view utf8, const
 Scenario ReadScenario(const std::string& fileName, const ShapeOf& shapeOf) {
     const std::u8string name(fileName.begin(), fileName.end());
     std::ifstream file(std::filesystem::path(name), std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (!file.good() && text.empty() && !file.eof()) {
-        return {fileName, {}, {fileName + ":1: the file cannot be read"}};
+    std::string text;
+    char block[4096];
+    // A folder can be opened in places, and fails when it is read.
+    while (file.read(block, sizeof(block)) || file.gcount() > 0) {
+        text.append(block, static_cast<size_t>(file.gcount()));
+    }
+    if (!file.is_open() || file.bad()) {
+        return {fileName, {}, {fileName + ": cannot be read: " + std::strerror(errno)}};
     }
     return ParseScenario(fileName, text, shapeOf);
 }

@@ -5,8 +5,8 @@
 
 namespace automation {
 
-/// Creates an empty folder of its own below the system's folder for temporary files, and removes it with all in it.
-/// The constructor throws std::filesystem::filesystem_error when there is no place for it.
+// Creates an empty folder of its own below the system's folder for temporary files, and removes it with all in it.
+// The constructor throws std::filesystem::filesystem_error when there is no place for it.
 class ScratchFolder {
 public:
     ScratchFolder();

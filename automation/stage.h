@@ -15,25 +15,25 @@ struct Stage {
     StoreAccess& store;
     const PlayerOptions& options;
     InputQueue input;
-    HWND front = nullptr;                  ///< the window in front when the command began; null between runs
-    std::optional<OpenArguments> opening;  ///< set by `open`: the player is to start a run
-    std::optional<int> lastResult;         ///< of the last run
-    std::string snapshotAtOpen;            ///< the store's bytes when the last run began
+    HWND front = nullptr;                  // the window in front when the command began; null between runs
+    std::optional<OpenArguments> opening;  // set by `open`: the player is to start a run
+    std::optional<int> lastResult;         // of the last run
+    std::string snapshotAtOpen;            // the store's bytes when the last run began
 };
 
-/// "expected ..., got ..."; texts are given in code page 1252.
+// "expected ..., got ..."; texts are given in code page 1252.
 [[noreturn]] void FailExpectation(const std::string& expected, const std::string& got);
 
-/// The text in double quotes with its escapes, as a scenario would write it, in UTF-8.
+// The text in double quotes with its escapes, as a scenario would write it, in UTF-8.
 std::string Quote(const std::string& text);
 
-/// A control of the window in front; fails when there is none with the id.
+// A control of the window in front; fails when there is none with the id.
 HWND ControlOf(const Stage& stage, const Argument& id);
 
-/// The tab control of the sheet in front; fails when no sheet is in front.
+// The tab control of the sheet in front; fails when no sheet is in front.
 HWND TabsOf(const Stage& stage);
 
-/// The argument's text with %SCRATCH% and %TODAY:FORMAT% replaced, in code page 1252.
+// The argument's text with %SCRATCH% and %TODAY:FORMAT% replaced, in code page 1252.
 std::string ExpandText(const Stage& stage, const std::string& text);
 
 }  // namespace automation

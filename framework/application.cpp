@@ -1,3 +1,5 @@
+// The application object, the name that it gives the module, and its message boxes.
+
 #include "framework/application.h"
 
 #include <cstdlib>
@@ -14,7 +16,7 @@ namespace {
 constexpr DWORD kMaxPath = 1024;
 
 // The module's file name without folder and extension.
-std::string moduleTitle(HINSTANCE module) {
+std::string ModuleTitle(HINSTANCE module) {
     char path[kMaxPath] = "";
     const DWORD length = GetModuleFileNameA(module, path, kMaxPath);
     std::string title(path, length < kMaxPath ? length : kMaxPath - 1);
@@ -23,7 +25,7 @@ std::string moduleTitle(HINSTANCE module) {
     return extension == std::string::npos ? title : title.substr(0, extension);
 }
 
-char* duplicate(LPCSTR text) {
+char* Duplicate(LPCSTR text) {
     const size_t size = std::strlen(text) + 1;
     char* copy = static_cast<char*>(std::malloc(size));
     if (copy == nullptr) {
@@ -35,7 +37,7 @@ char* duplicate(LPCSTR text) {
 }  // namespace
 
 CWinApp::CWinApp(LPCSTR applicationName) : m_pszAppName(nullptr), m_hInstance(AfxGetInstanceHandle()) {
-    m_pszAppName = duplicate(applicationName != nullptr ? applicationName : moduleTitle(m_hInstance).c_str());
+    m_pszAppName = Duplicate(applicationName != nullptr ? applicationName : ModuleTitle(m_hInstance).c_str());
     AfxGetModuleState()->m_pCurrentWinApp = this;
 }
 
@@ -48,7 +50,7 @@ CWinApp::~CWinApp() {
 
 namespace {
 
-int showMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
+int ShowMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
     constexpr UINT kIconMask = 0xF0;
     constexpr UINT kButtonsMask = 0x0F;
     UINT fullType = type;
@@ -68,7 +70,7 @@ int showMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
 }  // namespace
 
 int CWinApp::DoMessageBox(LPCSTR prompt, UINT type) {
-    return showMessageBox(prompt, m_pszAppName, type);
+    return ShowMessageBox(prompt, m_pszAppName, type);
 }
 
 CWinApp* AfxGetApp() {
@@ -79,7 +81,7 @@ LPCSTR AfxGetAppName() {
     if (AfxGetApp() != nullptr) {
         return AfxGetApp()->m_pszAppName;
     }
-    static const std::string title = moduleTitle(AfxGetInstanceHandle());
+    static const std::string title = ModuleTitle(AfxGetInstanceHandle());
     return title.c_str();
 }
 
@@ -91,7 +93,7 @@ CWnd* AfxGetMainWnd() {
 
 int AfxMessageBox(LPCSTR text, UINT type) {
     CWinApp* application = AfxGetApp();
-    return application != nullptr ? application->DoMessageBox(text, type) : showMessageBox(text, AfxGetAppName(), type);
+    return application != nullptr ? application->DoMessageBox(text, type) : ShowMessageBox(text, AfxGetAppName(), type);
 }
 
 int AfxMessageBox(UINT textId, UINT type) {

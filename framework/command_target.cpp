@@ -1,3 +1,5 @@
+// How a command finds its handler: the search through the message maps of a class and its bases.
+
 #include "framework/command_target.h"
 
 #include "framework/message_routing.h"

@@ -1,3 +1,5 @@
+// The controls' member functions as messages, and the type of object that a control's window class asks for.
+
 #include "framework/controls.h"
 
 #include "framework/common_controls.h"
@@ -13,27 +15,27 @@ IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
 
 namespace {
 
-LPARAM textParameter(LPCSTR text) {
+LPARAM TextParameter(LPCSTR text) {
     return reinterpret_cast<LPARAM>(text);
 }
-WPARAM indexParameter(int index) {
+WPARAM IndexParameter(int index) {
     return static_cast<WPARAM>(index);
 }
 
 // An item's text by the messages that tell its length and copy it; empty when there is no such item.
-CString itemText(const CWnd& list, int index, UINT lengthMessage, UINT textMessage) {
+CString ItemText(const CWnd& list, int index, UINT lengthMessage, UINT textMessage) {
     CString text;
-    const int length = static_cast<int>(list.SendMessage(lengthMessage, indexParameter(index)));
+    const int length = static_cast<int>(list.SendMessage(lengthMessage, IndexParameter(index)));
     if (length > 0) {
         const LPSTR buffer = text.GetBuffer(length + 1);
-        list.SendMessage(textMessage, indexParameter(index), textParameter(buffer));
+        list.SendMessage(textMessage, IndexParameter(index), TextParameter(buffer));
         text.ReleaseBuffer();
     }
     return text;
 }
 
 template <typename Control>
-std::unique_ptr<CWnd> make() {
+std::unique_ptr<CWnd> Make() {
     return std::make_unique<Control>();
 }
 
@@ -43,9 +45,9 @@ struct ControlClass {
 };
 
 constexpr ControlClass kControlClasses[] = {
-    {"Edit", &make<CEdit>},           {"Button", &make<CButton>},        {"ComboBox", &make<CComboBox>},
-    {"Static", &make<CStatic>},       {"ListBox", &make<CListBox>},      {"ComboLBox", &make<CListBox>},
-    {"ScrollBar", &make<CScrollBar>}, {WC_TABCONTROLA, &make<CTabCtrl>},
+    {"Edit", &Make<CEdit>},           {"Button", &Make<CButton>},        {"ComboBox", &Make<CComboBox>},
+    {"Static", &Make<CStatic>},       {"ListBox", &Make<CListBox>},      {"ComboLBox", &Make<CListBox>},
+    {"ScrollBar", &Make<CScrollBar>}, {WC_TABCONTROLA, &Make<CTabCtrl>},
 };
 
 }  // namespace
@@ -82,7 +84,7 @@ void CButton::SetButtonStyle(UINT style, BOOL redraw) {
 }
 
 void CEdit::SetSel(int start, int end, BOOL noScroll) {
-    SendMessage(EM_SETSEL, indexParameter(start), end);
+    SendMessage(EM_SETSEL, IndexParameter(start), end);
     if (!noScroll) {
         SendMessage(EM_SCROLLCARET);
     }
@@ -97,7 +99,7 @@ void CEdit::GetSel(int& start, int& end) const {
 }
 
 void CEdit::ReplaceSel(LPCSTR text, BOOL canUndo) {
-    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(canUndo), textParameter(text));
+    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(canUndo), TextParameter(text));
 }
 void CEdit::LimitText(int maxLength) {
     SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(maxLength));
@@ -109,7 +111,7 @@ UINT CEdit::GetLimitText() const {
     return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT));
 }
 int CEdit::LineLength(int line) const {
-    return static_cast<int>(SendMessage(EM_LINELENGTH, indexParameter(line)));
+    return static_cast<int>(SendMessage(EM_LINELENGTH, IndexParameter(line)));
 }
 BOOL CEdit::SetReadOnly(BOOL readOnly) {
     return SendMessage(EM_SETREADONLY, static_cast<WPARAM>(readOnly)) != 0;
@@ -128,22 +130,22 @@ int CListBox::GetCurSel() const {
     return static_cast<int>(SendMessage(LB_GETCURSEL));
 }
 int CListBox::SetCurSel(int index) {
-    return static_cast<int>(SendMessage(LB_SETCURSEL, indexParameter(index)));
+    return static_cast<int>(SendMessage(LB_SETCURSEL, IndexParameter(index)));
 }
 int CListBox::AddString(LPCSTR text) {
-    return static_cast<int>(SendMessage(LB_ADDSTRING, 0, textParameter(text)));
+    return static_cast<int>(SendMessage(LB_ADDSTRING, 0, TextParameter(text)));
 }
 int CListBox::InsertString(int index, LPCSTR text) {
-    return static_cast<int>(SendMessage(LB_INSERTSTRING, indexParameter(index), textParameter(text)));
+    return static_cast<int>(SendMessage(LB_INSERTSTRING, IndexParameter(index), TextParameter(text)));
 }
 void CListBox::ResetContent() {
     SendMessage(LB_RESETCONTENT);
 }
 int CListBox::GetText(int index, LPSTR buffer) const {
-    return static_cast<int>(SendMessage(LB_GETTEXT, indexParameter(index), textParameter(buffer)));
+    return static_cast<int>(SendMessage(LB_GETTEXT, IndexParameter(index), TextParameter(buffer)));
 }
 void CListBox::GetText(int index, CString& text) const {
-    text = itemText(*this, index, LB_GETTEXTLEN, LB_GETTEXT);
+    text = ItemText(*this, index, LB_GETTEXTLEN, LB_GETTEXT);
 }
 
 int CComboBox::GetCount() const {
@@ -153,13 +155,13 @@ int CComboBox::GetCurSel() const {
     return static_cast<int>(SendMessage(CB_GETCURSEL));
 }
 int CComboBox::SetCurSel(int index) {
-    return static_cast<int>(SendMessage(CB_SETCURSEL, indexParameter(index)));
+    return static_cast<int>(SendMessage(CB_SETCURSEL, IndexParameter(index)));
 }
 int CComboBox::AddString(LPCSTR text) {
-    return static_cast<int>(SendMessage(CB_ADDSTRING, 0, textParameter(text)));
+    return static_cast<int>(SendMessage(CB_ADDSTRING, 0, TextParameter(text)));
 }
 int CComboBox::InsertString(int index, LPCSTR text) {
-    return static_cast<int>(SendMessage(CB_INSERTSTRING, indexParameter(index), textParameter(text)));
+    return static_cast<int>(SendMessage(CB_INSERTSTRING, IndexParameter(index), TextParameter(text)));
 }
 int CComboBox::DeleteString(UINT index) {
     return static_cast<int>(SendMessage(CB_DELETESTRING, index));
@@ -168,34 +170,34 @@ void CComboBox::ResetContent() {
     SendMessage(CB_RESETCONTENT);
 }
 int CComboBox::FindString(int startAfter, LPCSTR text) const {
-    return static_cast<int>(SendMessage(CB_FINDSTRING, indexParameter(startAfter), textParameter(text)));
+    return static_cast<int>(SendMessage(CB_FINDSTRING, IndexParameter(startAfter), TextParameter(text)));
 }
 int CComboBox::FindStringExact(int startAfter, LPCSTR text) const {
-    return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, indexParameter(startAfter), textParameter(text)));
+    return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, IndexParameter(startAfter), TextParameter(text)));
 }
 int CComboBox::SelectString(int startAfter, LPCSTR text) {
-    return static_cast<int>(SendMessage(CB_SELECTSTRING, indexParameter(startAfter), textParameter(text)));
+    return static_cast<int>(SendMessage(CB_SELECTSTRING, IndexParameter(startAfter), TextParameter(text)));
 }
 int CComboBox::GetLBText(int index, LPSTR buffer) const {
-    return static_cast<int>(SendMessage(CB_GETLBTEXT, indexParameter(index), textParameter(buffer)));
+    return static_cast<int>(SendMessage(CB_GETLBTEXT, IndexParameter(index), TextParameter(buffer)));
 }
 void CComboBox::GetLBText(int index, CString& text) const {
-    text = itemText(*this, index, CB_GETLBTEXTLEN, CB_GETLBTEXT);
+    text = ItemText(*this, index, CB_GETLBTEXTLEN, CB_GETLBTEXT);
 }
 int CComboBox::GetLBTextLen(int index) const {
-    return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, indexParameter(index)));
+    return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, IndexParameter(index)));
 }
 DWORD_PTR CComboBox::GetItemData(int index) const {
-    return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, indexParameter(index)));
+    return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, IndexParameter(index)));
 }
 int CComboBox::SetItemData(int index, DWORD_PTR data) {
-    return static_cast<int>(SendMessage(CB_SETITEMDATA, indexParameter(index), static_cast<LPARAM>(data)));
+    return static_cast<int>(SendMessage(CB_SETITEMDATA, IndexParameter(index), static_cast<LPARAM>(data)));
 }
 int CComboBox::SetItemHeight(int index, UINT height) {
-    return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, indexParameter(index), static_cast<LPARAM>(height)));
+    return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, IndexParameter(index), static_cast<LPARAM>(height)));
 }
 int CComboBox::GetItemHeight(int index) const {
-    return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, indexParameter(index)));
+    return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, IndexParameter(index)));
 }
 BOOL CComboBox::LimitText(int maxLength) {
     return SendMessage(CB_LIMITTEXT, static_cast<WPARAM>(maxLength)) != 0;
@@ -217,8 +219,8 @@ int CTabCtrl::GetCurSel() const {
     return static_cast<int>(SendMessage(TCM_GETCURSEL));
 }
 int CTabCtrl::SetCurSel(int index) {
-    return static_cast<int>(SendMessage(TCM_SETCURSEL, indexParameter(index)));
+    return static_cast<int>(SendMessage(TCM_SETCURSEL, IndexParameter(index)));
 }
 BOOL CTabCtrl::GetItem(int index, TCITEMA* item) const {
-    return SendMessage(TCM_GETITEMA, indexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
+    return SendMessage(TCM_GETITEMA, IndexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
 }

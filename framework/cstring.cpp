@@ -1,3 +1,5 @@
+// The operations of a text: positions outside it are clamped, and only A to Z have an upper and a lower case.
+
 #include "framework/cstring.h"
 
 #include <algorithm>
@@ -12,11 +14,11 @@ namespace {
 
 constexpr char kWhiteSpace[] = " \t\n\v\f\r";
 
-int toIndex(size_t position) {
+int ToIndex(size_t position) {
     return position == std::string::npos ? -1 : static_cast<int>(position);
 }
 
-char toLowerAscii(char character) {
+char ToLowerAscii(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
@@ -77,19 +79,19 @@ CString CString::Mid(int first, int count) const {
 }
 
 int CString::Find(char character, int start) const {
-    return toIndex(m_text.find(character, static_cast<size_t>(std::max(start, 0))));
+    return ToIndex(m_text.find(character, static_cast<size_t>(std::max(start, 0))));
 }
 
 int CString::Find(LPCSTR text, int start) const {
-    return toIndex(m_text.find(text, static_cast<size_t>(std::max(start, 0))));
+    return ToIndex(m_text.find(text, static_cast<size_t>(std::max(start, 0))));
 }
 
 int CString::ReverseFind(char character) const {
-    return toIndex(m_text.rfind(character));
+    return ToIndex(m_text.rfind(character));
 }
 
 int CString::FindOneOf(LPCSTR characters) const {
-    return toIndex(m_text.find_first_of(characters));
+    return ToIndex(m_text.find_first_of(characters));
 }
 
 int CString::Insert(int index, char character) {
@@ -144,8 +146,8 @@ int CString::Compare(LPCSTR text) const {
 int CString::CompareNoCase(LPCSTR text) const {
     std::string left = m_text;
     std::string right = text != nullptr ? text : "";
-    std::transform(left.begin(), left.end(), left.begin(), toLowerAscii);
-    std::transform(right.begin(), right.end(), right.begin(), toLowerAscii);
+    std::transform(left.begin(), left.end(), left.begin(), ToLowerAscii);
+    std::transform(right.begin(), right.end(), right.begin(), ToLowerAscii);
     return left.compare(right);
 }
 

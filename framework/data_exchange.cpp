@@ -1,3 +1,5 @@
+// The directions of each data exchange, and what happens to the user's text when one is refused.
+
 #include "framework/data_exchange.h"
 
 #include <string>
@@ -27,7 +29,7 @@ private:
 constexpr int kFloatDigits = 6;
 constexpr int kDoubleDigits = 15;
 
-CString windowText(HWND window) {
+CString WindowText(HWND window) {
     CString text;
     const int length = ::GetWindowTextLengthA(window);
     const LPSTR buffer = text.GetBuffer(length + 1);
@@ -35,37 +37,37 @@ CString windowText(HWND window) {
     return text;
 }
 
-[[noreturn]] void refuse(CDataExchange* exchange, LPCSTR prompt) {
+[[noreturn]] void Refuse(CDataExchange* exchange, LPCSTR prompt) {
     AfxMessageBox(prompt, MB_ICONEXCLAMATION);
     exchange->Fail();
 }
 
 template <typename Integer>
-void exchangeInteger(CDataExchange* exchange, int id, Integer& value) {
+void ExchangeInteger(CDataExchange* exchange, int id, Integer& value) {
     const HWND control = exchange->PrepareEditCtrl(id);
     if (!exchange->m_bSaveAndValidate) {
         AfxSetWindowText(control, std::to_string(value).c_str());
-    } else if (!AfxParseNumber(windowText(control), value)) {
-        refuse(exchange, kPromptInteger);
+    } else if (!AfxParseNumber(WindowText(control), value)) {
+        Refuse(exchange, kPromptInteger);
     }
 }
 
 template <typename Real>
-void exchangeReal(CDataExchange* exchange, int id, Real& value, int digits) {
+void ExchangeReal(CDataExchange* exchange, int id, Real& value, int digits) {
     const HWND control = exchange->PrepareEditCtrl(id);
     if (!exchange->m_bSaveAndValidate) {
         AfxSetWindowText(control, AfxNumberText(static_cast<double>(value), digits));
         return;
     }
     double read = 0;
-    if (!AfxParseNumber(windowText(control), read)) {
-        refuse(exchange, kPromptNumber);
+    if (!AfxParseNumber(WindowText(control), read)) {
+        Refuse(exchange, kPromptNumber);
     }
     value = static_cast<Real>(read);
 }
 
 template <typename Number>
-void validateRange(CDataExchange* exchange, Number value, Number minimum, Number maximum, const CString& minimumText,
+void ValidateRange(CDataExchange* exchange, Number value, Number minimum, Number maximum, const CString& minimumText,
                    const CString& maximumText) {
     // Written so that a value that is no number fails too. What a member holds is shown without complaint.
     if (!exchange->m_bSaveAndValidate || (value >= minimum && value <= maximum)) {
@@ -73,19 +75,19 @@ void validateRange(CDataExchange* exchange, Number value, Number minimum, Number
     }
     CString prompt;
     AfxFormatString2(prompt, kPromptRange, minimumText, maximumText);
-    refuse(exchange, prompt);
+    Refuse(exchange, prompt);
 }
 
 template <typename Integer>
-void validateIntegerRange(CDataExchange* exchange, Integer value, Integer minimum, Integer maximum) {
-    validateRange(exchange, value, minimum, maximum, std::to_string(minimum).c_str(), std::to_string(maximum).c_str());
+void ValidateIntegerRange(CDataExchange* exchange, Integer value, Integer minimum, Integer maximum) {
+    ValidateRange(exchange, value, minimum, maximum, std::to_string(minimum).c_str(), std::to_string(maximum).c_str());
 }
 
-bool isRadioButton(HWND control) {
+bool IsRadioButton(HWND control) {
     return (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
 }
 
-bool beginsGroup(HWND control) {
+bool BeginsGroup(HWND control) {
     return (::GetWindowLongPtrA(control, GWL_STYLE) & WS_GROUP) != 0;
 }
 
@@ -133,26 +135,26 @@ void CDataExchange::Fail() {
 void DDX_Text(CDataExchange* exchange, int id, CString& value) {
     const HWND control = exchange->PrepareEditCtrl(id);
     if (exchange->m_bSaveAndValidate) {
-        value = windowText(control);
+        value = WindowText(control);
     } else {
         AfxSetWindowText(control, value);
     }
 }
 
 void DDX_Text(CDataExchange* exchange, int id, int& value) {
-    exchangeInteger(exchange, id, value);
+    ExchangeInteger(exchange, id, value);
 }
 void DDX_Text(CDataExchange* exchange, int id, UINT& value) {
-    exchangeInteger(exchange, id, value);
+    ExchangeInteger(exchange, id, value);
 }
 void DDX_Text(CDataExchange* exchange, int id, long& value) {
-    exchangeInteger(exchange, id, value);
+    ExchangeInteger(exchange, id, value);
 }
 void DDX_Text(CDataExchange* exchange, int id, float& value) {
-    exchangeReal(exchange, id, value, kFloatDigits);
+    ExchangeReal(exchange, id, value, kFloatDigits);
 }
 void DDX_Text(CDataExchange* exchange, int id, double& value) {
-    exchangeReal(exchange, id, value, kDoubleDigits);
+    ExchangeReal(exchange, id, value, kDoubleDigits);
 }
 
 void DDX_Check(CDataExchange* exchange, int id, int& value) {
@@ -160,8 +162,11 @@ void DDX_Check(CDataExchange* exchange, int id, int& value) {
     if (exchange->m_bSaveAndValidate) {
         value = static_cast<int>(::SendMessageA(control, BM_GETCHECK, 0, 0));
     } else {
-        const int check = value >= BST_UNCHECKED && value <= BST_INDETERMINATE ? value : BST_UNCHECKED;
-        ::SendMessageA(control, BM_SETCHECK, static_cast<WPARAM>(check), 0);
+        if (value < BST_UNCHECKED || value > BST_INDETERMINATE) {
+            // As it is shown.
+            value = BST_UNCHECKED;
+        }
+        ::SendMessageA(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
     }
 }
 
@@ -172,7 +177,7 @@ void DDX_Radio(CDataExchange* exchange, int id, int& value) {
     }
     int index = 0;
     do {
-        if (isRadioButton(control)) {
+        if (IsRadioButton(control)) {
             if (!exchange->m_bSaveAndValidate) {
                 ::SendMessageA(control, BM_SETCHECK, index == value ? BST_CHECKED : BST_UNCHECKED, 0);
             } else if (::SendMessageA(control, BM_GETCHECK, 0, 0) != BST_UNCHECKED) {
@@ -181,7 +186,7 @@ void DDX_Radio(CDataExchange* exchange, int id, int& value) {
             ++index;
         }
         control = ::GetWindow(control, GW_HWNDNEXT);
-    } while (control != nullptr && !beginsGroup(control));
+    } while (control != nullptr && !BeginsGroup(control));
 }
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
@@ -193,7 +198,7 @@ void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
 void DDX_CBString(CDataExchange* exchange, int id, CString& value) {
     const HWND control = exchange->PrepareCtrl(id);
     if (exchange->m_bSaveAndValidate) {
-        value = windowText(control);
+        value = WindowText(control);
     } else if (::SendMessageA(control, CB_SELECTSTRING, static_cast<WPARAM>(-1),
                               reinterpret_cast<LPARAM>(value.GetString())) == CB_ERR) {
         AfxSetWindowText(control, value);
@@ -218,28 +223,28 @@ void DDV_MaxChars(CDataExchange* exchange, const CString& value, int maxLength) 
     if (value.GetLength() > maxLength) {
         CString prompt;
         AfxFormatString1(prompt, kPromptLength, std::to_string(maxLength).c_str());
-        refuse(exchange, prompt);
+        Refuse(exchange, prompt);
     }
 }
 
 void DDV_MinMaxInt(CDataExchange* exchange, int value, int minimum, int maximum) {
-    validateIntegerRange(exchange, value, minimum, maximum);
+    ValidateIntegerRange(exchange, value, minimum, maximum);
 }
 
 void DDV_MinMaxUInt(CDataExchange* exchange, UINT value, UINT minimum, UINT maximum) {
-    validateIntegerRange(exchange, value, minimum, maximum);
+    ValidateIntegerRange(exchange, value, minimum, maximum);
 }
 
 void DDV_MinMaxLong(CDataExchange* exchange, long value, long minimum, long maximum) {
-    validateIntegerRange(exchange, value, minimum, maximum);
+    ValidateIntegerRange(exchange, value, minimum, maximum);
 }
 
 void DDV_MinMaxFloat(CDataExchange* exchange, float value, float minimum, float maximum) {
-    validateRange(exchange, value, minimum, maximum, AfxNumberText(static_cast<double>(minimum), kFloatDigits),
+    ValidateRange(exchange, value, minimum, maximum, AfxNumberText(static_cast<double>(minimum), kFloatDigits),
                   AfxNumberText(static_cast<double>(maximum), kFloatDigits));
 }
 
 void DDV_MinMaxDouble(CDataExchange* exchange, double value, double minimum, double maximum) {
-    validateRange(exchange, value, minimum, maximum, AfxNumberText(minimum, kDoubleDigits),
+    ValidateRange(exchange, value, minimum, maximum, AfxNumberText(minimum, kDoubleDigits),
                   AfxNumberText(maximum, kDoubleDigits));
 }

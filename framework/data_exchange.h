@@ -32,7 +32,7 @@ void DDX_Text(CDataExchange* exchange, int id, long& value);
 void DDX_Text(CDataExchange* exchange, int id, float& value);
 void DDX_Text(CDataExchange* exchange, int id, double& value);
 
-// The check state, 0 to 2; any other member shows as 0.
+// The check state, 0 to 2; showing any other member sets it to 0.
 void DDX_Check(CDataExchange* exchange, int id, int& value);
 // The index of the checked button in the group that begins with the control; -1 when none is checked. An index outside
 // the group leaves all buttons clear.

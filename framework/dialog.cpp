@@ -1,3 +1,5 @@
+// The life of a dialog: creation from a template, initialisation, the modal run and its result.
+
 #include "framework/dialog.h"
 
 #include "framework/dialog_template.h"
@@ -18,8 +20,23 @@ INT_PTR CALLBACK AfxDlgProc(HWND window, UINT message, WPARAM, LPARAM) {
     if (message != WM_INITDIALOG) {
         return FALSE;
     }
-    CDialog* dialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(window));
-    return dialog != nullptr ? dialog->OnInitDialog() : TRUE;
+    const auto dialogOf = [](HWND handle) { return DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(handle)); };
+    CDialog* dialog = dialogOf(window);
+    if (dialog == nullptr) {
+        return TRUE;
+    }
+    try {
+        return dialog->OnInitDialog();
+    } catch (...) {
+        // The system's code above must not be unwound.
+        AfxReportException();
+    }
+    // The report ran a loop in which the dialog may have gone. A page runs no loop of its own and stays.
+    dialog = dialogOf(window);
+    if (dialog != nullptr) {
+        dialog->EndDialog(-1);
+    }
+    return FALSE;
 }
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_nIDTemplate(templateId), m_pParentWnd(parent) {}

@@ -1,3 +1,5 @@
+// Reading dialog templates, and filling lists from the initial data that accompanies them.
+
 #include "framework/dialog_template.h"
 
 #include <cstring>
@@ -14,7 +16,7 @@ constexpr WORD kDialogInitType = 240;
 constexpr WORD kAddToListBox16 = WM_USER + 1;
 constexpr WORD kAddToComboBox16 = WM_USER + 3;
 
-std::span<const char> loadResource(UINT id, LPCSTR type) {
+std::span<const char> ResourceData(UINT id, LPCSTR type) {
     const HINSTANCE module = AfxGetResourceHandle();
     const HRSRC resource = FindResourceA(module, MAKEINTRESOURCEA(id), type);
     if (resource == nullptr) {
@@ -26,7 +28,7 @@ std::span<const char> loadResource(UINT id, LPCSTR type) {
 
 // Takes a number from the front of the data; false when too little is left.
 template <typename Number>
-bool take(std::span<const char>& data, Number& number) {
+bool Take(std::span<const char>& data, Number& number) {
     if (data.size() < sizeof number) {
         return false;
     }
@@ -35,7 +37,7 @@ bool take(std::span<const char>& data, Number& number) {
     return true;
 }
 
-UINT messageOf(WORD message16) {
+UINT MessageOf(WORD message16) {
     switch (message16) {
         case kAddToListBox16:
             return LB_ADDSTRING;
@@ -61,7 +63,7 @@ struct ExtendedTemplate {
 }  // namespace
 
 const DLGTEMPLATE* AfxLoadDialogTemplate(UINT id) {
-    const std::span<const char> data = loadResource(id, RT_DIALOG);
+    const std::span<const char> data = ResourceData(id, RT_DIALOG);
     return reinterpret_cast<const DLGTEMPLATE*>(data.size() >= sizeof(DLGTEMPLATE) ? data.data() : nullptr);
 }
 
@@ -77,17 +79,17 @@ bool AfxTemplateLeavesPlace(const DLGTEMPLATE* dialogTemplate) {
 }
 
 void AfxExecuteDialogInit(HWND dialog, UINT id) {
-    std::span<const char> data = loadResource(id, MAKEINTRESOURCEA(kDialogInitType));
+    std::span<const char> data = ResourceData(id, MAKEINTRESOURCEA(kDialogInitType));
     WORD controlId = 0;
-    while (take(data, controlId) && controlId != 0) {
+    while (Take(data, controlId) && controlId != 0) {
         WORD message16 = 0;
         DWORD length = 0;
-        if (!take(data, message16) || !take(data, length) || length > data.size()) {
+        if (!Take(data, message16) || !Take(data, length) || length > data.size()) {
             return;
         }
         const std::string text(data.data(), length);
         data = data.subspan(length);
-        if (const UINT message = messageOf(message16)) {
+        if (const UINT message = MessageOf(message16)) {
             SendDlgItemMessageA(dialog, controlId, message, 0, reinterpret_cast<LPARAM>(text.c_str()));
         }
     }

@@ -1,3 +1,5 @@
+// Drawing objects and device contexts over the system's handles, and the temporary objects for foreign handles.
+
 #include "framework/gdi.h"
 
 #include <utility>
@@ -33,7 +35,7 @@ AfxTemporaryMap<CBitmap> g_bitmaps;
 AfxTemporaryMap<CBrush> g_brushes;
 AfxTemporaryMap<CDC> g_contexts;
 
-HGDIOBJ handleOf(const CGdiObject* object) {
+HGDIOBJ HandleOf(const CGdiObject* object) {
     return object != nullptr ? object->m_hObject : nullptr;
 }
 
@@ -129,11 +131,11 @@ HGDIOBJ CDC::SelectObject(HGDIOBJ object) {
 }
 
 CBitmap* CDC::SelectObject(CBitmap* bitmap) {
-    return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, handleOf(bitmap))));
+    return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, HandleOf(bitmap))));
 }
 
 CBrush* CDC::SelectObject(CBrush* brush) {
-    return CBrush::FromHandle(static_cast<HBRUSH>(::SelectObject(m_hDC, handleOf(brush))));
+    return CBrush::FromHandle(static_cast<HBRUSH>(::SelectObject(m_hDC, HandleOf(brush))));
 }
 
 BOOL CDC::BitBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, DWORD operation) {

@@ -17,18 +17,18 @@ public:
     ModalDepth& operator=(const ModalDepth&) = delete;
 };
 
-bool isChildWindow(HWND window) {
+bool IsChildWindow(HWND window) {
     return (::GetWindowLongPtrA(window, GWL_STYLE) & WS_CHILD) != 0;
 }
 
 // Offers a message to the window objects from its window up to the top-level window.
-bool preTranslate(MSG* message) {
+bool PreTranslate(MSG* message) {
     for (HWND window = message->hwnd; window != nullptr; window = ::GetParent(window)) {
         CWnd* object = CWnd::FromHandlePermanent(window);
         if (object != nullptr && object->PreTranslateMessage(message)) {
             return true;
         }
-        if (!isChildWindow(window)) {
+        if (!IsChildWindow(window)) {
             return false;
         }
     }
@@ -36,11 +36,11 @@ bool preTranslate(MSG* message) {
 }
 
 // Runs one message; false when it was the one to quit.
-bool pumpMessage(MSG* message) {
+bool PumpMessage(MSG* message) {
     if (::GetMessageA(message, nullptr, 0, 0) <= 0) {
         return false;
     }
-    if (!preTranslate(message)) {
+    if (!PreTranslate(message)) {
         ::TranslateMessage(message);
         ::DispatchMessageA(message);
     }
@@ -48,7 +48,7 @@ bool pumpMessage(MSG* message) {
 }
 
 // Painting and pointing leave nothing behind that would be worth an idle round.
-bool causesIdle(const MSG& message) {
+bool CausesIdle(const MSG& message) {
     return message.message != WM_PAINT && message.message != WM_MOUSEMOVE;
 }
 
@@ -78,13 +78,13 @@ int CWnd::RunModalLoop(DWORD flags) {
             }
             continue;
         }
-        if (!pumpMessage(&message)) {
+        if (!PumpMessage(&message)) {
             // Whoever runs the outer loop must see the message too.
             ::PostQuitMessage(static_cast<int>(message.wParam));
             m_nModalResult = -1;
             break;
         }
-        idle = idle || causesIdle(message);
+        idle = idle || CausesIdle(message);
     }
     m_continueModal = false;
     return m_nModalResult;
@@ -109,7 +109,7 @@ BOOL CWnd::PreTranslateMessage(MSG*) {
 
 CWnd* CWnd::GetSafeOwner(CWnd* parent, HWND* topLevel) {
     HWND owner = AfxSafeHandle(parent != nullptr ? parent : AfxGetMainWnd());
-    while (owner != nullptr && isChildWindow(owner)) {
+    while (owner != nullptr && IsChildWindow(owner)) {
         owner = ::GetParent(owner);
     }
     HWND top = owner;

@@ -1,3 +1,5 @@
+// How a module finds its own handle, and which state is the current one.
+
 #include "framework/module_state.h"
 
 #include <utility>
@@ -7,7 +9,7 @@ namespace {
 // Static, not per thread: the library is called on the host's one user-interface thread.
 AFX_MODULE_STATE* g_currentState = nullptr;
 
-AFX_MODULE_STATE makeStaticState() {
+AFX_MODULE_STATE MakeStaticState() {
     AFX_MODULE_STATE state;
     HMODULE module = nullptr;
     // Any address inside this module identifies it, so no module entry point has to remember the handle.
@@ -21,7 +23,7 @@ AFX_MODULE_STATE makeStaticState() {
 }  // namespace
 
 AFX_MODULE_STATE* AfxGetStaticModuleState() {
-    static AFX_MODULE_STATE state = makeStaticState();
+    static AFX_MODULE_STATE state = MakeStaticState();
     return &state;
 }
 

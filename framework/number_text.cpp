@@ -1,3 +1,5 @@
+// Numbers to text and back, by conversions that no locale can change.
+
 #include "framework/number_text.h"
 
 #include <algorithm>
@@ -9,14 +11,14 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kFloatCharacters = "0123456789+-.eE";
 
-std::string_view withoutBlanks(LPCSTR text) {
+std::string_view WithoutBlanks(LPCSTR text) {
     std::string_view number(text);
     number.remove_prefix(std::min(number.find_first_not_of(kBlanks), number.size()));
     return number.substr(0, number.find_last_not_of(kBlanks) + 1);
 }
 
 template <typename Number>
-BOOL parse(std::string_view text, Number& value) {
+BOOL Parse(std::string_view text, Number& value) {
     // The conversion below takes a minus but no plus.
     std::string_view digits = text;
     if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-') {
@@ -41,19 +43,19 @@ CString AfxNumberText(double value, int digits) {
 }
 
 BOOL AfxParseNumber(LPCSTR text, double& value) {
-    const std::string_view number = withoutBlanks(text);
+    const std::string_view number = WithoutBlanks(text);
     // Keeps out the names of infinity and of no number.
-    return number.find_first_not_of(kFloatCharacters) == std::string_view::npos && parse(number, value);
+    return number.find_first_not_of(kFloatCharacters) == std::string_view::npos && Parse(number, value);
 }
 
 BOOL AfxParseNumber(LPCSTR text, long& value) {
-    return parse(withoutBlanks(text), value);
+    return Parse(WithoutBlanks(text), value);
 }
 
 BOOL AfxParseNumber(LPCSTR text, int& value) {
-    return parse(withoutBlanks(text), value);
+    return Parse(WithoutBlanks(text), value);
 }
 
 BOOL AfxParseNumber(LPCSTR text, UINT& value) {
-    return parse(withoutBlanks(text), value);
+    return Parse(WithoutBlanks(text), value);
 }

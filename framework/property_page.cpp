@@ -1,3 +1,5 @@
+// A page's side of the sheet: its window, and the sheet's notifications as virtual functions.
+
 #include "framework/property_page.h"
 
 #include "framework/exception.h"

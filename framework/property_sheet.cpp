@@ -1,3 +1,5 @@
+// The life of a sheet: its pages' handles, the modal run, and which button's result it ends with.
+
 #include "framework/property_sheet.h"
 
 #include <algorithm>
@@ -20,7 +22,7 @@ namespace {
 // The low four bits of a system command are the system's own.
 constexpr UINT kSystemCommandMask = 0xFFF0;
 
-HPROPSHEETPAGE makePage(CPropertyPage& page) {
+HPROPSHEETPAGE MakePage(CPropertyPage& page) {
     page.m_psp.hInstance = AfxGetResourceHandle();
     return CreatePropertySheetPageA(&page.m_psp);
 }
@@ -48,7 +50,7 @@ CPropertySheet::~CPropertySheet() {
 void CPropertySheet::AddPage(CPropertyPage* page) {
     m_pages.push_back(page);
     if (m_hWnd != nullptr) {
-        SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(makePage(*page)));
+        SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(MakePage(*page)));
     }
 }
 
@@ -115,7 +117,7 @@ BOOL CPropertySheet::PressButton(int button) {
 HWND CPropertySheet::CreateSheet(HWND owner) {
     std::vector<HPROPSHEETPAGE> handles;
     for (CPropertyPage* page : m_pages) {
-        handles.push_back(makePage(*page));
+        handles.push_back(MakePage(*page));
     }
     PROPSHEETHEADERA header = m_psh;
     // Modeless to the system: this object disables the owner and runs the loop.
@@ -134,7 +136,8 @@ HWND CPropertySheet::CreateSheet(HWND owner) {
 
 INT_PTR CPropertySheet::DoModal() {
     AfxModalOwner owner(m_pParentWnd);
-    m_nModalResult = 0;
+    // A sheet that ends without a button was not accepted.
+    m_nModalResult = IDCANCEL;
     m_continueModal = true;
     INT_PTR result = -1;
     if (CreateSheet(owner.Handle()) != nullptr) {
@@ -182,7 +185,10 @@ BOOL CPropertySheet::OnCommand(WPARAM wParam, LPARAM lParam) {
     }
     // Asks or applies the pages, and ends the sheet unless one of them refuses.
     Default();
-    m_nModalResult = LOWORD(wParam);
+    // A page's message box runs a loop in which the host may have destroyed the sheet.
+    if (m_hWnd != nullptr && SendMessage(PSM_GETCURRENTPAGEHWND) == 0) {
+        m_nModalResult = LOWORD(wParam);
+    }
     return TRUE;
 }
 

@@ -41,7 +41,7 @@ public:
     BOOL PressButton(int button);
 
     // Runs the sheet with its owner disabled and returns the id of the button that ended it: IDOK, or IDCANCEL for
-    // Cancel and the close box. -1 when it could not be created.
+    // Cancel and the close box. -1 when it could not be created or the host destroyed it.
     virtual INT_PTR DoModal();
     // Ends the running sheet without asking any page.
     void EndDialog(int result);

@@ -1,3 +1,5 @@
+// The walk up the class records, and the throwing of the framework's exceptions.
+
 #include "framework/runtime_class.h"
 
 #include "framework/exception.h"

@@ -18,24 +18,24 @@ const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 
 namespace {
 
-std::unordered_map<HWND, CWnd*>& permanentMap() {
+std::unordered_map<HWND, CWnd*>& PermanentMap() {
     static std::unordered_map<HWND, CWnd*> map;
     return map;
 }
 
-AfxTemporaryMap<CWnd>& temporaryMap() {
+AfxTemporaryMap<CWnd>& TemporaryMap() {
     static AfxTemporaryMap<CWnd> map;
     return map;
 }
 
-bool isDialogClass(HWND window) {
+bool IsDialogClass(HWND window) {
     constexpr char kDialogClass[] = "#32770";
     char name[sizeof kDialogClass + 1] = "";
     GetClassNameA(window, name, sizeof name);
     return CString(name) == kDialogClass;
 }
 
-void removeCreationHook() {
+void RemoveCreationHook() {
     AfxRoutingState& state = AfxGetRoutingState();
     if (state.creationHook != nullptr) {
         UnhookWindowsHookEx(std::exchange(state.creationHook, nullptr));
@@ -43,10 +43,10 @@ void removeCreationHook() {
 }
 
 // The first dialog to be created while an object waits becomes that object's window, before its first message.
-LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam) {
     AfxRoutingState& state = AfxGetRoutingState();
     const HWND window = reinterpret_cast<HWND>(wParam);
-    if (code != HCBT_CREATEWND || state.creating == nullptr || !isDialogClass(window)) {
+    if (code != HCBT_CREATEWND || state.creating == nullptr || !IsDialogClass(window)) {
         return CallNextHookEx(state.creationHook, code, wParam, lParam);
     }
     try {
@@ -55,7 +55,7 @@ LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {
         AfxReportException();
     }
     const LRESULT result = CallNextHookEx(state.creationHook, code, wParam, lParam);
-    removeCreationHook();
+    RemoveCreationHook();
     return result;
 }
 
@@ -70,12 +70,12 @@ void AfxHookWindowCreate(CWnd* object) {
     AfxRoutingState& state = AfxGetRoutingState();
     state.creating = object;
     if (state.creationHook == nullptr) {
-        state.creationHook = SetWindowsHookExA(WH_CBT, creationHook, nullptr, GetCurrentThreadId());
+        state.creationHook = SetWindowsHookExA(WH_CBT, CreationHook, nullptr, GetCurrentThreadId());
     }
 }
 
 BOOL AfxUnhookWindowCreate() {
-    removeCreationHook();
+    RemoveCreationHook();
     return std::exchange(AfxGetRoutingState().creating, nullptr) == nullptr;
 }
 
@@ -93,8 +93,8 @@ CWnd::~CWnd() {
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
-    const auto found = permanentMap().find(window);
-    return found != permanentMap().end() ? found->second : nullptr;
+    const auto found = PermanentMap().find(window);
+    return found != PermanentMap().end() ? found->second : nullptr;
 }
 
 CWnd* CWnd::FromHandle(HWND window) {
@@ -104,7 +104,7 @@ CWnd* CWnd::FromHandle(HWND window) {
     if (CWnd* permanent = FromHandlePermanent(window)) {
         return permanent;
     }
-    return temporaryMap().FindOrMake(window, [window] {
+    return TemporaryMap().FindOrMake(window, [window] {
         std::unique_ptr<CWnd> object = AfxMakeTemporary(window);
         object->m_hWnd = window;
         return object;
@@ -112,7 +112,7 @@ CWnd* CWnd::FromHandle(HWND window) {
 }
 
 void CWnd::DeleteTempMap() {
-    temporaryMap().Purge([](const CWnd& object) { return !::IsWindow(object.m_hWnd); });
+    TemporaryMap().Purge([](const CWnd& object) { return !::IsWindow(object.m_hWnd); });
     AfxDeleteTemporaryGdiObjects();
 }
 
@@ -120,13 +120,13 @@ BOOL CWnd::Attach(HWND window) {
     if (window == nullptr || m_hWnd != nullptr || FromHandlePermanent(window) != nullptr) {
         return FALSE;
     }
-    permanentMap()[window] = this;
+    PermanentMap()[window] = this;
     m_hWnd = window;
     return TRUE;
 }
 
 HWND CWnd::Detach() {
-    permanentMap().erase(m_hWnd);
+    PermanentMap().erase(m_hWnd);
     m_super = nullptr;
     return std::exchange(m_hWnd, nullptr);
 }

@@ -1,5 +1,7 @@
 // The way of a message through a window object: window procedure, message map, command and notification routing.
 
+#include <cstdio>
+
 #include "framework/application.h"
 #include "framework/controls.h"
 #include "framework/exception.h"
@@ -27,7 +29,7 @@ private:
     MSG m_former;
 };
 
-bool ignoresNotifications(HWND window) {
+bool IgnoresNotifications(HWND window) {
     const AfxRoutingState& state = AfxGetRoutingState();
     const bool isClosing =
         state.closingWindow != nullptr && (window == state.closingWindow || ::GetParent(window) == state.closingWindow);
@@ -42,7 +44,10 @@ void AfxReportException() {
     } catch (const CUserException&) {
         return;
     } catch (const std::exception& error) {
-        AfxMessageBox(CString(kPromptInternalError) + " (" + error.what() + ")", MB_ICONSTOP);
+        // On the stack, since it may be memory that ran out.
+        char prompt[256];
+        std::snprintf(prompt, sizeof prompt, "%s (%s)", kPromptInternalError, error.what());
+        AfxMessageBox(prompt, MB_ICONSTOP);
     } catch (...) {
         AfxMessageBox(kPromptInternalError, MB_ICONSTOP);
     }
@@ -109,14 +114,14 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (lParam == 0) {
         return id != 0 && OnCmdMsg(id, CN_COMMAND, nullptr, nullptr);
     }
-    if (ignoresNotifications(m_hWnd)) {
+    if (IgnoresNotifications(m_hWnd)) {
         return TRUE;
     }
     return OnCmdMsg(id, HIWORD(wParam), nullptr, nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* result) {
-    if (ignoresNotifications(m_hWnd)) {
+    if (IgnoresNotifications(m_hWnd)) {
         return TRUE;
     }
     NMHDR* header = reinterpret_cast<NMHDR*>(lParam);

@@ -12,7 +12,7 @@ namespace host {
 
 class HostWindow {
 public:
-    /// Creates the window hidden. `fileName` is UTF-8; the settings are copied.
+    // Creates the window hidden. `fileName` is UTF-8; the settings are copied.
     HostWindow(const std::string& fileName, std::vector<Setting> settings);
     ~HostWindow();
     HostWindow(const HostWindow&) = delete;

@@ -18,6 +18,13 @@ namespace {
 
 enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2 };
 
+// Throws a FileError when anything that was printed until now did not arrive, for example because the disk is full.
+void FlushOutput(const std::string& doneBefore = "") {
+    if (!std::cout.flush()) {
+        throw FileError(doneBefore + "standard output cannot be written");
+    }
+}
+
 class Host {
 public:
     explicit Host(const Options& options)
@@ -115,11 +122,13 @@ int Host::OpenSheet(const automation::OpenArguments& arguments) {
 void Host::SaveChanges() {
     const std::vector<Setting> before = m_file.Settings();
     const std::vector<Setting> after = ReadSettings(m_store);
-    if (before != after) {
-        m_file.SetSettings(after);
-        ReplaceWholeFile(m_options.settingsFile, m_file.Bytes());
+    if (before == after) {
+        return;
     }
+    m_file.SetSettings(after);
+    ReplaceWholeFile(m_options.settingsFile, m_file.Bytes());
     PrintChanges(before, after);
+    FlushOutput("the changes are saved, but ");
 }
 
 void Host::PrintChanges(const std::vector<Setting>& before, const std::vector<Setting>& after) const {
@@ -132,20 +141,21 @@ void Host::PrintChanges(const std::vector<Setting>& before, const std::vector<Se
                       << EscapeValue(after[i].value) << "\"\n";
         }
     }
-    std::cout << std::flush;
 }
 
 int Main(const std::vector<std::string>& arguments) {
     try {
         const Options options = ParseOptions(arguments);
+        ExitStatus status = kOk;
         if (options.showsHelp) {
             std::cout << kUsage;
         } else if (options.showsVersion) {
             std::cout << "tavrikhost " TAVRIK_VERSION "\n";
         } else {
-            return Host(options).Run();
+            status = Host(options).Run();
         }
-        return kOk;
+        FlushOutput();
+        return status;
     } catch (const UsageError& error) {
         std::cerr << "tavrikhost: " << error.what() << " (see --help)\n";
     } catch (const std::exception& error) {
@@ -158,5 +168,6 @@ int Main(const std::vector<std::string>& arguments) {
 }  // namespace host
 
 int main(int argc, char** argv) {
+    host::UseUtf8Console();
     return host::Main(host::CommandLineArguments(argc, argv));
 }

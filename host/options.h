@@ -9,7 +9,7 @@
 
 namespace host {
 
-/// What is wrong with the command line, one line of English.
+// What is wrong with the command line, one line of English.
 struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -28,7 +28,7 @@ struct Options {
 
 extern const char* const kUsage;
 
-/// Throws a UsageError. With --help or --version the rest may be missing.
+// Throws a UsageError. With --help or --version the rest may be missing.
 Options ParseOptions(const std::vector<std::string>& arguments);
 
 }  // namespace host

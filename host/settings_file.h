@@ -11,12 +11,12 @@
 
 namespace host {
 
-/// One line of English that names the file, and the line where there is one.
+// One line of English that names the file, and the line where there is one.
 struct FileError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Both texts are code page 1252.
+// Both texts are code page 1252.
 struct Setting {
     std::string key;
     std::string value;
@@ -27,16 +27,16 @@ constexpr size_t kMaxKeyLength = 79;
 
 class SettingsFile {
 public:
-    /// Parses a file's bytes; `fileName` is for messages only. Throws a FileError for the first bad line.
+    // Parses a file's bytes; `fileName` is for messages only. Throws a FileError for the first bad line.
     SettingsFile(std::string fileName, std::string_view bytes);
 
     const std::vector<Setting>& Settings() const { return m_settings; }
 
-    /// Makes the file hold these settings in this order. The n-th setting stays on the line of the n-th record, so
-    /// lines of records that are the same, comments and blank lines keep every byte; further settings go to the end.
+    // Makes the file hold these settings in this order. The n-th setting stays on the line of the n-th record, so
+    // lines of records that are the same, comments and blank lines keep every byte; further settings go to the end.
     void SetSettings(const std::vector<Setting>& settings);
 
-    /// The whole file, UTF-8.
+    // The whole file, UTF-8.
     std::string Bytes() const;
 
 private:
@@ -54,7 +54,7 @@ private:
     std::vector<Setting> m_settings;
 };
 
-/// A value as it is written into a settings file, UTF-8.
+// A value as it is written into a settings file, UTF-8.
 std::string EscapeValue(const std::string& value);
 
 }  // namespace host

@@ -9,13 +9,13 @@
 
 namespace host {
 
-/// Appends a settings record. Throws std::bad_alloc when memory runs out.
+// Appends a settings record. Throws std::bad_alloc when memory runs out.
 void AppendSetting(CMdb& store, const Setting& setting);
 
-/// All settings records, in order.
+// All settings records, in order.
 std::vector<Setting> ReadSettings(const CMdb& store);
 
-/// The store as scenarios see it.
+// The store as scenarios see it.
 class ScenarioStore : public automation::StoreAccess {
 public:
     explicit ScenarioStore(CMdb& store) : m_store(store) {}

@@ -17,6 +17,7 @@
 #include <io.h>
 #include <shellapi.h>
 #else
+#include <fcntl.h>
 #include <tavrikdisplay.h>
 #include <unistd.h>
 #endif
@@ -66,6 +67,11 @@ File OpenFile(const std::filesystem::path& path, const char* mode) {
     return File(_wfopen(path.c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str()));
 }
 
+// A new file has the access rights of its folder.
+File CreateNewFile(const std::filesystem::path& path) {
+    return OpenFile(path, "wb");
+}
+
 bool SyncFile(std::FILE* file) {
     return std::fflush(file) == 0 && _commit(_fileno(file)) == 0;
 }
@@ -76,6 +82,19 @@ File OpenFile(const std::filesystem::path& path, const char* mode) {
     return File(std::fopen(path.c_str(), mode));
 }
 
+// Only the owner may read the file until it gets the permissions of the one it replaces, which may be private.
+File CreateNewFile(const std::filesystem::path& path) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    File file(fdopen(descriptor, "wb"));
+    if (!file) {
+        close(descriptor);
+    }
+    return file;
+}
+
 bool SyncFile(std::FILE* file) {
     return std::fflush(file) == 0 && fsync(fileno(file)) == 0;
 }
@@ -83,7 +102,7 @@ bool SyncFile(std::FILE* file) {
 #endif
 
 void WriteSynced(const std::filesystem::path& path, std::string_view bytes, const std::string& nameInErrors) {
-    const File file = OpenFile(path, "wb");
+    const File file = CreateNewFile(path);
     if (!file || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() || !SyncFile(file.get())) {
         ThrowErrno(nameInErrors, "cannot be written");
     }
@@ -139,6 +158,15 @@ std::vector<std::string> CommandLineArguments(int /*argc*/, char** /*argv*/) {
     return arguments;
 }
 
+void UseUtf8Console() {
+    static const UINT codePageBefore = GetConsoleOutputCP();
+    if (codePageBefore == 0) {
+        return;  // There is no console.
+    }
+    SetConsoleOutputCP(CP_UTF8);
+    std::atexit([] { SetConsoleOutputCP(codePageBefore); });
+}
+
 ExportFunction BindExport() {
     constexpr const char* kLibrary = "tavrikconfig.dll";
     constexpr const char* kFunction = sizeof(void*) == 8 ? "?Tavrikconfig@@YAHPEAUHWND__@@PEBDPEAVCMdb@@HHH@Z"
@@ -162,6 +190,10 @@ bool ChooseDisplay(Display /*display*/) {
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
     return {argv + 1, argv + argc};
+}
+
+void UseUtf8Console() {
+    // A terminal shows UTF-8 anyway.
 }
 
 ExportFunction BindExport() {

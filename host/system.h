@@ -12,32 +12,36 @@
 
 namespace host {
 
-/// The program's arguments without its own name, UTF-8.
+// The program's arguments without its own name, UTF-8.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
+
+// Makes a console show what the program prints as the UTF-8 that it is. When the program exits, the console gets back
+// the code page that it had, for the programs that are run after this one.
+void UseUtf8Console();
 
 std::filesystem::path PathFromUtf8(const std::string& utf8);
 
-/// All bytes of a file. Throws a FileError.
+// All bytes of a file. Throws a FileError.
 std::string ReadWholeFile(const std::string& fileName);
 
-/// Puts a file with these bytes and the old one's permissions in its place. Readers see the old file or the new one,
-/// and the old one stays when anything fails, which throws a FileError.
+// Puts a file with these bytes and the old one's permissions in its place. Readers see the old file or the new one,
+// and the old one stays when anything fails, which throws a FileError.
 void ReplaceWholeFile(const std::string& fileName, std::string_view bytes);
 
-/// The component's one function.
+// The component's one function.
 using ExportFunction = int (*)(HWND parent, const char* caption, CMdb* hostStore, int designationOption,
                                int optionalPages, int hostMode);
 
-/// Finds the function in the component's library. Throws a FileError when the library or the function is not there.
+// Finds the function in the component's library. Throws a FileError when the library or the function is not there.
 ExportFunction BindExport();
 
 enum class Display {
-    Screen,          ///< a person is to see the windows
-    ScreenOrMemory,  ///< a screen if there is one, else windows in memory
-    Memory,          ///< where the system offers it
+    Screen,          // a person is to see the windows
+    ScreenOrMemory,  // a screen if there is one, else windows in memory
+    Memory,          // where the system offers it
 };
 
-/// Selects where windows appear, before the first one. False when there is no such display.
+// Selects where windows appear, before the first one. False when there is no such display.
 bool ChooseDisplay(Display display);
 
 }  // namespace host

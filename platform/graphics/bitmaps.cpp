@@ -78,26 +78,6 @@ HBITMAP CreateCompatibleBitmap(HDC handle, int width, int height) {
     return static_cast<HBITMAP>(adoptObject(makeBitmap(width, height)));
 }
 
-HBITMAP CreateDIBitmap(HDC handle, const BITMAPINFOHEADER* header, DWORD init, const void* bits, const BITMAPINFO* info,
-                       UINT usage) {
-    if (contextFromHandle(handle) == nullptr || header == nullptr || usage != DIB_RGB_COLORS) {
-        return nullptr;
-    }
-    if ((init & CBM_INIT) == 0) {
-        const auto format = dibFormat(*header);
-        return format ? CreateCompatibleBitmap(handle, format->width, format->height) : nullptr;
-    }
-    if (bits == nullptr || info == nullptr) {
-        return nullptr;
-    }
-    const auto format = dibFormat(info->bmiHeader);
-    if (!format) {
-        return nullptr;
-    }
-    const DibPalette palette = dibPalette(*format, reinterpret_cast<const BYTE*>(info) + format->colourTableOffset);
-    return static_cast<HBITMAP>(adoptObject(readDib(*format, palette, static_cast<const BYTE*>(bits))));
-}
-
 int GetDIBits(HDC handle, HBITMAP bitmapHandle, UINT firstLine, UINT lines, LPVOID bits, LPBITMAPINFO info,
               UINT usage) {
     const Bitmap* bitmap = findObject<Bitmap>(static_cast<HGDIOBJ>(bitmapHandle));

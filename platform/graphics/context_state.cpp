@@ -86,26 +86,6 @@ HGDIOBJ SelectObject(HDC handle, HGDIOBJ objectHandle) {
     return nullptr;
 }
 
-HGDIOBJ GetCurrentObject(HDC handle, UINT kind) {
-    const DeviceContext* dc = contextFromHandle(handle);
-    if (dc == nullptr) {
-        return nullptr;
-    }
-    const ContextState& state = dc->state();
-    switch (kind) {
-        case OBJ_PEN:
-            return state.pen->handle;
-        case OBJ_BRUSH:
-            return state.brush->handle;
-        case OBJ_FONT:
-            return state.font->handle;
-        case OBJ_BITMAP:
-            return state.bitmap == nullptr ? nullptr : state.bitmap->handle;
-        default:
-            return nullptr;
-    }
-}
-
 int GetDeviceCaps(HDC handle, int index) {
     constexpr int kDotsPerInch = 96;
     constexpr int kBitsPerPixel = 32;
@@ -144,9 +124,6 @@ int SetStretchBltMode(HDC dc, int mode) {
 
 BOOL SetViewportOrgEx(HDC dc, int x, int y, LPPOINT old) {
     return setPoint(dc, &ContextState::viewportOrigin, x, y, old);
-}
-BOOL MoveToEx(HDC dc, int x, int y, LPPOINT old) {
-    return setPoint(dc, &ContextState::position, x, y, old);
 }
 
 int IntersectClipRect(HDC handle, int left, int top, int right, int bottom) {

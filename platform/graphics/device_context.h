@@ -20,7 +20,6 @@ struct ContextState {
     COLORREF backColour = RGB(255, 255, 255);
     int backMode = OPAQUE;
     int stretchMode = BLACKONWHITE;
-    POINT position{};
     POINT viewportOrigin{};
     bool clipped = false;  // `clip` is in force, beyond what the window or bitmap itself allows.
     Region clip;           // In surface coordinates.

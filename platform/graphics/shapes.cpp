@@ -98,18 +98,6 @@ void fillEllipse(DeviceContext& dc, const RECT& box, Pixel pixel) {
 
 }  // namespace
 
-BOOL LineTo(HDC handle, int x, int y) {
-    DeviceContext* dc = contextFromHandle(handle);
-    if (dc == nullptr) {
-        return FALSE;
-    }
-    POINT& position = dc->state().position;
-    const std::array<POINT, 2> path = {toSurface(*dc, position.x, position.y), toSurface(*dc, x, y)};
-    strokePath(*dc, path);
-    position = {limited(x), limited(y)};
-    return TRUE;
-}
-
 BOOL Polygon(HDC handle, const POINT* points, int count) {
     DeviceContext* dc = contextFromHandle(handle);
     if (dc == nullptr || points == nullptr || count < 2) {
@@ -121,36 +109,6 @@ BOOL Polygon(HDC handle, const POINT* points, int count) {
     }
     path.push_back(path.front());
     strokePath(*dc, path);
-    return TRUE;
-}
-
-BOOL Rectangle(HDC handle, int left, int top, int right, int bottom) {
-    DeviceContext* dc = contextFromHandle(handle);
-    if (dc == nullptr) {
-        return FALSE;
-    }
-    RECT area = toSurface(*dc, left, top, right, bottom);
-    const Pen& pen = *dc->state().pen;
-    if (pen.style == PS_NULL) {
-        // As documented: without an outline the rectangle is one pixel smaller.
-        --area.right;
-        --area.bottom;
-    }
-    if (isEmpty(area)) {
-        return TRUE;
-    }
-    if (!dc->state().brush->hollow) {
-        fillArea(*dc, area, dc->state().brush->colour);
-    }
-    if (area.right - area.left == 1 && area.bottom - area.top == 1) {
-        strokePixel(*dc, area.left, area.top, pen);
-        return TRUE;
-    }
-    const LONG lastX = area.right - 1;
-    const LONG lastY = area.bottom - 1;
-    const std::array<POINT, 5> outline = {
-        {{lastX, area.top}, {area.left, area.top}, {area.left, lastY}, {lastX, lastY}, {lastX, area.top}}};
-    strokePath(*dc, outline);
     return TRUE;
 }
 

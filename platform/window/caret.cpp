@@ -14,7 +14,7 @@ constexpr int kBlinkMs = 530;
 
 struct Caret {
     HWND window = nullptr;
-    RECT rect{};      // Client coordinates.
+    RECT rect{};  // Client coordinates.
     bool shown = false;
     bool on = false;  // The phase of blinking.
     bool drawn = false;

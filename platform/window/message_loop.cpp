@@ -10,8 +10,6 @@
 #include "platform/window/top_level.h"
 #include "platform/window/window.h"
 
-#include <algorithm>
-
 namespace platform {
 namespace {
 

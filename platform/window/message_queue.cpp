@@ -4,8 +4,6 @@
 #include "platform/window/input_queue.h"
 #include "platform/window/window.h"
 
-#include <unistd.h>
-
 namespace platform {
 namespace {
 

@@ -1,9 +1,7 @@
 // What is stored with a window: styles, identifier, procedure, extra bytes.
-#include "platform/window/message_queue.h"
 #include "platform/window/top_level.h"
 #include "platform/window/window.h"
 
-#include <algorithm>
 #include <cstring>
 #include <utility>
 

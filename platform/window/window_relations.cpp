@@ -1,6 +1,5 @@
 // Questions about the tree: parents, owners, neighbours, enumeration.
 #include "platform/window/message_queue.h"
-#include "platform/window/top_level.h"
 #include "platform/window/window.h"
 
 namespace platform {

@@ -67,9 +67,18 @@ TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
 }
 
 TEST(ScenarioParser, ReportsAFileThatCannotBeRead) {
-    const Scenario scenario = automation::ReadScenario("/nonexistent/x.scn", automation::ShapeOfCommand);
-    ASSERT_EQ(scenario.errors.size(), 1U);
-    EXPECT_EQ(scenario.errors.front(), "/nonexistent/x.scn:1: the file cannot be read");
+    const struct {
+        const char* fileName;
+        const char* fault;
+    } rows[] = {
+        {"/nonexistent/x.scn", "/nonexistent/x.scn: cannot be read: No such file or directory"},
+        {"/", "/: cannot be read: Is a directory"},
+    };
+    for (const auto& row : rows) {
+        const Scenario scenario = automation::ReadScenario(row.fileName, automation::ShapeOfCommand);
+        ASSERT_EQ(scenario.errors.size(), 1U) << row.fileName;
+        EXPECT_EQ(scenario.errors.front(), row.fault);
+    }
 }
 
 TEST(CodePage, EveryByteSurvivesTheWayThroughUtf8) {

@@ -10,24 +10,24 @@
 namespace sample {
 
 enum Id : WORD {
-    kNumber = 1001,  ///< refuses a comma when it loses the focus, with a message box
-    kName = 1002,    ///< the page cannot be left while it is empty
+    kNumber = 1001,  // refuses a comma when it loses the focus, with a message box
+    kName = 1002,    // the page cannot be left while it is empty
     kCheck = 1003,
     kFirstRadio = 1004,
     kSecondRadio = 1005,
-    kCombo = 1006,  ///< "alfa", "beta", "gamma", editable
-    kList = 1007,   ///< ten entries, not editable
+    kCombo = 1006,  // "alfa", "beta", "gamma", editable
+    kList = 1007,   // ten entries, not editable
     kDisabled = 1008,
     kRemark = 2001,
 };
 
-/// What the sheet did: texts read when it was applied, and the notifications of the combo boxes in order.
+// What the sheet did: texts read when it was applied, and the notifications of the combo boxes in order.
 struct Log {
     std::vector<std::pair<std::string, std::string>> applied;
     std::vector<std::string> notifications;
 };
 
-/// Runs the sheet until it is closed; 1 when that was with OK, which is the only way to apply it.
+// Runs the sheet until it is closed; 1 when that was with OK, which is the only way to apply it.
 int RunSheet(const std::string& caption, Log& log);
 
 }  // namespace sample

@@ -1,62 +1,23 @@
 // List boxes and combo boxes: what they tell their parent, and selection, text and drop state after each step.
-#include "tests/conformance/trace.h"
-#include "tests/conformance/typing.h"
+#include "tests/conformance/control_stage.h"
 
 namespace {
 
-constexpr int kControlId = 20;
 constexpr const char* kFruit[] = {"Apple", "banana", "Cherry", "apricot", "Date", "elder", "fig", "Zebra", "yam"};
 
 constexpr DWORD kKinds[] = {CBS_DROPDOWN, CBS_DROPDOWNLIST};
 
-class ControlStage {
-public:
-    ControlStage(Trace& trace, const char* className, DWORD style, int height, UINT addMessage)
-        : trace_(trace), parent_(trace, LoggingParent::Kind::Window) {
-        parent_.setQuiet(true);
-        control_ = parent_.add(className, "", style, kControlId, 10, 10, 150, height);
-        for (const char* text : kFruit) {
-            SendMessageA(control_, addMessage, 0, textParam(text));
-        }
-        other_ = parent_.add("Edit", "", 0, kControlId + 1, 200, 10, 100, 20);
-        SetFocus(other_);
-        parent_.setQuiet(false);
+void fill(const ControlStage& stage, UINT addMessage) {
+    for (const char* text : kFruit) {
+        stage.ask(addMessage, 0, textParam(text));
     }
-    virtual ~ControlStage() = default;
-
-    HWND control() const { return control_; }
-    HWND other() const { return other_; }
-    LoggingParent& parent() { return parent_; }
-
-    virtual void state(const char* after) const = 0;
-    virtual HWND keyboardTarget() const { return control_; }
-
-    LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return SendMessageA(control_, message, wParam, lParam);
-    }
-
-    void type(const char* keys) {
-        typeKeys(keyboardTarget(), keys);
-        state(keys);
-    }
-
-    void run(const MessageStep& step) {
-        trace_.line("%s %s = %d", step.what, step.text ? step.text : "", number(step.send(control_)));
-        state("");
-    }
-
-protected:
-    Trace& trace_;
-
-private:
-    LoggingParent parent_;
-    HWND control_ = nullptr;
-    HWND other_ = nullptr;
-};
+}
 
 class ListStage : public ControlStage {
 public:
-    ListStage(Trace& trace, DWORD style) : ControlStage(trace, "ListBox", style | LBS_NOTIFY, 70, LB_ADDSTRING) {}
+    ListStage(Trace& trace, DWORD style) : ControlStage(trace, "ListBox", "", style | LBS_NOTIFY, {150, 70}) {
+        fill(*this, LB_ADDSTRING);
+    }
 
     void state(const char* after) const override {
         trace_.line("%s -> current %d, caret %d, top %s", after, number(ask(LB_GETCURSEL)),
@@ -66,7 +27,8 @@ public:
 
 class ComboStage : public ControlStage {
 public:
-    ComboStage(Trace& trace, DWORD style) : ControlStage(trace, "ComboBox", style, 90, CB_ADDSTRING) {
+    ComboStage(Trace& trace, DWORD style) : ControlStage(trace, "ComboBox", "", style, {150, 90}) {
+        fill(*this, CB_ADDSTRING);
         info_.cbSize = sizeof info_;
         ask(CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info_));
         // What a notification's receiver reads differs from what is shown afterwards.
@@ -427,7 +389,7 @@ void traceOwnerDrawn(Trace& trace) {
         return false;
     });
     const HWND combo = parent.add("ComboBox", "", CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL,
-                                  kControlId, 10, 10, 150, 120);
+                                  ControlStage::kControlId, 10, 10, 150, 120);
     trace.line("item height %d", number(SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0)));
     for (int i = 0; i < 3; ++i) {
         SendMessageA(combo, CB_ADDSTRING, 0, textParam(kFruit[i]));

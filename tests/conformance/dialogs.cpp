@@ -199,7 +199,7 @@ void traceWalks(Trace& trace) {
     EnableWindow(page, FALSE);
     trace.line("page disabled: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
     DestroyWindow(dialog);
-        drainQueue();
+    drainQueue();
 }
 
 struct KeyCase {
@@ -210,33 +210,15 @@ struct KeyCase {
 };
 
 constexpr KeyCase kKeyCases[] = {
-    {101, WM_KEYDOWN, VK_TAB, ""},
-    {101, WM_KEYDOWN, VK_TAB, "S"},
-    {130, WM_KEYDOWN, VK_TAB, ""},
-    {301, WM_KEYDOWN, VK_TAB, ""},
-    {302, WM_KEYDOWN, VK_TAB, "S"},
-    {303, WM_KEYDOWN, VK_TAB, ""},
-    {150, WM_KEYDOWN, VK_TAB, ""},
-    {111, WM_KEYDOWN, VK_RIGHT, ""},
-    {111, WM_KEYDOWN, VK_UP, ""},
-    {141, WM_KEYDOWN, VK_LEFT, ""},
-    {130, WM_KEYDOWN, VK_DOWN, ""},
-    {1, WM_KEYDOWN, VK_RIGHT, ""},
-    {101, WM_KEYDOWN, VK_RETURN, ""},
-    {303, WM_KEYDOWN, VK_RETURN, ""},
-    {301, WM_KEYDOWN, VK_ESCAPE, ""},
-    {101, WM_CHAR, 'k', ""},
-    {130, WM_CHAR, 'm', ""},
-    {130, WM_CHAR, 'n', ""},
-    {130, WM_CHAR, 's', ""},
-    {130, WM_CHAR, 'g', ""},
-    {101, WM_SYSCHAR, 'r', "A"},
-    {101, WM_SYSCHAR, 'k', "A"},
-    {130, WM_SYSCHAR, 'n', "A"},
-    {101, WM_SYSCHAR, 'x', "A"},
-    {303, WM_KEYDOWN, VK_RIGHT, ""},
-    {2, WM_KEYDOWN, VK_TAB, "S"},
-    {142, WM_KEYDOWN, VK_TAB, ""},
+    {101, WM_KEYDOWN, VK_TAB, ""},    {101, WM_KEYDOWN, VK_TAB, "S"},   {130, WM_KEYDOWN, VK_TAB, ""},
+    {301, WM_KEYDOWN, VK_TAB, ""},    {302, WM_KEYDOWN, VK_TAB, "S"},   {303, WM_KEYDOWN, VK_TAB, ""},
+    {150, WM_KEYDOWN, VK_TAB, ""},    {111, WM_KEYDOWN, VK_RIGHT, ""},  {111, WM_KEYDOWN, VK_UP, ""},
+    {141, WM_KEYDOWN, VK_LEFT, ""},   {130, WM_KEYDOWN, VK_DOWN, ""},   {1, WM_KEYDOWN, VK_RIGHT, ""},
+    {101, WM_KEYDOWN, VK_RETURN, ""}, {303, WM_KEYDOWN, VK_RETURN, ""}, {301, WM_KEYDOWN, VK_ESCAPE, ""},
+    {101, WM_CHAR, 'k', ""},          {130, WM_CHAR, 'm', ""},          {130, WM_CHAR, 'n', ""},
+    {130, WM_CHAR, 's', ""},          {130, WM_CHAR, 'g', ""},          {101, WM_SYSCHAR, 'r', "A"},
+    {101, WM_SYSCHAR, 'k', "A"},      {130, WM_SYSCHAR, 'n', "A"},      {101, WM_SYSCHAR, 'x', "A"},
+    {303, WM_KEYDOWN, VK_RIGHT, ""},  {2, WM_KEYDOWN, VK_TAB, "S"},     {142, WM_KEYDOWN, VK_TAB, ""},
     {302, WM_KEYDOWN, VK_TAB, ""},
 };
 
@@ -384,7 +366,7 @@ void traceMessageBoxes(Trace& trace) {
         trace.line("gave %d, owner enabled %d, focus %s", result, IsWindowEnabled(owner) != 0,
                    spy.nameOf(GetFocus()).c_str());
     }
-        drainQueue();
+    drainQueue();
 }
 
 }  // namespace

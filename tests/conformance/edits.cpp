@@ -1,60 +1,34 @@
 // Single-line edits: what they tell their parent, and their text, selection and modification after each step.
-#include "tests/conformance/trace.h"
-#include "tests/conformance/typing.h"
+#include "tests/conformance/control_stage.h"
 
 #include <utility>
 
 namespace {
 
-constexpr int kEditId = 10;
-
-class EditStage {
+class EditStage : public ControlStage {
 public:
     EditStage(Trace& trace, DWORD style, const char* text, int width = 200)
-        : trace_(trace), parent_(trace, LoggingParent::Kind::Window) {
-        parent_.setQuiet(true);
-        edit_ = parent_.add("Edit", text, style, kEditId, 10, 10, width, 20);
-        other_ = parent_.add("Edit", "", 0, kEditId + 1, 10, 40, 100, 20);
-        SetFocus(edit_);
-        parent_.setQuiet(false);
+        : ControlStage(trace, "Edit", text, style, {width, 20}) {
+        parent().setQuiet(true);
+        SetFocus(control());
+        parent().setQuiet(false);
     }
 
-    HWND edit() const { return edit_; }
-    HWND other() const { return other_; }
-    LoggingParent& parent() { return parent_; }
-
-    void type(const char* keys) {
-        typeKeys(edit_, keys);
-        state(keys);
-    }
-
-    void send(const MessageStep& step) {
-        trace_.line("%s = %d", step.what, number(step.send(edit_)));
-        state("");
-    }
-
-    void state(const char* after) const {
+    void state(const char* after) const override {
         char text[64];
         DWORD start = 0;
         DWORD end = 0;
-        GetWindowTextA(edit_, text, sizeof text);
-        SendMessageA(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        GetWindowTextA(control(), text, sizeof text);
+        ask(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
         trace_.line("%s -> \"%s\" %u..%u%s%s", after, text, static_cast<unsigned>(start), static_cast<unsigned>(end),
-                    SendMessageA(edit_, EM_GETMODIFY, 0, 0) ? " modified" : "",
-                    SendMessageA(edit_, EM_CANUNDO, 0, 0) ? " undoable" : "");
+                    ask(EM_GETMODIFY) ? " modified" : "", ask(EM_CANUNDO) ? " undoable" : "");
     }
 
     // The point of a character's left edge, in the middle of the line.
     LPARAM pointOf(int index) const {
-        const LRESULT at = SendMessageA(edit_, EM_POSFROMCHAR, static_cast<WPARAM>(index), 0);
+        const LRESULT at = ask(EM_POSFROMCHAR, static_cast<WPARAM>(index));
         return MAKELPARAM(LOWORD(at) + 1, 8);
     }
-
-private:
-    Trace& trace_;
-    LoggingParent parent_;
-    HWND edit_ = nullptr;
-    HWND other_ = nullptr;
 };
 
 struct TypingCase {
@@ -151,10 +125,10 @@ void traceMessages(Trace& trace) {
     trace.section("edit messages");
     EditStage stage(trace, ES_AUTOHSCROLL, "start");
     for (const MessageStep& step : kMessageSteps) {
-        stage.send(step);
+        stage.run(step);
     }
     char line[8] = {7, 0};
-    const LRESULT copied = SendMessageA(stage.edit(), EM_GETLINE, 0, textParam(line));
+    const LRESULT copied = stage.ask(EM_GETLINE, 0, textParam(line));
     trace.line("EM_GETLINE %d \"%.7s\"", static_cast<int>(copied), line);
 }
 
@@ -166,10 +140,10 @@ void tracePaste(Trace& trace) {
         trace.section("paste");
         EditStage stage(trace, style | ES_AUTOHSCROLL, "0");
         setClipboard(stage.parent().handle(), clipboard);
-        stage.send({"WM_PASTE", WM_PASTE, 0, 0, nullptr});
-        stage.send({"EM_SETLIMITTEXT", EM_SETLIMITTEXT, 9, 0, nullptr});
-        stage.send({"WM_PASTE at the limit", WM_PASTE, 0, 0, nullptr});
-        stage.send({"EM_UNDO", EM_UNDO, 0, 0, nullptr});
+        stage.run({"WM_PASTE", WM_PASTE, 0, 0, nullptr});
+        stage.run({"EM_SETLIMITTEXT", EM_SETLIMITTEXT, 9, 0, nullptr});
+        stage.run({"WM_PASTE at the limit", WM_PASTE, 0, 0, nullptr});
+        stage.run({"EM_UNDO", EM_UNDO, 0, 0, nullptr});
     }
 }
 
@@ -177,17 +151,18 @@ void traceFocus(Trace& trace) {
     trace.section("edit focus");
     EditStage stage(trace, ES_AUTOHSCROLL, "text");
     SetFocus(stage.other());
-    SetFocus(stage.edit());
+    SetFocus(stage.control());
     stage.state("SetFocus");
-    EnableWindow(stage.edit(), FALSE);
-    trace.line("disabled, focus %s", GetFocus() == stage.edit() ? "stays" : "gone");
+    EnableWindow(stage.control(), FALSE);
+    trace.line("disabled, focus %s", GetFocus() == stage.control() ? "stays" : "gone");
     stage.type("x");
-    stage.send({"WM_SETTEXT disabled", WM_SETTEXT, 0, 0, "set"});
-    EnableWindow(stage.edit(), TRUE);
-    SetWindowLongA(stage.edit(), GWL_STYLE, GetWindowLongA(stage.edit(), GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
+    stage.run({"WM_SETTEXT disabled", WM_SETTEXT, 0, 0, "set"});
+    EnableWindow(stage.control(), TRUE);
+    SetWindowLongA(stage.control(), GWL_STYLE,
+                   GetWindowLongA(stage.control(), GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
     stage.type("y");
     SetFocus(stage.other());
-    SetFocus(stage.edit());
+    SetFocus(stage.control());
     stage.state("SetFocus on disabled style");
 }
 
@@ -195,16 +170,16 @@ void traceMouse(Trace& trace) {
     trace.section("edit mouse");
     EditStage stage(trace, ES_AUTOHSCROLL, "one two three");
     const auto mouse = [&](const char* what, UINT message, WPARAM keys, int index) {
-        SendMessageA(stage.edit(), message, keys, stage.pointOf(index));
+        stage.ask(message, keys, stage.pointOf(index));
         stage.state(what);
     };
     SetFocus(stage.other());
     mouse("down at 2", WM_LBUTTONDOWN, MK_LBUTTON, 2);
-    trace.line("focus %d, capture %d", GetFocus() == stage.edit(), GetCapture() == stage.edit());
+    trace.line("focus %d, capture %d", GetFocus() == stage.control(), GetCapture() == stage.control());
     mouse("drag to 6", WM_MOUSEMOVE, MK_LBUTTON, 6);
     mouse("drag to 1", WM_MOUSEMOVE, MK_LBUTTON, 1);
     mouse("up", WM_LBUTTONUP, 0, 1);
-    trace.line("capture %d", GetCapture() == stage.edit());
+    trace.line("capture %d", GetCapture() == stage.control());
     mouse("move", WM_MOUSEMOVE, 0, 6);
     mouse("shift-click at 4", WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, 4);
     mouse("up", WM_LBUTTONUP, 0, 4);
@@ -215,8 +190,8 @@ void traceMouse(Trace& trace) {
         mouse("second down", WM_LBUTTONDBLCLK, MK_LBUTTON, index);
         mouse("second up", WM_LBUTTONUP, 0, index);
     }
-    SendMessageA(stage.edit(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 8));
-    SendMessageA(stage.edit(), WM_LBUTTONUP, 0, MAKELPARAM(190, 8));
+    stage.ask(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 8));
+    stage.ask(WM_LBUTTONUP, 0, MAKELPARAM(190, 8));
     stage.state("click right of the text");
 }
 
@@ -227,16 +202,16 @@ void traceWidth(Trace& trace) {
     int typed = 0;
     int length = 0;
     do {
-        SendMessageA(stage.edit(), WM_CHAR, 'W', 1);
-        length = GetWindowTextLengthA(stage.edit());
+        stage.ask(WM_CHAR, 'W', 1);
+        length = GetWindowTextLengthA(stage.control());
         ++typed;
     } while (length == typed && typed < 100);
     trace.line("stopped %d", length < 20);
     stage.parent().setQuiet(false);
-    SendMessageA(stage.edit(), WM_CHAR, 'W', 1);
-    trace.line("still %d", GetWindowTextLengthA(stage.edit()) == length);
-    SendMessageA(stage.edit(), WM_SETTEXT, 0, textParam("WWWWWWWWWWWWWWWWWWWWWWWW"));
-    trace.line("set text %d", GetWindowTextLengthA(stage.edit()));
+    stage.ask(WM_CHAR, 'W', 1);
+    trace.line("still %d", GetWindowTextLengthA(stage.control()) == length);
+    stage.ask(WM_SETTEXT, 0, textParam("WWWWWWWWWWWWWWWWWWWWWWWW"));
+    trace.line("set text %d", GetWindowTextLengthA(stage.control()));
 }
 
 void traceStyles(Trace& trace) {
@@ -246,8 +221,8 @@ void traceStyles(Trace& trace) {
     for (const DWORD style : kStyles) {
         EditStage stage(trace, style, "x");
         trace.line("style %08x: %08x, code %x", static_cast<unsigned>(style),
-                   static_cast<unsigned>(GetWindowLongA(stage.edit(), GWL_STYLE)),
-                   static_cast<unsigned>(SendMessageA(stage.edit(), WM_GETDLGCODE, 0, 0)));
+                   static_cast<unsigned>(GetWindowLongA(stage.control(), GWL_STYLE)),
+                   static_cast<unsigned>(stage.ask(WM_GETDLGCODE, 0, 0)));
     }
 }
 

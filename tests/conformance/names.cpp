@@ -81,31 +81,19 @@ constexpr MessageTraits kMessages[] = {
 #undef ROW
 #undef CLASS_ROW
 
-constexpr NamedCode kButtonCodes[] = {
-    NAMED(BN_CLICKED),
-    NAMED(BN_DOUBLECLICKED),
-    NAMED(BN_SETFOCUS),
-    NAMED(BN_KILLFOCUS),
-};
+constexpr NamedCode kButtonCodes[] = {NAMED(BN_CLICKED), NAMED(BN_DOUBLECLICKED), NAMED(BN_SETFOCUS),
+                                      NAMED(BN_KILLFOCUS)};
 constexpr NamedCode kStaticCodes[] = {NAMED(STN_CLICKED), NAMED(STN_DBLCLK)};
-constexpr NamedCode kEditCodes[] = {
-    NAMED(EN_SETFOCUS), NAMED(EN_KILLFOCUS), NAMED(EN_CHANGE), NAMED(EN_UPDATE), NAMED(EN_MAXTEXT),
-};
-constexpr NamedCode kListBoxCodes[] = {
-    NAMED(LBN_SELCHANGE),
-    NAMED(LBN_DBLCLK),
-    NAMED(LBN_SETFOCUS),
-    NAMED(LBN_KILLFOCUS),
-};
-constexpr NamedCode kComboBoxCodes[] = {
-    NAMED(CBN_SELCHANGE),  NAMED(CBN_SETFOCUS), NAMED(CBN_KILLFOCUS), NAMED(CBN_EDITCHANGE),
-    NAMED(CBN_EDITUPDATE), NAMED(CBN_DROPDOWN), NAMED(CBN_CLOSEUP),   NAMED(CBN_SELENDOK),
-    NAMED(CBN_SELENDCANCEL),
-};
+constexpr NamedCode kEditCodes[] = {NAMED(EN_SETFOCUS), NAMED(EN_KILLFOCUS), NAMED(EN_CHANGE), NAMED(EN_UPDATE),
+                                    NAMED(EN_MAXTEXT)};
+constexpr NamedCode kListBoxCodes[] = {NAMED(LBN_SELCHANGE), NAMED(LBN_DBLCLK), NAMED(LBN_SETFOCUS),
+                                       NAMED(LBN_KILLFOCUS)};
+constexpr NamedCode kComboBoxCodes[] = {NAMED(CBN_SELCHANGE),  NAMED(CBN_SETFOCUS),   NAMED(CBN_KILLFOCUS),
+                                        NAMED(CBN_EDITCHANGE), NAMED(CBN_EDITUPDATE), NAMED(CBN_DROPDOWN),
+                                        NAMED(CBN_CLOSEUP),    NAMED(CBN_SELENDOK),   NAMED(CBN_SELENDCANCEL)};
 constexpr NamedCode kNotifications[] = {
-    NAMED(NM_CLICK),       NAMED(NM_RCLICK),      NAMED(TCN_KEYDOWN), NAMED(TCN_SELCHANGE), NAMED(TCN_SELCHANGING),
-    NAMED(PSN_SETACTIVE),  NAMED(PSN_KILLACTIVE), NAMED(PSN_APPLY),   NAMED(PSN_RESET),     NAMED(PSN_QUERYCANCEL),
-};
+    NAMED(NM_CLICK),      NAMED(NM_RCLICK),      NAMED(TCN_KEYDOWN), NAMED(TCN_SELCHANGE), NAMED(TCN_SELCHANGING),
+    NAMED(PSN_SETACTIVE), NAMED(PSN_KILLACTIVE), NAMED(PSN_APPLY),   NAMED(PSN_RESET),     NAMED(PSN_QUERYCANCEL)};
 #undef NAMED
 
 struct ClassCodes {

@@ -45,6 +45,18 @@ struct Stage {
 };
 Stage* stage = nullptr;
 
+LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    return SendMessageA(stage->sheet, message, wParam, lParam);
+}
+
+HWND tabControl() {
+    return reinterpret_cast<HWND>(ask(PSM_GETTABCONTROL));
+}
+
+void setChanged(bool changed) {
+    ask(changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window));
+}
+
 TemplateBuilder pageLayout(const std::string& name, short width, short height) {
     TemplateBuilder layout(TemplateBuilder::Form::Extended, kPageStyle, width, height, name);
     layout.add(kEdit, 101, "text", WS_TABSTOP | WS_BORDER)
@@ -134,8 +146,8 @@ std::string focusName() {
 }
 
 void traceState() {
-    HWND tab = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0));
-    HWND current = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+    HWND tab = tabControl();
+    HWND current = reinterpret_cast<HWND>(ask(PSM_GETCURRENTPAGEHWND));
     std::string tabs;
     const int count = static_cast<int>(SendMessageA(tab, TCM_GETITEMCOUNT, 0, 0));
     for (int i = 0; i < count; ++i) {
@@ -157,7 +169,7 @@ void traceState() {
     }
     stage->spy.line("== tabs" + tabs + ", current " + std::to_string(SendMessageA(tab, TCM_GETCURSEL, 0, 0)) + " (" +
                     stage->spy.nameOf(current) + "), focus " + focusName() + ", buttons" + buttons + ", default " +
-                    std::to_string(LOWORD(SendMessageA(stage->sheet, DM_GETDEFID, 0, 0))));
+                    std::to_string(LOWORD(ask(DM_GETDEFID))));
 }
 
 INT_PTR openSheet(DWORD flags, UINT start = 0) {
@@ -181,8 +193,7 @@ INT_PTR openSheet(DWORD flags, UINT start = 0) {
 void drain() {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (!IsWindow(stage->sheet) ||
-            SendMessageA(stage->sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message)) == 0) {
+        if (!IsWindow(stage->sheet) || ask(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message)) == 0) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }
@@ -196,11 +207,11 @@ void press(UINT key, const char* modifiers) {
     message.message = WM_KEYDOWN;
     message.wParam = key;
     message.lParam = 1;
-    SendMessageA(stage->sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
+    ask(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&message));
 }
 
 void clickTab(int index) {
-    HWND tab = reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0));
+    HWND tab = tabControl();
     RECT rect{};
     SendMessageA(tab, TCM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
     postClick(tab, (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
@@ -208,7 +219,7 @@ void clickTab(int index) {
 }
 
 void pressButton(int button) {
-    SendMessageA(stage->sheet, PSM_PRESSBUTTON, static_cast<WPARAM>(button), 0);
+    ask(PSM_PRESSBUTTON, static_cast<WPARAM>(button), 0);
     drain();
 }
 
@@ -256,9 +267,9 @@ void traceSwitching(Trace& trace) {
     addPage("tv\xE5", 140, 80);
     addPage("tre");
     constexpr Step kSteps[] = {
-        {"set current 1", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
-        {"set current 1 again", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
-        {"set current 7", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 7, 0); }},
+        {"set current 1", [] { ask(PSM_SETCURSEL, 1); }},
+        {"set current 1 again", [] { ask(PSM_SETCURSEL, 1); }},
+        {"set current 7", [] { ask(PSM_SETCURSEL, 7); }},
         {"click tab 0", [] { clickTab(0); }},
         {"click tab 2", [] { clickTab(2); }},
         {"Ctrl+Tab", [] { press(VK_TAB, "C"); }},
@@ -275,7 +286,7 @@ void traceSwitching(Trace& trace) {
          }},
         {"Right on the tabs",
          [] {
-             SetFocus(reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_GETTABCONTROL, 0, 0)));
+             SetFocus(tabControl());
              press(VK_RIGHT, "");
          }},
     };
@@ -288,7 +299,7 @@ void traceRefusals(Trace& trace) {
     addPage("tv\xE5");
     addPage("tre");
     constexpr Step kSteps[] = {
-        {"set current 1, page 0 refuses", [] { SendMessageA(stage->sheet, PSM_SETCURSEL, 1, 0); }},
+        {"set current 1, page 0 refuses", [] { ask(PSM_SETCURSEL, 1); }},
         {"click tab 1, page 0 refuses", [] { clickTab(1); }},
         {"Ctrl+Tab, page 0 refuses", [] { press(VK_TAB, "C"); }},
         {"OK, page 0 refuses to be left", [] { pressButton(PSBTN_OK); }},
@@ -321,7 +332,7 @@ void traceRefusals(Trace& trace) {
              stage->pages[0]->onQueryCancel = TRUE;
              pressButton(PSBTN_CANCEL);
          }},
-        {"close box refused", [] { SendMessageA(stage->sheet, WM_SYSCOMMAND, SC_CLOSE, 0); }},
+        {"close box refused", [] { ask(WM_SYSCOMMAND, SC_CLOSE); }},
         {"cancel",
          [] {
              stage->pages[0]->onQueryCancel = FALSE;
@@ -337,18 +348,15 @@ void traceApply(Trace& trace) {
     addPage("tv\xE5");
     addPage("tre");
     constexpr Step kSteps[] = {
-        {"changed",
-         [] { SendMessageA(stage->sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0); }},
-        {"unchanged",
-         [] { SendMessageA(stage->sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0); }},
+        {"changed", [] { setChanged(true); }},
+        {"unchanged", [] { setChanged(false); }},
         {"changed, apply",
          [] {
-             SendMessageA(stage->sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(stage->pages[0]->window), 0);
+             setChanged(true);
              pressButton(PSBTN_APPLYNOW);
          }},
-        {"apply by message",
-         [] { stage->spy.line("-- gave " + std::to_string(SendMessageA(stage->sheet, PSM_APPLY, 0, 0))); }},
-        {"cancel to close", [] { SendMessageA(stage->sheet, PSM_CANCELTOCLOSE, 0, 0); }},
+        {"apply by message", [] { stage->spy.line("-- gave " + std::to_string(ask(PSM_APPLY))); }},
+        {"cancel to close", [] { ask(PSM_CANCELTOCLOSE); }},
         {"OK", [] { pressButton(PSBTN_OK); }},
     };
     playModeless(0, kSteps, 1);
@@ -364,25 +372,20 @@ void tracePages(Trace& trace) {
         {"add a page",
          [] {
              Page& page = addPage("fyra");
-             stage->spy.line("-- gave " + std::to_string(SendMessageA(stage->sheet, PSM_ADDPAGE, 0,
-                                                                      reinterpret_cast<LPARAM>(makePage(page)))));
+             stage->spy.line("-- gave " +
+                             std::to_string(ask(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(makePage(page)))));
          }},
-        {"remove page 2, never shown", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 2, 0); }},
-        {"remove the current page", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 1, 0); }},
-        {"remove by handle",
-         [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 0, reinterpret_cast<LPARAM>(stage->pages[0]->handle)); }},
+        {"remove page 2, never shown", [] { ask(PSM_REMOVEPAGE, 2); }},
+        {"remove the current page", [] { ask(PSM_REMOVEPAGE, 1); }},
+        {"remove by handle", [] { ask(PSM_REMOVEPAGE, 0, reinterpret_cast<LPARAM>(stage->pages[0]->handle)); }},
         {"indexes",
          [] {
              stage->spy.line(
-                 "-- " + stage->spy.nameOf(reinterpret_cast<HWND>(SendMessageA(stage->sheet, PSM_INDEXTOHWND, 0, 0))) +
-                 " " +
-                 std::to_string(SendMessageA(stage->sheet, PSM_HWNDTOINDEX,
-                                             reinterpret_cast<WPARAM>(stage->pages[3]->window), 0)) +
-                 " " +
-                 std::to_string(
-                     SendMessageA(stage->sheet, PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(stage->sheet), 0)));
+                 "-- " + stage->spy.nameOf(reinterpret_cast<HWND>(ask(PSM_INDEXTOHWND))) + " " +
+                 std::to_string(ask(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(stage->pages[3]->window), 0)) + " " +
+                 std::to_string(ask(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(stage->sheet), 0)));
          }},
-        {"remove the last page", [] { SendMessageA(stage->sheet, PSM_REMOVEPAGE, 0, 0); }},
+        {"remove the last page", [] { ask(PSM_REMOVEPAGE); }},
     };
     playModeless(PSH_NOAPPLYNOW, kSteps);
 }

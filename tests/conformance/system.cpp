@@ -137,9 +137,12 @@ void traceFloodFill(Trace& trace) {
         COLORREF limit;
         UINT kind;
     } kFills[] = {
-        {"up to black", 1, 1, kBlack, FLOODFILLBORDER},     {"up to black, inside", 5, 4, kBlack, FLOODFILLBORDER},
-        {"all that is white", 1, 1, kWhite, FLOODFILLSURFACE}, {"all that is red", 9, 2, kRed, FLOODFILLSURFACE},
-        {"from the border itself", 0, 0, kBlack, FLOODFILLBORDER}, {"from another colour", 0, 0, kWhite, FLOODFILLSURFACE},
+        {"up to black", 1, 1, kBlack, FLOODFILLBORDER},
+        {"up to black, inside", 5, 4, kBlack, FLOODFILLBORDER},
+        {"all that is white", 1, 1, kWhite, FLOODFILLSURFACE},
+        {"all that is red", 9, 2, kRed, FLOODFILLSURFACE},
+        {"from the border itself", 0, 0, kBlack, FLOODFILLBORDER},
+        {"from another colour", 0, 0, kWhite, FLOODFILLSURFACE},
         {"outside", 12, 3, kBlack, FLOODFILLBORDER},
     };
     for (const auto& row : kFills) {
@@ -160,16 +163,24 @@ void traceCopies(Trace& trace) {
     overlapping.print(trace, "onto itself");
     constexpr struct {
         const char* what;
+        int mode;
         RECT to;  // Position and size, as those of `from`.
         RECT from;
     } kStretches[] = {
-        {"twice as wide", {0, 0, 24, 8}, {0, 0, 12, 8}},    {"two thirds wider", {1, 1, 20, 12}, {0, 0, 12, 8}},
-        {"half as large", {0, 0, 6, 4}, {0, 0, 12, 8}},     {"two thirds as large", {2, 0, 8, 5}, {0, 0, 12, 8}},
-        {"a part, enlarged", {0, 0, 16, 12}, {7, 1, 4, 3}}, {"beyond the edges", {-4, -2, 40, 20}, {0, 0, 12, 8}},
+        {"twice as wide", COLORONCOLOR, {0, 0, 24, 8}, {0, 0, 12, 8}},
+        {"two thirds wider", COLORONCOLOR, {1, 1, 20, 12}, {0, 0, 12, 8}},
+        {"half as large", COLORONCOLOR, {0, 0, 6, 4}, {0, 0, 12, 8}},
+        {"two thirds as large", COLORONCOLOR, {2, 0, 8, 5}, {0, 0, 12, 8}},
+        {"two thirds as large, black kept", BLACKONWHITE, {2, 0, 8, 5}, {0, 0, 12, 8}},
+        {"mirrored", COLORONCOLOR, {18, 10, -17, -9}, {0, 0, 12, 8}},
+        {"a part, enlarged", COLORONCOLOR, {0, 0, 16, 12}, {7, 1, 4, 3}},
+        {"a part outside", COLORONCOLOR, {0, 0, 24, 8}, {6, 0, 12, 8}},
+        {"beyond the edges", COLORONCOLOR, {-4, -2, 40, 20}, {0, 0, 12, 8}},
     };
     for (const auto& row : kStretches) {
         Picture target(24, 13);
-        SetStretchBltMode(target.dc(), COLORONCOLOR);
+        target.fill({0, 0, 24, 13}, kBlue);
+        SetStretchBltMode(target.dc(), row.mode);
         StretchBlt(target.dc(), row.to.left, row.to.top, row.to.right, row.to.bottom, source.dc(), row.from.left,
                    row.from.top, row.from.right, row.from.bottom, SRCCOPY);
         target.print(trace, row.what);

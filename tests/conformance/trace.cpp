@@ -32,8 +32,7 @@ LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kin
             WORD menuClassCaption[3];
         } empty{};
         empty.head.style = WS_POPUP | WS_CAPTION;
-        CreateDialogIndirectParamA(instance(), &empty.head, nullptr, dialogProc,
-                                   reinterpret_cast<LPARAM>(this));
+        CreateDialogIndirectParamA(instance(), &empty.head, nullptr, dialogProc, reinterpret_cast<LPARAM>(this));
         SetWindowPos(window_, nullptr, 100, 100, 400, 300, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     ShowWindow(window_, SW_SHOW);
@@ -50,9 +49,8 @@ LoggingParent::~LoggingParent() {
 
 HWND LoggingParent::add(const char* className, const char* text, DWORD style, int id, int x, int y, int width,
                         int height) {
-    HWND control =
-        CreateWindowExA(0, className, text, style | WS_CHILD | WS_VISIBLE, x, y, width, height, window_,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance(), nullptr);
+    HWND control = CreateWindowExA(0, className, text, style | WS_CHILD | WS_VISIBLE, x, y, width, height, window_,
+                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance(), nullptr);
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
     return control;
 }

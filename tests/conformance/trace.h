@@ -79,9 +79,7 @@ struct MessageStep {
     LPARAM lParam;
     const char* text;
 
-    LRESULT send(HWND window) const {
-        return SendMessageA(window, message, wParam, text ? textParam(text) : lParam);
-    }
+    LRESULT send(HWND window) const { return SendMessageA(window, message, wParam, text ? textParam(text) : lParam); }
 };
 
 void setClipboard(HWND owner, const char* text);

@@ -27,9 +27,8 @@ TracedWindows::~TracedWindows() {
 
 HWND TracedWindows::create(const char* name, DWORD style, RECT place, HWND parent, int id, DWORD exStyle) {
     spy_.nameNext(name);
-    HWND window =
-        CreateWindowExA(exStyle, kClassName, name, style, place.left, place.top, place.right, place.bottom, parent,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    HWND window = CreateWindowExA(exStyle, kClassName, name, style, place.left, place.top, place.right, place.bottom,
+                                  parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     windows_.push_back(window);
     return window;
 }

@@ -1,4 +1,6 @@
 // Dialogs from resources: initial lists, modal running, owners.
+#include <new>
+
 #include "tests/framework/host_window.h"
 #include "tests/framework/test_resource.h"
 
@@ -13,6 +15,9 @@ public:
     void DoDataExchange(CDataExchange* exchange) override { DDX_Text(exchange, IDC_TEXT, m_number); }
     BOOL OnInitDialog() override {
         CDialog::OnInitDialog();
+        if (m_failAtOnce) {
+            throw std::bad_alloc();
+        }
         if (m_endAtOnce) {
             EndDialog(7);
         }
@@ -23,6 +28,7 @@ public:
     int m_number = 5;
     int m_left = 0;
     bool m_endAtOnce = false;
+    bool m_failAtOnce = false;
 };
 BEGIN_MESSAGE_MAP(ModalDialog, CDialog)
 ON_EN_KILLFOCUS(IDC_TEXT, &ModalDialog::OnTextLeft)
@@ -82,6 +88,14 @@ TEST_F(Dialogs, InitialisationMayEndItAndMissingTemplateFails) {
     m_dialog.m_endAtOnce = true;
     EXPECT_EQ(m_dialog.DoModal(), 7);
     EXPECT_EQ(CDialog(IDS_MISSING).DoModal(), -1);
+    EXPECT_TRUE(::IsWindowEnabled(m_host));
+}
+
+TEST_F(Dialogs, FailingInitialisationIsReportedAndEndsIt) {
+    m_dialog.m_failAtOnce = true;
+    EXPECT_EQ(m_dialog.DoModal(), -1);
+    EXPECT_EQ(BoxTexts().size(), 1u);
+    EXPECT_EQ(m_dialog.m_hWnd, nullptr);
     EXPECT_TRUE(::IsWindowEnabled(m_host));
 }
 

@@ -248,6 +248,7 @@ TEST_F(DataExchange, CheckTakesThreeStates) {
     for (const auto& [shown, expected] : cases) {
         state = shown;
         Show(exchange);
+        EXPECT_EQ(state, expected) << "the member becomes what is shown";
         state = 99;
         Read(exchange);
         EXPECT_EQ(state, expected);

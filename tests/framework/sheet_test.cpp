@@ -32,6 +32,9 @@ public:
     }
     BOOL OnApply() override {
         Trace("apply");
+        if (m_onApply) {
+            m_onApply();
+        }
         return m_acceptsApply && CPropertyPage::OnApply();
     }
     void OnReset() override { Trace("reset"); }
@@ -39,6 +42,7 @@ public:
     void OnTextLeft() { Trace("left"); }
 
     int m_number = 1;
+    std::function<void()> m_onApply;
     bool m_acceptsApply = true;
     bool m_acceptsCancel = true;
 
@@ -166,6 +170,17 @@ TEST_F(Sheet, RefusalsKeepItOpen) {
                                 }});
     EXPECT_EQ(result, IDCANCEL) << "a refused OK leaves no trace in the result";
     EXPECT_EQ(m_first.m_number, 4);
+}
+
+TEST_F(Sheet, DestroyedByTheHostIsNotAccepted) {
+    const auto destroy = [&] { ::DestroyWindow(m_sheet.m_hWnd); };
+    m_first.m_acceptsApply = false;
+    EXPECT_EQ(Run({[&] { Press(IDOK); }, destroy}), -1) << "after a page refused";
+    m_first.m_acceptsApply = true;
+    m_first.m_onApply = destroy;
+    EXPECT_EQ(Run({[&] { Press(IDOK); }}), -1) << "while a page was asked";
+    EXPECT_EQ(m_first.m_hWnd, nullptr);
+    EXPECT_TRUE(::IsWindowEnabled(m_host));
 }
 
 TEST_F(Sheet, EveryWayOutHasItsResult) {

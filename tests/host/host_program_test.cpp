@@ -31,9 +31,10 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    // `before` are shell commands that set the process up.
+    // `before` are shell commands that set the process up. A redirection among the arguments is of standard output
+    // only.
     static Outcome Run(const std::string& arguments, const std::string& before = "unset DISPLAY") {
-        std::FILE* pipe = popen((before + "; " TAVRIK_HOST " " + arguments + " 2>&1").c_str(), "r");
+        std::FILE* pipe = popen((before + "; " TAVRIK_HOST " 2>&1 " + arguments).c_str(), "r");
         Outcome outcome;
         for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
             outcome.output += static_cast<char>(c);
@@ -86,6 +87,15 @@ TEST_F(HostProgram, AFullDiskLeavesTheOldFile) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "a temporary file was left behind";
 }
 
+TEST_F(HostProgram, AFailingOutputDoesNotLoseTheChanges) {
+    Write("p.settings", kSettings);
+    Write("x.scn", kChangeX);
+    const Outcome outcome = Run(Path("p.settings") + " --scenario " + Path("x.scn") + " >/dev/full");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "tavrikhost: the changes are saved, but standard output cannot be written\n");
+    EXPECT_NE(Read("p.settings").find("X-COORD=12.5"), std::string::npos);
+}
+
 TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
     Write("bad.settings", "A=1\nB\n");
     Write("p.settings", kSettings);
@@ -100,6 +110,10 @@ TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
         {Path("bad.settings"), Path("bad.settings") + ":2: expected KEY=value"},
         {Path("p.settings"), "there is no display (DISPLAY names no usable X server)"},
         {Path("p.settings") + " --scenario " + Path("bad.scn"), Path("bad.scn") + ":2: unknown command 'fly'"},
+        {Path("p.settings") + " --scenario " + Path("no.scn"),
+         Path("no.scn") + ": cannot be read: No such file or directory"},
+        {"--help >/dev/full", "standard output cannot be written"},
+        {"--version >/dev/full", "standard output cannot be written"},
     };
     for (const auto& row : rows) {
         const Outcome outcome = Run(row.arguments);

@@ -82,6 +82,7 @@ int Play(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    host::UseUtf8Console();
     Options options;
     if (!ParseOptions(host::CommandLineArguments(argc, argv), options)) {
         std::cerr << kUsage;

@@ -4,5 +4,5 @@
 #include "automation/player.h"
 #include "include/tavrikconfig.h"
 
-/// Runs the sheet modally and returns what its modal loop did: 1 for OK, 0 else.
+// Runs the sheet modally and returns what its modal loop did: 1 for OK, 0 else.
 int RunReadOnlySheet(const automation::OpenArguments& arguments, CMdb& store);

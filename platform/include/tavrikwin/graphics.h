@@ -3,7 +3,7 @@
 
 #include "tavrikwin/types.h"
 
-#define RGB(r, g, b)                                                                                  \
+#define RGB(r, g, b)                                                                               \
     (static_cast<COLORREF>(static_cast<BYTE>(r) | (static_cast<WORD>(static_cast<BYTE>(g)) << 8) | \
                            (static_cast<DWORD>(static_cast<BYTE>(b)) << 16)))
 #define GetRValue(rgb) (LOBYTE(rgb))
@@ -109,7 +109,6 @@ using LOGFONTA = tagLOGFONTA;
 
 #define BI_RGB 0
 #define DIB_RGB_COLORS 0
-#define CBM_INIT 0x04
 #define SRCCOPY 0x00CC0020u
 #define DSTINVERT 0x00550009u
 #define PATCOPY 0x00F00021u
@@ -226,15 +225,12 @@ BOOL DeleteDC(HDC dc);
 int SaveDC(HDC dc);
 BOOL RestoreDC(HDC dc, int saved);
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
-HGDIOBJ GetCurrentObject(HDC dc, UINT kind);
 HGDIOBJ GetStockObject(int index);
 BOOL DeleteObject(HGDIOBJ object);
 int GetObjectA(HGDIOBJ object, int size, LPVOID data);
 int GetDeviceCaps(HDC dc, int index);
 
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
-HBITMAP CreateDIBitmap(HDC dc, const BITMAPINFOHEADER* header, DWORD init, const void* bits, const BITMAPINFO* info,
-                       UINT usage);
 HBITMAP LoadBitmapA(HINSTANCE instance, LPCSTR name);
 int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstLine, UINT lines, LPVOID bits, LPBITMAPINFO info, UINT usage);
 HBRUSH CreateSolidBrush(COLORREF colour);
@@ -257,10 +253,7 @@ BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
 BOOL ExtFloodFill(HDC dc, int x, int y, COLORREF colour, UINT kind);
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
 COLORREF GetPixel(HDC dc, int x, int y);
-BOOL MoveToEx(HDC dc, int x, int y, LPPOINT old);
-BOOL LineTo(HDC dc, int x, int y);
 BOOL Polygon(HDC dc, const POINT* points, int count);
-BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
 BOOL Ellipse(HDC dc, int left, int top, int right, int bottom);
 int FillRect(HDC dc, LPCRECT rect, HBRUSH brush);
 int FrameRect(HDC dc, LPCRECT rect, HBRUSH brush);

@@ -111,15 +111,3 @@ TEST(Dib, BitsComeBackInTheOrderThatTheHeaderAsksFor) {
     EXPECT_EQ(bits[4], 255);
     EXPECT_EQ(GetDIBits(canvas, canvas.bitmap(), 2, 5, bits.data(), &info, DIB_RGB_COLORS), 0);
 }
-
-TEST(Dib, CreateDIBitmapReadsBitsThatStandApart) {
-    Dib dib = smallDib();
-    const auto* info = reinterpret_cast<const BITMAPINFO*>(dib.bytes.data());
-    const BYTE* bits = dib.bytes.data() + sizeof(BITMAPINFOHEADER);
-    const HDC dc = CreateCompatibleDC(nullptr);
-    EXPECT_EQ(pictureOf(CreateDIBitmap(dc, &dib.header(), CBM_INIT, bits, info, DIB_RGB_COLORS)),
-              (Picture{"KW", "BR"}));
-    EXPECT_EQ(pictureOf(CreateDIBitmap(dc, &dib.header(), 0, nullptr, nullptr, DIB_RGB_COLORS)), (Picture{"KK", "KK"}));
-    EXPECT_EQ(CreateDIBitmap(dc, &dib.header(), CBM_INIT, nullptr, info, DIB_RGB_COLORS), nullptr);
-    DeleteDC(dc);
-}

@@ -49,13 +49,13 @@ TEST(Clip, SavedStatesComeBackByLevel) {
     RECT box{};
     GetClipBox(canvas, &box);
     EXPECT_TRUE(equals(box, {2, 2, 5, 5}));
-    EXPECT_EQ(GetCurrentObject(canvas, OBJ_BRUSH), brush);
+    EXPECT_EQ(SelectObject(canvas, brush), brush);
     // A deleted object in a saved state lives as long as that.
     SaveDC(canvas);
     SelectObject(canvas, GetStockObject(WHITE_BRUSH));
     DeleteObject(brush);
     EXPECT_TRUE(RestoreDC(canvas, 2));
-    EXPECT_EQ(GetCurrentObject(canvas, OBJ_BRUSH), brush);
+    EXPECT_EQ(SelectObject(canvas, GetStockObject(WHITE_BRUSH)), brush);
     EXPECT_TRUE(RestoreDC(canvas, 1));
     EXPECT_EQ(GetTextColor(canvas), RGB(0, 0, 0));
     EXPECT_EQ(SelectObject(canvas, brush), nullptr);
@@ -96,7 +96,7 @@ TEST(WindowContext, ComesFromThePoolAsNew) {
     const HDC second = platform::openWindowDc(nullptr, &surface, {0, 0}, all);
     EXPECT_NE(first, second);
     EXPECT_EQ(GetTextColor(second), RGB(0, 0, 0));
-    EXPECT_EQ(GetCurrentObject(second, OBJ_PEN), GetStockObject(BLACK_PEN));
+    EXPECT_EQ(SelectObject(second, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
     EXPECT_FALSE(RestoreDC(second, -1));
     RECT box{};
     EXPECT_EQ(GetClipBox(second, &box), SIMPLEREGION);
@@ -112,7 +112,7 @@ TEST(WindowContext, OutlivesItsSurface) {
     surface.reset();
     EXPECT_TRUE(PatBlt(dc, 0, 0, 8, 8, WHITENESS));
     EXPECT_TRUE(TextOutA(dc, 0, 0, "abc", 3));
-    EXPECT_TRUE(LineTo(dc, 5, 5));
+    EXPECT_TRUE(Ellipse(dc, 0, 0, 5, 5));
     EXPECT_EQ(GetPixel(dc, 1, 1), CLR_INVALID);
     const RECT rect = {0, 0, 5, 5};
     EXPECT_TRUE(DrawFocusRect(dc, &rect));

@@ -21,8 +21,10 @@ const Lines kKeys{"KEYDOWN", "KEYUP", "CHAR", "SYSKEY", "SYSCHAR", "CLOSE"};
 
 TEST(Mouse, ReachesTheChildUnderThePointer) {
     Scene scene;
-    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}), scene.record([] { click(kOnFirst); }, kMouse));
-    EXPECT_EQ((Lines{"top WM_LBUTTONDOWN 150,50", "top WM_LBUTTONUP 150,50"}), scene.record([] { click(kOnTop); }, kMouse));
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}),
+              scene.record([] { click(kOnFirst); }, kMouse));
+    EXPECT_EQ((Lines{"top WM_LBUTTONDOWN 150,50", "top WM_LBUTTONUP 150,50"}),
+              scene.record([] { click(kOnTop); }, kMouse));
 }
 
 TEST(Mouse, PassesOverHiddenDisabledAndTransparentChildren) {
@@ -50,9 +52,11 @@ TEST(Mouse, TwoQuickClicksAtOnePlaceAreADoubleClick) {
             click(second);
         };
     };
-    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "first WM_LBUTTONDBLCLK 5,5", "first WM_LBUTTONUP 5,5"}),
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "first WM_LBUTTONDBLCLK 5,5",
+                     "first WM_LBUTTONUP 5,5"}),
               scene.record(clickTwice(kOnFirst), kMouse));
-    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "second WM_LBUTTONDOWN 5,5", "second WM_LBUTTONUP 5,5"}),
+    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "second WM_LBUTTONDOWN 5,5",
+                     "second WM_LBUTTONUP 5,5"}),
               scene.record(clickTwice(kOnSecond), kMouse));
 }
 
@@ -60,10 +64,10 @@ TEST(Mouse, CaptureTakesAllEventsWhileItLasts) {
     Scene scene;
     SetCapture(scene.second);
     EXPECT_EQ((Lines{"second WM_LBUTTONDOWN 5,-25", "second WM_LBUTTONUP 5,-25"}), scene.record(
-                                                                                     [] {
-                                                                                         click({115, 115});
-                                                                                     },
-                                                                                     kMouse));
+                                                                                       [] {
+                                                                                           click({115, 115});
+                                                                                       },
+                                                                                       kMouse));
     ReleaseCapture();
     EXPECT_EQ(Lines{"first WM_MOUSEMOVE 5,5"},
               scene.record([] { screen().injectMouse(InputSink::Mouse::Move, 0, kOnFirst); }, kMouse));
@@ -80,16 +84,15 @@ TEST(Mouse, ClickActivatesItsTopLevelWindow) {
     Scene scene;
     scene.windows.create("other", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, nullptr);
     drainQueue();
-    EXPECT_EQ((Lines{"top WM_PARENTNOTIFY 513", "other WM_ACTIVATE 0 top", "top WM_ACTIVATE 2 other", "first WM_LBUTTONDOWN 5,5",
-                     "first WM_LBUTTONUP 5,5"}),
+    EXPECT_EQ((Lines{"top WM_PARENTNOTIFY 513", "other WM_ACTIVATE 0 top", "top WM_ACTIVATE 2 other",
+                     "first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}),
               scene.record([] { click(kOnFirst); }, {"PARENTNOTIFY", "ACTIVATE ", "LBUTTON"}));
     EXPECT_EQ(scene.top, screen().focused());
 }
 
 TEST(Mouse, ClickOnADisabledOwnerBeepsAndBringsThePopupForward) {
     Scene scene;
-    const HWND popup =
-        scene.windows.create("popup", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, scene.top);
+    const HWND popup = scene.windows.create("popup", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, scene.top);
     EnableWindow(scene.top, FALSE);
     const int beeps = screen().beeps();
     EXPECT_EQ(Lines{}, scene.record([] { click(kOnFirst); }, kMouse));
@@ -154,7 +157,11 @@ TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {
 
 TEST(Display, MovesByTheUserArriveAsMoves) {
     Scene scene;
-    EXPECT_EQ(Lines{"top WM_MOVE 300,320"}, scene.record([&] { screen().injectMove(scene.top, {300, 320}); }, {"MOVE "}));
+    EXPECT_EQ(Lines{"top WM_MOVE 300,320"}, scene.record(
+                                                [&] {
+                                                    screen().injectMove(scene.top, {300, 320});
+                                                },
+                                                {"MOVE "}));
     RECT rect;
     GetWindowRect(scene.first, &rect);
     EXPECT_EQ(310, rect.left);
