@@ -58,7 +58,7 @@ void CSettingsPage::SetDisabledBit(UINT id, BOOL disabled) {
 }
 
 int CSettingsPage::IsCancelPending() const {
-    if (m_bCancelled) {
+    if (m_bCancelled || m_bChecking) {
         return 1;
     }
     if (const CWnd* focus = GetFocus()) {

@@ -33,8 +33,8 @@ protected:
     // Sets the disabled style bit alone: the control gets no enable message and keeps its look until it is redrawn.
     void SetDisabledBit(UINT id, BOOL disabled);
 
-    // Non-zero when a field that loses the focus is not to be checked: the user is cancelling, or a check forced by
-    // leaving the page is still running.
+    // Non-zero when a field that loses the focus is not to be checked: the user is cancelling, or another check, one
+    // forced by leaving the page above all, is still running.
     int IsCancelPending() const;
 
     // The page's own changes by key, until they are applied.
@@ -46,10 +46,24 @@ protected:
     // 0 while a forced check runs and has not passed; the page cannot be left then.
     int m_bFieldCheckOk = 1;
 
+    // While it lives no other field is checked. The message box of one field takes the focus from another, and two
+    // wrong fields would otherwise send it back and forth with a box each time.
+    class FieldCheck {
+    public:
+        explicit FieldCheck(CSettingsPage& page) : m_page(page) { m_page.m_bChecking = true; }
+        ~FieldCheck() { m_page.m_bChecking = false; }
+        FieldCheck(const FieldCheck&) = delete;
+        FieldCheck& operator=(const FieldCheck&) = delete;
+
+    private:
+        CSettingsPage& m_page;
+    };
+
 private:
     void DisableFields();
     void SendKillFocus(CWnd* focus);
 
     // The sheet was cancelled; the fields that lose the focus as its windows go are not the user's.
     bool m_bCancelled = false;
+    bool m_bChecking = false;
 };

@@ -226,6 +226,7 @@ void dlgcircuit::OnFieldKillFocus(UINT id) {
 // The changed flag stays set after a commit: from the first change on the field is committed whenever it is left.
 void dlgcircuit::CommitNumberEdit(int changed, LPCSTR key, CString& text, CWnd* control, int required) {
     if (IsCancelPending() == 0 && changed != 0) {
+        const FieldCheck check(*this);
         UpdateData(TRUE);
         if (m_pLastEditControl != nullptr) {
             m_pLastEditControl = control;
