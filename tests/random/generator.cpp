@@ -52,7 +52,7 @@ constexpr const char* kPressedKeys[] = {
     "LEFT",   "RIGHT",     "HOME",       "END",        "PAGEUP",    "PAGEDOWN",      "DELETE", "BACKSPACE",
     "F4",     "ALT+DOWN",  "SHIFT+END",  "SHIFT+HOME", "CTRL+A",    "CTRL+C",        "CTRL+X", "CTRL+V",
     "CTRL+Z", "CTRL+LEFT", "CTRL+RIGHT", "SHIFT+LEFT", "CTRL+TAB",  "CTRL+PAGEDOWN", "ENTER",  "ESC"};
-constexpr const char* kTexts[] = {"1", "25",  "2.5", "1,5",  "",     "   ", "-3",      "abc",      "iec",
+constexpr const char* kTexts[] = {"1", "25",   "2.5", "1,5",  "",     "   ", "-3",      "abc",      "iec",
                                   "i", "xåäö", "9.",  "\\\"", "0.1 ", " 4",  "iec6179", "DIN 40900"};
 
 class Generator {
