@@ -9,7 +9,7 @@ esac
 dll=build/$1/bin/tavrikconfig.dll
 headers=$("$tool" -p "$dll")
 
-exports=$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/s/^.*\] //p' <<<"$headers")
+exports=$(sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/s/^[[:space:]]*\[ *[0-9]*\] //p' <<<"$headers")
 [ "$exports" = "$export" ] || { printf 'Exports of %s:\n%s\n' "$dll" "$exports"; exit 1; }
 
 others=$(sed -n 's/^.*DLL Name: //p' <<<"$headers" | tr 'A-Z' 'a-z' |
