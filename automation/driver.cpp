@@ -31,6 +31,8 @@ bool IsQueueIdle() {
 
 }  // namespace
 
+Driver* Driver::s_pAsking = nullptr;
+
 Driver::Driver(StepClient& client) : m_client(client) {
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = WindowProc;
@@ -54,6 +56,7 @@ void Driver::RunDuring(const std::function<void()>& modalCall) {
     PostStep();
     modalCall();
     KillTimer(m_hWnd, kWatchdogTimer);
+    StopAsking();
     m_bRunning = false;
     MSG message{};
     while (PeekMessageA(&message, m_hWnd, 0, 0, PM_REMOVE)) {
@@ -63,6 +66,34 @@ void Driver::RunDuring(const std::function<void()>& modalCall) {
 
 void Driver::OnProgress() {
     m_lastProgress = std::chrono::steady_clock::now();
+}
+
+// A window that has come up is painted, so the next message that is taken from the queue is the moment to look again.
+void Driver::AskAtNextMessage() {
+    if (m_hHook == nullptr) {
+        s_pAsking = this;
+        m_hHook = SetWindowsHookExA(WH_GETMESSAGE, OnMessageTaken, nullptr, GetCurrentThreadId());
+    }
+}
+
+void Driver::StopAsking() {
+    if (m_hHook != nullptr) {
+        UnhookWindowsHookEx(m_hHook);
+        m_hHook = nullptr;
+        s_pAsking = nullptr;
+    }
+}
+
+LRESULT CALLBACK Driver::OnMessageTaken(int code, WPARAM wParam, LPARAM lParam) {
+    const LRESULT answer = CallNextHookEx(nullptr, code, wParam, lParam);
+    if (code == HC_ACTION && wParam == PM_REMOVE && s_pAsking != nullptr) {
+        Driver& driver = *s_pAsking;
+        driver.StopAsking();
+        if (!driver.m_bStepPosted) {
+            driver.PostStep();
+        }
+    }
+    return answer;
 }
 
 void Driver::PostStep() {
@@ -92,13 +123,14 @@ void Driver::OnStepMessage() {
     }
     FlushPaints();
     // A message can be posted while paints are sent, so the queue is looked at last. Until a window is in front,
-    // posting on would starve the paints and timers that bring it up; then the timer asks again.
+    // posting on would starve the paints and timers that bring it up; then whatever comes next in the queue asks again.
     if (!IsQueueIdle()) {
         PostStep();
         return;
     }
     HWND front = FrontWindow();
     if (front == nullptr) {
+        AskAtNextMessage();
         return;
     }
     // Posted before the step is run: a step that opens a modal loop is followed by the next one inside that loop.

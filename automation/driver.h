@@ -37,12 +37,18 @@ public:
 
 private:
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK OnMessageTaken(int code, WPARAM wParam, LPARAM lParam);
     void OnStepMessage();
     void OnTimer();
     void PostStep();
+    void AskAtNextMessage();
+    void StopAsking();
+
+    static Driver* s_pAsking;  // Whose hook is set; a hook procedure gets no pointer of ours.
 
     StepClient& m_client;
     HWND m_hWnd = nullptr;
+    HHOOK m_hHook = nullptr;
     bool m_bRunning = false;
     bool m_bStepPosted = false;
     std::chrono::steady_clock::time_point m_lastProgress;
