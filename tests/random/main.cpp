@@ -1,4 +1,6 @@
 // Plays the random user on the component's library and prints what came of each seed, for comparing two systems.
+#include <windows.h>
+
 #include <cstdlib>
 #include <iostream>
 #include <optional>
@@ -33,6 +35,14 @@ void PrintStore(const CMdb& store) {
     }
 }
 
+// A seed must come out the same whatever was played before it.
+void EmptyTheClipboard() {
+    if (OpenClipboard(nullptr)) {
+        EmptyClipboard();
+        CloseClipboard();
+    }
+}
+
 // Returns how many commands the scenario had, or nothing when it is malformed.
 std::optional<size_t> PlaySeed(std::uint32_t seed, const host::ExportFunction& exported,
                                const automation::ScratchFolder& scratch) {
@@ -44,6 +54,7 @@ std::optional<size_t> PlaySeed(std::uint32_t seed, const host::ExportFunction& e
     if (!scenario.errors.empty()) {
         return std::nullopt;
     }
+    EmptyTheClipboard();
     CMdb store;
     host::ScenarioStore access(store);
     const automation::OpenFunction open = [&](const automation::OpenArguments& a) -> std::optional<int> {
