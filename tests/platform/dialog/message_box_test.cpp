@@ -67,7 +67,8 @@ TEST(MessageBoxTest, ControlCCopiesCaptionTextAndButtons) {
     });
     ASSERT_TRUE(OpenClipboard(nullptr));
     const char* copied = static_cast<const char*>(GlobalLock(GetClipboardData(CF_TEXT)));
-    const std::string rule = std::string(27, '-') + "\r\n";
+    std::string rule(27, '-');
+    rule += "\r\n";
     EXPECT_EQ(std::string(copied != nullptr ? copied : ""),
               rule + "Rubrik\r\n" + rule + "En\r\nTv\xE5\r\n" + rule + "OK   Avbryt   \r\n" + rule);
     CloseClipboard();
