@@ -33,15 +33,7 @@ void Button::onWmEraseBkgnd(HDC dc) const {
 }
 
 void Button::onWmPaint(HDC given) const {
-    if (given) {
-        paint(given);
-        return;
-    }
-    // The owner may destroy its button while it draws.
-    const HWND window = window_;
-    PAINTSTRUCT paintStruct;
-    paint(BeginPaint(window, &paintStruct));
-    EndPaint(window, &paintStruct);
+    paintControl(window_, given, [this](HDC dc) { paint(dc); });
 }
 
 void Button::showChange(UINT ownerDrawAction) const {

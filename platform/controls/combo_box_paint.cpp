@@ -6,15 +6,7 @@
 namespace platform {
 
 void ComboBox::onWmPaint(HDC given) {
-    if (given) {
-        paint(given);
-        return;
-    }
-    const HWND window = window_;
-    PAINTSTRUCT paintStruct;
-    const HDC dc = BeginPaint(window, &paintStruct);
-    paint(dc);
-    EndPaint(window, &paintStruct);
+    paintControl(window_, given, [this](HDC dc) { paint(dc); });
 }
 
 void ComboBox::paint(HDC dc) {

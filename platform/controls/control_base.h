@@ -59,6 +59,19 @@ inline void notifyCommand(HWND control, UINT code) {
                  reinterpret_cast<LPARAM>(control));
 }
 
+// WM_PAINT, or WM_PRINTCLIENT with the context that it gives: calls `draw` with the context to draw into. An owner may
+// destroy its control while it draws, so nothing of the control is touched afterwards.
+template <class Draw>
+void paintControl(HWND window, HDC given, Draw draw) {
+    if (given) {
+        draw(given);
+        return;
+    }
+    PAINTSTRUCT paint;
+    draw(BeginPaint(window, &paint));
+    EndPaint(window, &paint);
+}
+
 // Selects a control's font for the length of a drawing; null stands for the system font, which is selected anyway.
 class SelectedFont {
 public:

@@ -319,15 +319,7 @@ bool Edit::selectionShown() const {
 }
 
 void Edit::onWmPaint(HDC given) {
-    if (given) {
-        view_.paint(given, selectionShown());
-        return;
-    }
-    const HWND window = window_;
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    view_.paint(dc, selectionShown());
-    EndPaint(window, &paint);
+    paintControl(window_, given, [this](HDC dc) { view_.paint(dc, selectionShown()); });
 }
 
 void Edit::select(int anchor, int caret) {

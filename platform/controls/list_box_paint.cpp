@@ -6,15 +6,7 @@
 namespace platform {
 
 void ListBox::onWmPaint(HDC given) {
-    if (given) {
-        paint(given);
-        return;
-    }
-    PAINTSTRUCT paintStruct;
-    const HWND window = window_;
-    const HDC dc = BeginPaint(window, &paintStruct);
-    paint(dc);
-    EndPaint(window, &paintStruct);
+    paintControl(window_, given, [this](HDC dc) { paint(dc); });
 }
 
 void ListBox::paint(HDC dc) {

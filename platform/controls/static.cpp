@@ -115,13 +115,7 @@ void Static::onWmCreate() const {
 }
 
 void Static::onWmPaint(HDC given) const {
-    if (given) {
-        paint(given);
-        return;
-    }
-    PAINTSTRUCT paintStruct;
-    paint(BeginPaint(window_, &paintStruct));
-    EndPaint(window_, &paintStruct);
+    paintControl(window_, given, [this](HDC dc) { paint(dc); });
 }
 
 void Static::paint(HDC dc) const {

@@ -29,13 +29,7 @@ void paintOutline(HDC dc, const RECT& tab, int join) {
 
 void TabControl::onWmPaint(HDC given) {
     layout();
-    if (given) {
-        paint(given);
-        return;
-    }
-    PAINTSTRUCT paintStruct;
-    paint(BeginPaint(window_, &paintStruct));
-    EndPaint(window_, &paintStruct);
+    paintControl(window_, given, [this](HDC dc) { paint(dc); });
 }
 
 void TabControl::paint(HDC dc) const {
