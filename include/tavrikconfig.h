@@ -3,7 +3,9 @@
 //
 // Memory contract. The library reads the host's records, rewrites their values (freeing a buffer that grows) and
 // appends records that the host keeps. Host and library therefore use one allocator for record objects and buffers:
-// both take them from global operator new and give them back to global operator delete.
+// both take them from global operator new and give them back to global operator delete. In the Windows library these are
+// malloc and free of the system's C run time, msvcrt.dll, in 32 and in 64 bit: a host of that run time can free what
+// the library appended, and any other host builds its store with those two functions.
 //
 // Threading. The store belongs to the thread that calls Tavrikconfig; nothing is locked.
 #pragma once
