@@ -6,6 +6,7 @@
 #include <chrono>
 #include <string>
 
+#include "core/store/settings.h"
 #include "include/tavrikconfig.h"
 
 namespace {
@@ -55,12 +56,11 @@ HWND FindEdit(HWND sheet) {
 
 void Fill(CMdb& store) {
     store.RemoveAll();
-    const std::string end("\0", 1);
     for (int i = 0; i < kSettings - 2; ++i) {
-        store.AddRecord(("\1KEY_" + std::to_string(i) + end + "\2value" + end).c_str());
+        SetSetting(&store, ("KEY_" + std::to_string(i)).c_str(), "value");
     }
-    store.AddRecord(("\1X-COORD" + end + "\2" + "10" + end).c_str());
-    store.AddRecord(("\1CCT_DIR" + end + "\2iec617" + end).c_str());
+    SetSetting(&store, "X-COORD", "10");
+    SetSetting(&store, "CCT_DIR", "iec617");
 }
 
 int Open(CMdb& store, Step step) {
@@ -76,7 +76,7 @@ void Press(HWND sheet, int button) {
 void OpenToFirstPaint(benchmark::State& state) {
     CMdb store;
     Fill(store);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const Clock::time_point start = Clock::now();
         Open(store, [](HWND sheet) { Press(sheet, IDCANCEL); });
         state.SetIterationTime(std::chrono::duration<double>(g_painted - start).count());
@@ -86,7 +86,7 @@ BENCHMARK(OpenToFirstPaint)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void OpenChangeAndMerge(benchmark::State& state) {
     CMdb store;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         Fill(store);
         state.ResumeTiming();

@@ -19,7 +19,7 @@ void MergeIntoFullStore(benchmark::State& state) {
         SetSetting(&store, Key(i).c_str(), "before");
         SetSetting(&changes, Key(count - 1 - i).c_str(), "after!");
     }
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         MergeSettingRecords(&changes, &store);
         benchmark::ClobberMemory();
     }

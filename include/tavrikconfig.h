@@ -3,9 +3,9 @@
 //
 // Memory contract. The library reads the host's records, rewrites their values (freeing a buffer that grows) and
 // appends records that the host keeps. Host and library therefore use one allocator for record objects and buffers:
-// both take them from global operator new and give them back to global operator delete. In the Windows library these are
-// malloc and free of the system's C run time, msvcrt.dll, in 32 and in 64 bit: a host of that run time can free what
-// the library appended, and any other host builds its store with those two functions.
+// both take them from global operator new and give them back to global operator delete. In the Windows library these
+// are malloc and free of the system's C run time, msvcrt.dll, in 32 and in 64 bit: a host of that run time can free
+// what the library appended, and any other host builds its store with those two functions.
 //
 // Threading. The store belongs to the thread that calls Tavrikconfig; nothing is locked.
 #pragma once
@@ -65,7 +65,8 @@ private:
 // The store: a singly linked list that owns its records. Keys may repeat; every key operation takes the first match.
 class CMdb {
 public:
-    CMdb() noexcept : m_pHead(nullptr) {}
+    // The tail is left alone: a host's own class may leave anything there before the first record.
+    CMdb() noexcept : m_pHead(nullptr) {}  // NOLINT(clang-analyzer-optin.cplusplus.UninitializedObject)
     ~CMdb();
     CMdb(const CMdb&) = delete;
     CMdb& operator=(const CMdb&) = delete;

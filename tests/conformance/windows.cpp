@@ -476,6 +476,34 @@ void hooks(Stage& stage) {
     UnhookWindowsHookEx(hook);
 }
 
+// Only what the stage posted: other messages come when the system likes.
+LRESULT CALLBACK noteTakenMessage(int code, WPARAM wParam, LPARAM lParam) {
+    const UINT message = reinterpret_cast<const MSG*>(lParam)->message;
+    if (message >= WM_APP && message < 0xC000) {
+        hooked->note("hook: message " + std::to_string(message - WM_APP) + " code " + std::to_string(code) +
+                     (wParam == PM_REMOVE ? " removed" : " looked at"));
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void messageHooks(Stage& stage) {
+    hooked = &stage;
+    HHOOK hook = SetWindowsHookExA(WH_GETMESSAGE, noteTakenMessage, nullptr, GetCurrentThreadId());
+    MSG message{};
+    PostMessageA(stage.first, WM_APP + 1, 0, 0);
+    PostMessageA(stage.first, WM_APP + 2, 0, 0);
+    PeekMessageA(&message, nullptr, WM_APP, WM_APP + 9, PM_NOREMOVE);
+    stage.note("looked");
+    PeekMessageA(&message, nullptr, WM_APP + 2, WM_APP + 2, PM_REMOVE);
+    stage.note("took the second");
+    GetMessageA(&message, nullptr, WM_APP, WM_APP + 9);
+    stage.note("took " + std::to_string(message.message - WM_APP));
+    PeekMessageA(&message, nullptr, WM_APP, WM_APP + 9, PM_REMOVE);
+    PostMessageA(stage.first, WM_APP + 3, 0, 0);
+    UnhookWindowsHookEx(hook);
+    PeekMessageA(&message, nullptr, WM_APP, WM_APP + 9, PM_REMOVE);
+}
+
 constexpr struct {
     const char* name;
     void (*run)(Stage& stage);
@@ -499,6 +527,7 @@ constexpr struct {
     {"closing", closing},
     {"order", order},
     {"hooks", hooks},
+    {"message hooks", messageHooks},
 };
 
 }  // namespace
