@@ -107,7 +107,7 @@ struct MdbLayout {
 // caption            the sheet's title, code page 1252; null counts as an empty text
 // hostStore          settings to load; receives the changes on OK and is untouched otherwise; must not be null
 // designationOption  non-zero offers the designation options
-// optionalPages      non-zero adds the cross-reference page, and with it the connection page
+// optionalPages      non-zero asks for the pages on cross-references and connections, as far as the library has them
 // hostMode           the host's kind of drawing; 3 hides the cable options
 //
 // Returns 1 when the user closed the sheet with OK, 0 otherwise. Throws nothing.
