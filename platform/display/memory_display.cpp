@@ -27,62 +27,72 @@ void MemoryDisplay::createWindow(const DisplayWindowInfo& info) {
 void MemoryDisplay::destroyWindow(HWND window) {
     std::erase_if(windows_, [window](const Window& entry) { return entry.info.window == window; });
     for (HWND* role : {&focused_, &reportedFocus_, &grabbed_, &pressed_}) {
-        if (*role == window)
+        if (*role == window) {
             *role = nullptr;
+        }
     }
 }
 
 void MemoryDisplay::show(HWND window, bool visible) {
     if (Window* entry = entryOf(window)) {
         entry->visible = visible;
-        if (!visible && focused_ == window)
+        if (!visible && focused_ == window) {
             focused_ = nullptr;
+        }
     }
-    if (visible)
+    if (visible) {
         raise(window);
+    }
 }
 
 void MemoryDisplay::setTitle(HWND window, const std::string& title) {
-    if (Window* entry = entryOf(window))
+    if (Window* entry = entryOf(window)) {
         entry->info.title = title;
+    }
 }
 
 void MemoryDisplay::setRect(HWND window, const RECT& client) {
-    if (Window* entry = entryOf(window))
+    if (Window* entry = entryOf(window)) {
         entry->info.rect = client;
+    }
 }
 
 void MemoryDisplay::raise(HWND window) {
     const auto isWindow = [window](const Window& entry) { return entry.info.window == window; };
     const auto found = std::find_if(windows_.begin(), windows_.end(), isWindow);
-    if (found == windows_.end())
+    if (found == windows_.end()) {
         return;
+    }
     // Popups count as topmost: a drop-down list lies over everything.
     const auto isTopmost = [](const Window& entry) {
         return entry.topmost || entry.info.kind == DisplayWindowInfo::Kind::Popup;
     };
     const bool topmost = isTopmost(*found);
     std::rotate(found, found + 1, windows_.end());
-    if (!topmost)
+    if (!topmost) {
         std::stable_partition(windows_.begin(), windows_.end(), [&](const Window& entry) { return !isTopmost(entry); });
+    }
 }
 
 void MemoryDisplay::setTopmost(HWND window, bool topmost) {
-    if (Window* entry = entryOf(window))
+    if (Window* entry = entryOf(window)) {
         entry->topmost = topmost;
+    }
     raise(window);
 }
 
 void MemoryDisplay::focus(HWND window) {
     const Window* entry = find(window);
-    if (entry != nullptr && entry->visible)
+    if (entry != nullptr && entry->visible) {
         focused_ = window;
+    }
 }
 
 void MemoryDisplay::present(HWND window, const Surface& surface, const RECT& rect) {
     Window* entry = entryOf(window);
-    if (entry == nullptr)
+    if (entry == nullptr) {
         return;
+    }
     entry->surface = &surface;
     const RECT whole = {0, 0, surface.width(), surface.height()};
     entry->presented = boundsOf(entry->presented, intersectionOf(rect, whole));
@@ -101,28 +111,33 @@ int MemoryDisplay::pump(InputSink& sink, int timeoutMs) {
         event(sink);
         ++delivered;
     }
-    if (delivered > 0 || timeoutMs == 0)
+    if (delivered > 0 || timeoutMs == 0) {
         return delivered;
+    }
     // Nobody but this thread can add an event, so a wait passes in full; one without limit has no end to speak of.
     std::this_thread::sleep_for(timeoutMs > 0 ? std::chrono::milliseconds(timeoutMs) : std::chrono::hours(24));
     return 0;
 }
 
 int MemoryDisplay::reportFocus(InputSink& sink) {
-    if (focused_ == reportedFocus_)
+    if (focused_ == reportedFocus_) {
         return 0;
+    }
     const HWND lost = reportedFocus_;
     reportedFocus_ = focused_;
-    if (lost != nullptr)
+    if (lost != nullptr) {
         sink.focusOut(lost);
-    if (reportedFocus_ != nullptr)
+    }
+    if (reportedFocus_ != nullptr) {
         sink.focusIn(reportedFocus_);
+    }
     return 1;
 }
 
 bool MemoryDisplay::readClipboard(std::string& text) {
-    if (clipboard_.empty())
+    if (clipboard_.empty()) {
         return false;
+    }
     text = clipboard_;
     return true;
 }
@@ -132,12 +147,14 @@ void MemoryDisplay::injectMouse(InputSink::Mouse what, int button, POINT screen,
         pointer_ = screen;
         POINT client{};
         const HWND target = mouseTarget(screen, client);
-        if (what == InputSink::Mouse::Down)
+        if (what == InputSink::Mouse::Down) {
             pressed_ = target;
-        else if (what == InputSink::Mouse::Up)
+        } else if (what == InputSink::Mouse::Up) {
             pressed_ = nullptr;
-        if (target == nullptr)
+        }
+        if (target == nullptr) {
             return;
+        }
         sink.modifiers(modifiers);
         sink.mouse(target, what, button, client, nowMs());
     });
@@ -146,8 +163,9 @@ void MemoryDisplay::injectMouse(InputSink::Mouse what, int button, POINT screen,
 void MemoryDisplay::injectWheel(int delta, POINT screen) {
     events_.push_back([=, this](InputSink& sink) {
         POINT client{};
-        if (const HWND target = mouseTarget(screen, client))
+        if (const HWND target = mouseTarget(screen, client)) {
             sink.wheel(target, delta, client, nowMs());
+        }
     });
 }
 
@@ -160,16 +178,18 @@ void MemoryDisplay::injectKey(int virtualKey, bool down, const std::string& text
 
 void MemoryDisplay::injectClose(HWND window) {
     events_.push_back([=, this](InputSink& sink) {
-        if (find(window) != nullptr)
+        if (find(window) != nullptr) {
             sink.closeRequested(window);
+        }
     });
 }
 
 void MemoryDisplay::injectMove(HWND window, POINT clientOrigin) {
     events_.push_back([=, this](InputSink& sink) {
         Window* entry = entryOf(window);
-        if (entry == nullptr)
+        if (entry == nullptr) {
             return;
+        }
         RECT& rect = entry->info.rect;
         rect = {clientOrigin.x, clientOrigin.y, clientOrigin.x + rect.right - rect.left,
                 clientOrigin.y + rect.bottom - rect.top};
@@ -200,10 +220,12 @@ HWND MemoryDisplay::windowAt(POINT screen) const {
 
 HWND MemoryDisplay::mouseTarget(POINT screen, POINT& client) const {
     HWND target = grabbed_ != nullptr ? grabbed_ : pressed_;
-    if (target == nullptr)
+    if (target == nullptr) {
         target = windowAt(screen);
-    if (const Window* entry = find(target))
+    }
+    if (const Window* entry = find(target)) {
         client = {screen.x - entry->info.rect.left, screen.y - entry->info.rect.top};
+    }
     return target;
 }
 

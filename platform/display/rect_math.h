@@ -17,10 +17,12 @@ inline RECT intersectionOf(const RECT& a, const RECT& b) {
 
 // The smallest rectangle around both.
 inline RECT boundsOf(const RECT& a, const RECT& b) {
-    if (isEmptyRect(a))
+    if (isEmptyRect(a)) {
         return b;
-    if (isEmptyRect(b))
+    }
+    if (isEmptyRect(b)) {
         return a;
+    }
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
 }
 

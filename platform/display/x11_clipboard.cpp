@@ -16,16 +16,18 @@ constexpr std::chrono::seconds kLongestWait(1);
 
 std::string withoutCarriageReturns(std::string text) {
     std::size_t at = 0;
-    while ((at = text.find("\r\n", at)) != std::string::npos)
+    while ((at = text.find("\r\n", at)) != std::string::npos) {
         text.erase(at, 1);
+    }
     return text;
 }
 
 std::string withCarriageReturns(const std::string& text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r'))
+        if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r')) {
             result += '\r';
+        }
         result += text[i];
     }
     return result;
@@ -60,8 +62,9 @@ bool X11Clipboard::read(std::string& text) {
     const auto deadline = Clock::now() + kLongestWait;
     for (const Atom target : {utf8, Atom{XA_STRING}}) {
         const auto transfer = convert(target, deadline);
-        if (!transfer || (transfer->type != utf8 && transfer->type != XA_STRING))
+        if (!transfer || (transfer->type != utf8 && transfer->type != XA_STRING)) {
             continue;
+        }
         // A zero byte would end the text in the clipboard's own format.
         const std::string bytes = transfer->bytes.substr(0, transfer->bytes.find('\0'));
         text = withCarriageReturns(transfer->type == utf8 ? utf8ToCodePage(bytes, Unmapped::QuestionMark) : bytes);
@@ -71,13 +74,16 @@ bool X11Clipboard::read(std::string& text) {
 }
 
 bool X11Clipboard::hasText() {
-    if (owned_)
+    if (owned_) {
         return !text_.empty();
-    if (XGetSelectionOwner(connection_.display(), connection_.atom(X11Atom::Clipboard)) == 0)
+    }
+    if (XGetSelectionOwner(connection_.display(), connection_.atom(X11Atom::Clipboard)) == 0) {
         return false;
+    }
     const auto targets = convert(connection_.atom(X11Atom::Targets), Clock::now() + kLongestWait);
-    if (!targets || targets->type != XA_ATOM)
+    if (!targets || targets->type != XA_ATOM) {
         return false;
+    }
     // Xlib hands out 32-bit items as longs.
     const auto* first = reinterpret_cast<const Atom*>(targets->bytes.data());
     const auto* last = first + targets->bytes.size() / sizeof(Atom);
@@ -97,17 +103,20 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::convert(Atom target, Clock::
     XDeleteProperty(display, window, property);
     XConvertSelection(display, connection_.atom(X11Atom::Clipboard), target, property, window, connection_.lastTime());
     do {
-        if (!waitFor(SelectionNotify, event, deadline))
+        if (!waitFor(SelectionNotify, event, deadline)) {
             return std::nullopt;
+        }
     } while (event.xselection.target != target);
-    if (event.xselection.property == 0)
+    if (event.xselection.property == 0) {
         return std::nullopt;
+    }
     // Notices about the property from here on announce pieces.
     while (XCheckTypedWindowEvent(display, window, PropertyNotify, &event) != False) {
     }
     auto transfer = takeProperty();
-    if (transfer && transfer->type == connection_.atom(X11Atom::Incr))
+    if (transfer && transfer->type == connection_.atom(X11Atom::Incr)) {
         return receivePieces(deadline);
+    }
     return transfer;
 }
 
@@ -121,13 +130,15 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::takeProperty() {
     const int result = XGetWindowProperty(connection_.display(), connection_.utilityWindow(),
                                           connection_.atom(X11Atom::TransferProperty), 0, kWholeProperty, True,
                                           AnyPropertyType, &transfer.type, &format, &count, &left, &data);
-    if (result != Success || data == nullptr)
+    if (result != Success || data == nullptr) {
         return std::nullopt;
+    }
     const std::size_t itemSize = format == 32 ? sizeof(long) : static_cast<std::size_t>(format) / 8;
     transfer.bytes.assign(reinterpret_cast<const char*>(data), count * itemSize);
     XFree(data);
-    if (transfer.type == 0)
+    if (transfer.type == 0) {
         return std::nullopt;
+    }
     return transfer;
 }
 
@@ -136,14 +147,17 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::receivePieces(Clock::time_po
     XEvent event;
     while (waitFor(PropertyNotify, event, deadline)) {
         if (event.xproperty.atom != connection_.atom(X11Atom::TransferProperty) ||
-            event.xproperty.state != PropertyNewValue)
+            event.xproperty.state != PropertyNewValue) {
             continue;
+        }
         const auto piece = takeProperty();
-        if (!piece)
+        if (!piece) {
             return std::nullopt;
+        }
         // An empty piece is the end.
-        if (piece->bytes.empty())
+        if (piece->bytes.empty()) {
             return whole;
+        }
         whole.type = piece->type;
         whole.bytes += piece->bytes;
     }
@@ -153,11 +167,13 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::receivePieces(Clock::time_po
 bool X11Clipboard::waitFor(int type, XEvent& event, Clock::time_point deadline) {
     ::Display* display = connection_.display();
     for (;;) {
-        if (XCheckTypedWindowEvent(display, connection_.utilityWindow(), type, &event) != False)
+        if (XCheckTypedWindowEvent(display, connection_.utilityWindow(), type, &event) != False) {
             return true;
+        }
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left.count() <= 0)
+        if (left.count() <= 0) {
             return false;
+        }
         XFlush(display);
         pollfd descriptor{ConnectionNumber(display), POLLIN, 0};
         poll(&descriptor, 1, static_cast<int>(left.count()));
@@ -196,22 +212,25 @@ bool X11Clipboard::answer(const XSelectionRequestEvent& request, Atom property) 
         return true;
     }
     // A request holds four bytes a unit, and a little of it is not text.
-    if (text_.size() > static_cast<std::size_t>(XMaxRequestSize(display)) * 4 - 256)
+    if (text_.size() > static_cast<std::size_t>(XMaxRequestSize(display)) * 4 - 256) {
         return false;
+    }
     if (request.target == XA_STRING) {
         connection_.setTextProperty(request.requestor, property, XA_STRING, utf8ToLatin1(text_));
         return true;
     }
-    if (!is(X11Atom::Utf8String) && !is(X11Atom::Utf8MimeText) && !is(X11Atom::Text))
+    if (!is(X11Atom::Utf8String) && !is(X11Atom::Utf8MimeText) && !is(X11Atom::Text)) {
         return false;
+    }
     const Atom type = is(X11Atom::Text) ? connection_.atom(X11Atom::Utf8String) : request.target;
     connection_.setTextProperty(request.requestor, property, type, text_);
     return true;
 }
 
 void X11Clipboard::onSelectionClear(const XSelectionClearEvent& event) {
-    if (event.selection == connection_.atom(X11Atom::Clipboard))
+    if (event.selection == connection_.atom(X11Atom::Clipboard)) {
         owned_ = false;
+    }
 }
 
 }  // namespace platform

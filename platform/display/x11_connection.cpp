@@ -50,8 +50,9 @@ bool isExpectedError(int code) {
 }
 
 int onError(::Display* display, XErrorEvent* error) {
-    if (display != ourDisplay)
+    if (display != ourDisplay) {
         return previousErrorHandler(display, error);
+    }
     if (!isExpectedError(error->error_code)) {
         std::array<char, 128> text{};
         XGetErrorText(display, error->error_code, text.data(), static_cast<int>(text.size()));
@@ -61,8 +62,9 @@ int onError(::Display* display, XErrorEvent* error) {
 }
 
 int onIoError(::Display* display) {
-    if (display != ourDisplay)
+    if (display != ourDisplay) {
         return previousIoErrorHandler(display);
+    }
     serverLost = true;
     std::fputs("tavrikwindow: the connection to the X server is lost\n", stderr);
     std::exit(1);
@@ -86,11 +88,13 @@ bool isByteMask(unsigned long mask) {
 
 std::unique_ptr<X11Connection> X11Connection::open() {
     ::Display* display = XOpenDisplay(nullptr);
-    if (display == nullptr)
+    if (display == nullptr) {
         return nullptr;
+    }
     std::unique_ptr<X11Connection> connection(new X11Connection(display));
-    if (!connection->chooseVisual())
+    if (!connection->chooseVisual()) {
         return nullptr;
+    }
     installErrorHandlers(display);
     connection->createShared();
     return connection;
@@ -101,24 +105,29 @@ X11Connection::X11Connection(::Display* display)
 
 X11Connection::~X11Connection() {
     // Every request on a lost connection ends in the handler that is just ending the process.
-    if (serverLost)
+    if (serverLost) {
         return;
-    if (gc_ != nullptr)
+    }
+    if (gc_ != nullptr) {
         XFreeGC(display_, gc_);
+    }
     XCloseDisplay(display_);
-    if (ourDisplay == display_)
+    if (ourDisplay == display_) {
         ourDisplay = nullptr;
+    }
 }
 
 bool X11Connection::chooseVisual() {
     // Depth 24 first: a visual of depth 32 may be seen through.
     if (XMatchVisualInfo(display_, screen_, 24, TrueColor, &visual_) == 0 &&
-        XMatchVisualInfo(display_, screen_, 32, TrueColor, &visual_) == 0)
+        XMatchVisualInfo(display_, screen_, 32, TrueColor, &visual_) == 0) {
         return false;
+    }
     const std::array<unsigned long, 3> masks = {visual_.red_mask, visual_.green_mask, visual_.blue_mask};
     for (std::size_t i = 0; i < masks.size(); ++i) {
-        if (!isByteMask(masks[i]))
+        if (!isByteMask(masks[i])) {
             return false;
+        }
         shifts_[i] = std::countr_zero(masks[i]);
     }
     const auto colours = static_cast<std::uint32_t>(masks[0] | masks[1] | masks[2]);
@@ -149,14 +158,15 @@ std::uint32_t X11Connection::pixel(std::uint32_t rgb) const {
 }
 
 void X11Connection::noteTime(const XEvent& event) {
-    if (event.type == KeyPress || event.type == KeyRelease)
+    if (event.type == KeyPress || event.type == KeyRelease) {
         lastTime_ = event.xkey.time;
-    else if (event.type == ButtonPress || event.type == ButtonRelease)
+    } else if (event.type == ButtonPress || event.type == ButtonRelease) {
         lastTime_ = event.xbutton.time;
-    else if (event.type == MotionNotify)
+    } else if (event.type == MotionNotify) {
         lastTime_ = event.xmotion.time;
-    else if (event.type == PropertyNotify)
+    } else if (event.type == PropertyNotify) {
         lastTime_ = event.xproperty.time;
+    }
 }
 
 void X11Connection::setAtomProperty(::Window window, X11Atom property, std::span<const Atom> values) {
@@ -175,8 +185,9 @@ void X11Connection::tellWindowManager(::Window window, X11Atom type, const std::
     event.xclient.window = window;
     event.xclient.message_type = atom(type);
     event.xclient.format = 32;
-    for (std::size_t i = 0; i < data.size(); ++i)
+    for (std::size_t i = 0; i < data.size(); ++i) {
         event.xclient.data.l[i] = data[i];
+    }
     XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
@@ -188,8 +199,9 @@ bool X11Connection::hasWindowManager() {
     unsigned char* data = nullptr;
     const int result = XGetWindowProperty(display_, root_, atom(X11Atom::NetSupportingWmCheck), 0, 1, False, XA_WINDOW,
                                           &type, &format, &count, &left, &data);
-    if (data != nullptr)
+    if (data != nullptr) {
         XFree(data);
+    }
     return result == Success && type == XA_WINDOW && count == 1;
 }
 

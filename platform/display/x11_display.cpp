@@ -31,16 +31,18 @@ X11Display::X11Display(std::unique_ptr<X11Connection> connection)
 
 X11Window* X11Display::find(HWND window) const {
     for (const auto& entry : windows_) {
-        if (entry->window() == window)
+        if (entry->window() == window) {
             return entry.get();
+        }
     }
     return nullptr;
 }
 
 X11Window* X11Display::findById(::Window id) const {
     for (const auto& entry : windows_) {
-        if (entry->id() == id)
+        if (entry->id() == id) {
             return entry.get();
+        }
     }
     return nullptr;
 }
@@ -55,49 +57,58 @@ void X11Display::createWindow(const DisplayWindowInfo& info) {
 
 void X11Display::destroyWindow(HWND window) {
     const X11Window* entry = find(window);
-    if (entry == nullptr)
+    if (entry == nullptr) {
         return;
+    }
     keyboard_.inputMethod().detach(entry->id());
     std::erase_if(windows_, [entry](const auto& candidate) { return candidate.get() == entry; });
     for (HWND* role : {&grabbed_, &serverFocus_, &reportedFocus_, &wantedFocus_}) {
-        if (*role == window)
+        if (*role == window) {
             *role = nullptr;
+        }
     }
 }
 
 void X11Display::show(HWND window, bool visible) {
-    if (X11Window* entry = find(window))
+    if (X11Window* entry = find(window)) {
         entry->show(visible);
+    }
 }
 
 void X11Display::setTitle(HWND window, const std::string& title) {
-    if (X11Window* entry = find(window))
+    if (X11Window* entry = find(window)) {
         entry->setTitle(title);
+    }
 }
 
 void X11Display::setRect(HWND window, const RECT& client) {
-    if (X11Window* entry = find(window))
+    if (X11Window* entry = find(window)) {
         entry->setRect(client);
+    }
 }
 
 void X11Display::raise(HWND window) {
-    if (const X11Window* entry = find(window))
+    if (const X11Window* entry = find(window)) {
         XRaiseWindow(connection_->display(), entry->id());
+    }
 }
 
 void X11Display::setTopmost(HWND window, bool topmost) {
-    if (X11Window* entry = find(window))
+    if (X11Window* entry = find(window)) {
         entry->setTopmost(topmost);
+    }
 }
 
 void X11Display::focus(HWND window) {
     const X11Window* entry = find(window);
-    if (entry == nullptr)
+    if (entry == nullptr) {
         return;
+    }
     wantedFocus_ = window;
     // A window that is not shown cannot have the focus; it asks again when the server has shown it.
-    if (entry->isMapped())
+    if (entry->isMapped()) {
         takeFocus(*entry);
+    }
 }
 
 void X11Display::takeFocus(const X11Window& window) {
@@ -118,10 +129,11 @@ void X11Display::takeFocus(const X11Window& window) {
 void X11Display::grabMouse(HWND popup) {
     grabbed_ = popup;
     const X11Window* entry = find(popup);
-    if (entry == nullptr)
+    if (entry == nullptr) {
         XUngrabPointer(connection_->display(), CurrentTime);
-    else if (entry->isMapped())
+    } else if (entry->isMapped()) {
         takeGrab(*entry);
+    }
 }
 
 void X11Display::takeGrab(const X11Window& window) {
@@ -131,29 +143,34 @@ void X11Display::takeGrab(const X11Window& window) {
 }
 
 void X11Display::present(HWND window, const Surface& surface, const RECT& rect) {
-    if (X11Window* entry = find(window))
+    if (X11Window* entry = find(window)) {
         entry->present(surface, rect);
+    }
 }
 
 ::Cursor X11Display::cursorOf(HCURSOR cursor) {
     const bool text = cursor == reinterpret_cast<HCURSOR>(IDC_IBEAM);
     ::Cursor& shape = text ? textCursor_ : arrow_;
-    if (shape == 0)
+    if (shape == 0) {
         shape = XCreateFontCursor(connection_->display(), text ? XC_xterm : XC_left_ptr);
+    }
     return shape;
 }
 
 void X11Display::setCursor(HCURSOR cursor) {
-    if (cursor == cursor_)
+    if (cursor == cursor_) {
         return;
+    }
     cursor_ = cursor;
-    for (const auto& window : windows_)
+    for (const auto& window : windows_) {
         XDefineCursor(connection_->display(), window->id(), cursorOf(cursor));
+    }
 }
 
 void X11Display::setCaretRect(HWND window, const RECT& rect) {
-    if (const X11Window* entry = find(window))
+    if (const X11Window* entry = find(window)) {
         keyboard_.inputMethod().setCaretRect(entry->id(), rect);
+    }
 }
 
 SIZE X11Display::screenSize() const {
@@ -179,16 +196,20 @@ void X11Display::beep() {
 int X11Display::pump(InputSink& sink, int timeoutMs) {
     const auto deadline = Clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0));
     for (;;) {
-        for (const auto& window : windows_)
+        for (const auto& window : windows_) {
             window->flushPresents();
+        }
         // Looking for events also sends what is pending.
-        if (const int delivered = drain(sink))
+        if (const int delivered = drain(sink)) {
             return delivered;
-        if (timeoutMs >= 0 && Clock::now() >= deadline)
+        }
+        if (timeoutMs >= 0 && Clock::now() >= deadline) {
             return 0;
+        }
         auto until = timeoutMs < 0 ? Clock::time_point::max() : deadline;
-        if (focusLossSettles_)
+        if (focusLossSettles_) {
             until = std::min(until, *focusLossSettles_);
+        }
         wait(until);
     }
 }
@@ -207,8 +228,9 @@ int X11Display::drain(InputSink& sink) {
     while (XPending(display) > 0) {
         XNextEvent(display, &event);
         connection_->noteTime(event);
-        if (XFilterEvent(&event, 0) == False)
+        if (XFilterEvent(&event, 0) == False) {
             delivered += dispatch(event, sink);
+        }
     }
     return delivered + reportFocus(sink);
 }
@@ -263,10 +285,12 @@ int X11Display::dispatchToWindow(XEvent& event, X11Window& window, InputSink& si
             return 0;
         case MapNotify:
             window.onMapNotify();
-            if (window.window() == wantedFocus_)
+            if (window.window() == wantedFocus_) {
                 takeFocus(window);
-            if (window.window() == grabbed_)
+            }
+            if (window.window() == grabbed_) {
                 takeGrab(window);
+            }
             return 0;
         default:
             return 0;
@@ -282,8 +306,9 @@ int X11Display::onMouseButton(const XButtonEvent& event, HWND window, InputSink&
         sink.mouse(window, down ? InputSink::Mouse::Down : InputSink::Mouse::Up, button, at, time);
         return 1;
     }
-    if (!down || (event.button != Button4 && event.button != Button5))
+    if (!down || (event.button != Button4 && event.button != Button5)) {
         return 0;
+    }
     sink.modifiers(keyboard_.modifiersOf(event.state));
     sink.wheel(window, event.button == Button4 ? kWheelStep : -kWheelStep, at, time);
     return 1;
@@ -295,8 +320,9 @@ int X11Display::onMouseMove(const XMotionEvent& event, HWND window, InputSink& s
     if (XEventsQueued(display, QueuedAlready) > 0) {
         XEvent next;
         XPeekEvent(display, &next);
-        if (next.type == MotionNotify && next.xmotion.window == event.window && next.xmotion.state == event.state)
+        if (next.type == MotionNotify && next.xmotion.window == event.window && next.xmotion.state == event.state) {
             return 0;
+        }
     }
     sink.modifiers(keyboard_.modifiersOf(event.state));
     sink.mouse(window, InputSink::Mouse::Move, 0, {event.x, event.y}, static_cast<DWORD>(event.time));
@@ -304,8 +330,9 @@ int X11Display::onMouseMove(const XMotionEvent& event, HWND window, InputSink& s
 }
 
 int X11Display::onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink) {
-    if (event.message_type != connection_->atom(X11Atom::WmProtocols))
+    if (event.message_type != connection_->atom(X11Atom::WmProtocols)) {
         return 0;
+    }
     ::Display* display = connection_->display();
     const auto protocol = static_cast<Atom>(event.data.l[0]);
     if (protocol == connection_->atom(X11Atom::WmDeleteWindow)) {
@@ -323,8 +350,9 @@ int X11Display::onClientMessage(const XClientMessageEvent& event, X11Window& win
 
 int X11Display::onConfigureNotify(const XConfigureEvent& event, X11Window& window, InputSink& sink) {
     const RECT old = window.rect();
-    if (!window.onConfigureNotify(event))
+    if (!window.onConfigureNotify(event)) {
         return 0;
+    }
     const RECT now = window.rect();
     const HWND handle = window.window();
     int delivered = 0;
@@ -342,8 +370,9 @@ int X11Display::onConfigureNotify(const XConfigureEvent& event, X11Window& windo
 void X11Display::onFocusChange(const XFocusChangeEvent& event, X11Window& window) {
     // A grab borrows the keyboard, and the pointer details say where keys go while no window has the focus at all.
     const bool borrowed = event.mode == NotifyGrab || event.mode == NotifyUngrab;
-    if (borrowed || event.detail == NotifyInferior || event.detail == NotifyPointer)
+    if (borrowed || event.detail == NotifyInferior || event.detail == NotifyPointer) {
         return;
+    }
     focusNotedBy_ = event.serial;
     if (event.type == FocusIn) {
         serverFocus_ = window.window();
@@ -362,18 +391,23 @@ void X11Display::onFocusChange(const XFocusChangeEvent& event, X11Window& window
 int X11Display::reportFocus(InputSink& sink) {
     // While a request of ours is under way, older notices and a focus in between tell nothing.
     const bool stale = focusNotedBy_ < focusAskedBy_ || (serverFocus_ == nullptr && wantedFocus_ != nullptr);
-    if (focusLossSettles_ && Clock::now() >= *focusLossSettles_)
+    if (focusLossSettles_ && Clock::now() >= *focusLossSettles_) {
         focusLossSettles_.reset();
-    if (serverFocus_ == reportedFocus_ || stale || focusLossSettles_)
+    }
+    if (serverFocus_ == reportedFocus_ || stale || focusLossSettles_) {
         return 0;
+    }
     const HWND lost = reportedFocus_;
     reportedFocus_ = serverFocus_;
-    if (reportedFocus_ == nullptr)
+    if (reportedFocus_ == nullptr) {
         keyboard_.forgetPressedKeys();
-    if (lost != nullptr)
+    }
+    if (lost != nullptr) {
         sink.focusOut(lost);
-    if (reportedFocus_ != nullptr)
+    }
+    if (reportedFocus_ != nullptr) {
         sink.focusIn(reportedFocus_);
+    }
     return 1;
 }
 

@@ -23,8 +23,9 @@ public:
     CharacterLocale() : saved_(std::setlocale(LC_CTYPE, nullptr)) {
         const char* user = std::setlocale(LC_CTYPE, "");
         const bool plain = user == nullptr || std::string(user) == "C" || std::string(user) == "POSIX";
-        if (plain || XSupportsLocale() == False)
+        if (plain || XSupportsLocale() == False) {
             std::setlocale(LC_CTYPE, "C.UTF-8");
+        }
     }
     ~CharacterLocale() { std::setlocale(LC_CTYPE, saved_.c_str()); }
     CharacterLocale(const CharacterLocale&) = delete;
@@ -43,24 +44,28 @@ X11InputMethod::X11InputMethod(::Display* display) : display_(display) {
 X11InputMethod::~X11InputMethod() {
     if (method_ != nullptr) {
         for (const Context& context : contexts_) {
-            if (context.handle != nullptr)
+            if (context.handle != nullptr) {
                 XDestroyIC(context.handle);
+            }
         }
         XCloseIM(method_);
     }
-    if (fontSet_ != nullptr)
+    if (fontSet_ != nullptr) {
         XFreeFontSet(display_, fontSet_);
+    }
 }
 
 void X11InputMethod::open() {
     const CharacterLocale locale;
     // First the method that the user's environment names, then the library's own, which knows the dead keys.
     for (const char* modifiers : {"", "@im=none"}) {
-        if (XSetLocaleModifiers(modifiers) == nullptr)
+        if (XSetLocaleModifiers(modifiers) == nullptr) {
             continue;
+        }
         method_ = XOpenIM(display_, nullptr, nullptr, nullptr);
-        if (method_ == nullptr)
+        if (method_ == nullptr) {
             continue;
+        }
         XIMCallback destroyed{reinterpret_cast<XPointer>(this), onDestroyed};
         XSetIMValues(method_, XNDestroyCallback, &destroyed, nullptr);
         chooseStyle();
@@ -71,8 +76,9 @@ void X11InputMethod::open() {
 void X11InputMethod::chooseStyle() {
     XIMStyles* offered = nullptr;
     style_ = kOwnWindow;
-    if (XGetIMValues(method_, XNQueryInputStyle, &offered, nullptr) != nullptr || offered == nullptr)
+    if (XGetIMValues(method_, XNQueryInputStyle, &offered, nullptr) != nullptr || offered == nullptr) {
         return;
+    }
     const auto offers = [offered](XIMStyle style) {
         XIMStyle* end = offered->supported_styles + offered->count_styles;
         return std::find(offered->supported_styles, end, style) != end;
@@ -83,10 +89,11 @@ void X11InputMethod::chooseStyle() {
         fontSet_ = XCreateFontSet(display_, "-*-*-medium-r-normal--13-*,*", &missing, &missingCount, nullptr);
         XFreeStringList(missing);
     }
-    if (offers(kAtCaret) && fontSet_ != nullptr)
+    if (offers(kAtCaret) && fontSet_ != nullptr) {
         style_ = kAtCaret;
-    else if (!offers(kOwnWindow) && offers(kInvisible))
+    } else if (!offers(kOwnWindow) && offers(kInvisible)) {
         style_ = kInvisible;
+    }
     XFree(offered);
 }
 
@@ -94,11 +101,13 @@ void X11InputMethod::chooseStyle() {
 void X11InputMethod::onDestroyed(XIM, XPointer self, XPointer) {
     auto& input = *reinterpret_cast<X11InputMethod*>(self);
     input.method_ = nullptr;
-    for (Context& context : input.contexts_)
+    for (Context& context : input.contexts_) {
         context.handle = nullptr;
+    }
     input.open();
-    for (Context& context : input.contexts_)
+    for (Context& context : input.contexts_) {
         context.handle = input.createContext(context.window);
+    }
 }
 
 void X11InputMethod::attach(::Window window) {
@@ -106,16 +115,19 @@ void X11InputMethod::attach(::Window window) {
 }
 
 void X11InputMethod::detach(::Window window) {
-    if (const XIC context = contextOf(window))
+    if (const XIC context = contextOf(window)) {
         XDestroyIC(context);
+    }
     std::erase_if(contexts_, [window](const Context& context) { return context.window == window; });
 }
 
 XIC X11InputMethod::createContext(::Window window) {
-    if (method_ == nullptr)
+    if (method_ == nullptr) {
         return nullptr;
-    if (style_ != kAtCaret)
+    }
+    if (style_ != kAtCaret) {
         return XCreateIC(method_, XNInputStyle, style_, XNClientWindow, window, XNFocusWindow, window, nullptr);
+    }
     XPoint spot{};
     XVaNestedList preedit = XVaCreateNestedList(0, XNSpotLocation, &spot, XNFontSet, fontSet_, nullptr);
     const XIC context = XCreateIC(method_, XNInputStyle, style_, XNClientWindow, window, XNFocusWindow, window,
@@ -126,26 +138,30 @@ XIC X11InputMethod::createContext(::Window window) {
 
 XIC X11InputMethod::contextOf(::Window window) const {
     for (const Context& context : contexts_) {
-        if (context.window == window)
+        if (context.window == window) {
             return context.handle;
+        }
     }
     return nullptr;
 }
 
 void X11InputMethod::focusIn(::Window window) {
-    if (const XIC context = contextOf(window))
+    if (const XIC context = contextOf(window)) {
         XSetICFocus(context);
+    }
 }
 
 void X11InputMethod::focusOut(::Window window) {
-    if (const XIC context = contextOf(window))
+    if (const XIC context = contextOf(window)) {
         XUnsetICFocus(context);
+    }
 }
 
 void X11InputMethod::setCaretRect(::Window window, const RECT& rect) {
     const XIC context = contextOf(window);
-    if (context == nullptr || style_ != kAtCaret)
+    if (context == nullptr || style_ != kAtCaret) {
         return;
+    }
     XPoint spot{static_cast<short>(rect.left), static_cast<short>(rect.bottom)};
     XVaNestedList preedit = XVaCreateNestedList(0, XNSpotLocation, &spot, nullptr);
     XSetICValues(context, XNPreeditAttributes, preedit, nullptr);
@@ -168,10 +184,12 @@ std::string X11InputMethod::lookup(XKeyEvent& event, KeySym& symbol) {
         text.resize(static_cast<std::size_t>(length));
         length = Xutf8LookupString(context, &event, text.data(), length, &symbol, &status);
     }
-    if (status != XLookupKeySym && status != XLookupBoth)
+    if (status != XLookupKeySym && status != XLookupBoth) {
         symbol = NoSymbol;
-    if (status != XLookupChars && status != XLookupBoth)
+    }
+    if (status != XLookupChars && status != XLookupBoth) {
         return {};
+    }
     return utf8ToCodePage({text.data(), static_cast<std::size_t>(length)}, Unmapped::Drop);
 }
 

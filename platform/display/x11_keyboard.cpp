@@ -28,11 +28,13 @@ constexpr EditingKey kEditingKeys[] = {
 std::string characterText(int virtualKey, const std::string& typed, unsigned modifiers) {
     const bool control = (modifiers & MK_CONTROL) != 0;
     for (const EditingKey& key : kEditingKeys) {
-        if (key.virtualKey == virtualKey)
+        if (key.virtualKey == virtualKey) {
             return control ? key.withControl : key.text;
+        }
     }
-    if (!control)
+    if (!control) {
         return typed;
+    }
     // With Control only letters give characters, the control characters 1 to 26; with Alt too, none do.
     const bool letter = virtualKey >= 'A' && virtualKey <= 'Z';
     const bool alt = (modifiers & InputSink::kAlt) != 0;
@@ -60,23 +62,26 @@ void X11Keyboard::readModifierMasks() {
         const KeyCode code = map->modifiermap[i];
         const unsigned mask = 1U << (i / map->max_keypermod);
         // The first three modifiers have a fixed meaning.
-        if (code == 0 || mask <= ControlMask)
+        if (code == 0 || mask <= ControlMask) {
             continue;
+        }
         const KeySym symbol = XkbKeycodeToKeysym(display_, code, 0, 0);
-        if (symbol == XK_Alt_L || symbol == XK_Alt_R)
+        if (symbol == XK_Alt_L || symbol == XK_Alt_R) {
             altMask_ |= mask;
-        else if (symbol == XK_Num_Lock)
+        } else if (symbol == XK_Num_Lock) {
             numLockMask_ |= mask;
-        else if (isThirdLevelShift(symbol))
+        } else if (isThirdLevelShift(symbol)) {
             thirdLevelMask_ |= mask;
+        }
     }
     XFreeModifiermap(map);
 }
 
 void X11Keyboard::onMappingNotify(XMappingEvent& event) {
     XRefreshKeyboardMapping(&event);
-    if (event.request != MappingPointer)
+    if (event.request != MappingPointer) {
         readModifierMasks();
+    }
 }
 
 unsigned X11Keyboard::modifiersOf(unsigned state) const {
@@ -92,21 +97,24 @@ unsigned X11Keyboard::modifiersOf(unsigned state) const {
                         {thirdLevelMask_, MK_CONTROL | InputSink::kAlt}};
     unsigned modifiers = 0;
     for (const Bit& bit : bits) {
-        if ((state & bit.mask) != 0)
+        if ((state & bit.mask) != 0) {
             modifiers |= bit.modifier;
+        }
     }
     return modifiers;
 }
 
 int X11Keyboard::virtualKeyOf(XKeyEvent& event, KeySym symbol) const {
     // On the keypad the number lock decides which key it is.
-    if (IsKeypadKey(symbol))
+    if (IsKeypadKey(symbol)) {
         return virtualKeyOfSymbol(symbol);
+    }
     const unsigned group = XkbGroupForCoreState(event.state);
     for (const unsigned level : {0U, 1U}) {
         const KeySym plain = XkbKeycodeToKeysym(display_, static_cast<KeyCode>(event.keycode), group, level);
-        if (const int key = virtualKeyOfSymbol(plain))
+        if (const int key = virtualKeyOfSymbol(plain)) {
             return key;
+        }
     }
     return virtualKeyOfSymbol(symbol);
 }
@@ -114,15 +122,17 @@ int X11Keyboard::virtualKeyOf(XKeyEvent& event, KeySym symbol) const {
 bool X11Keyboard::onKeyPress(XKeyEvent& event, InputSink& sink) {
     KeySym symbol = NoSymbol;
     const std::string typed = inputMethod_.lookup(event, symbol);
-    if (isThirdLevelShift(symbol))
+    if (isThirdLevelShift(symbol)) {
         return false;
+    }
     const bool thirdLevel = (event.state & thirdLevelMask_) != 0 && isPrintable(typed);
     const unsigned modifiers = modifiersOf(thirdLevel ? event.state & ~thirdLevelMask_ : event.state);
     // Key code 0 marks text from an input method.
     const int key = event.keycode != 0 ? virtualKeyOf(event, symbol) : 0;
     const std::string text = key != 0 ? characterText(key, typed, modifiers) : typed;
-    if (key == 0 && text.empty())
+    if (key == 0 && text.empty()) {
         return false;
+    }
     const std::size_t code = event.keycode & 0xFF;
     const bool repeat = pressed_.test(code);
     pressed_.set(code, code != 0);
@@ -133,14 +143,16 @@ bool X11Keyboard::onKeyPress(XKeyEvent& event, InputSink& sink) {
 
 bool X11Keyboard::onKeyRelease(XKeyEvent& event, InputSink& sink) {
     const std::size_t code = event.keycode & 0xFF;
-    if (!pressed_.test(code))
+    if (!pressed_.test(code)) {
         return false;
+    }
     pressed_.reset(code);
     KeySym symbol = NoSymbol;
     XLookupString(&event, nullptr, 0, &symbol, nullptr);
     const int key = virtualKeyOf(event, symbol);
-    if (key == 0)
+    if (key == 0) {
         return false;
+    }
     sink.modifiers(modifiersOf(event.state));
     sink.key(key, false, false, {}, static_cast<DWORD>(event.time));
     return true;

@@ -117,8 +117,9 @@ constexpr auto kRuns = std::to_array<KeyRun>({
 
 int virtualKeyOfSymbol(KeySym symbol) {
     for (const KeyRun& run : kRuns) {
-        if (symbol >= run.first && symbol <= run.last)
+        if (symbol >= run.first && symbol <= run.last) {
             return run.virtualKey + static_cast<int>(symbol - run.first);
+        }
     }
     static_assert(std::is_sorted(kKeys.begin(), kKeys.end(),
                                  [](const KeyRow& a, const KeyRow& b) { return a.symbol < b.symbol; }));

@@ -35,8 +35,9 @@ std::uint32_t backgroundColour() {
 std::string latin1(const std::string& text) {
     std::string result = text;
     for (char& c : result) {
-        if (characterOfByte(static_cast<unsigned char>(c)) > 0xFF)
+        if (characterOfByte(static_cast<unsigned char>(c)) > 0xFF) {
             c = '?';
+        }
     }
     return result;
 }
@@ -87,8 +88,9 @@ void X11Window::setWindowManagerHints(::Window owner) {
     const long process = getpid();
     XChangeProperty(display, id_, connection_.atom(X11Atom::NetWmPid), XA_CARDINAL, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(&process), 1);
-    if (owner != 0)
+    if (owner != 0) {
         XSetTransientForHint(display, id_, owner);
+    }
 
     constexpr std::array<X11Atom, 3> kTypes = {X11Atom::NetWmWindowTypeNormal, X11Atom::NetWmWindowTypeDialog,
                                                X11Atom::NetWmWindowTypeCombo};
@@ -96,8 +98,9 @@ void X11Window::setWindowManagerHints(::Window owner) {
     connection_.setAtomProperty(id_, X11Atom::NetWmWindowType, type);
     // Dialogs with an owner are modal to it: their owner is disabled while they are shown.
     modal_ = kind_ == DisplayWindowInfo::Kind::Dialog && owner != 0;
-    if (kind_ == DisplayWindowInfo::Kind::Popup)
+    if (kind_ == DisplayWindowInfo::Kind::Popup) {
         return;
+    }
     const std::array<Atom, 2> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
                                            connection_.atom(X11Atom::NetWmPing)};
     connection_.setAtomProperty(id_, X11Atom::WmProtocols, protocols);
@@ -105,8 +108,9 @@ void X11Window::setWindowManagerHints(::Window owner) {
 
 // A dialog has a title and a close box, but is neither made an icon nor enlarged.
 void X11Window::setDecorationHints() {
-    if (kind_ != DisplayWindowInfo::Kind::Dialog || resizable_)
+    if (kind_ != DisplayWindowInfo::Kind::Dialog || resizable_) {
         return;
+    }
     constexpr unsigned long kFunctionsAndDecorations = 1 | 2;
     constexpr unsigned long kMoveAndClose = 4 | 32;
     constexpr unsigned long kBorderTitleAndMenu = 2 | 8 | 16;
@@ -121,10 +125,12 @@ void X11Window::setSizeHints() {
     // With static gravity the place is that of the client area, whatever frame comes around it.
     hints.flags = PSize | PWinGravity;
     hints.win_gravity = StaticGravity;
-    if (positioned_)
+    if (positioned_) {
         hints.flags |= USPosition | PPosition;
-    if (!resizable_)
+    }
+    if (!resizable_) {
         hints.flags |= PMinSize | PMaxSize;
+    }
     hints.x = rect_.left;
     hints.y = rect_.top;
     hints.width = hints.min_width = hints.max_width = static_cast<int>(extent(rect_.left, rect_.right));
@@ -133,8 +139,9 @@ void X11Window::setSizeHints() {
 }
 
 void X11Window::show(bool visible) {
-    if (visible == shown_)
+    if (visible == shown_) {
         return;
+    }
     shown_ = visible;
     ::Display* display = connection_.display();
     if (visible) {
@@ -152,8 +159,9 @@ void X11Window::setTitle(const std::string& title) {
 }
 
 void X11Window::setRect(const RECT& client) {
-    if (sameRect(client, rect_))
+    if (sameRect(client, rect_)) {
         return;
+    }
     rect_ = client;
     positioned_ = true;
     setSizeHints();
@@ -163,13 +171,16 @@ void X11Window::setRect(const RECT& client) {
 }
 
 void X11Window::setTopmost(bool topmost) {
-    if (topmost == topmost_)
+    if (topmost == topmost_) {
         return;
+    }
     topmost_ = topmost;
-    if (shown_)
+    if (shown_) {
         setState(X11Atom::NetWmStateAbove, topmost);
-    if (topmost)
+    }
+    if (topmost) {
         XRaiseWindow(connection_.display(), id_);
+    }
 }
 
 // A shown window's state belongs to the window manager, which is asked to change it.
@@ -181,21 +192,25 @@ void X11Window::setState(X11Atom state, bool on) {
 
 void X11Window::writeState() {
     std::vector<Atom> states;
-    if (modal_)
+    if (modal_) {
         states.push_back(connection_.atom(X11Atom::NetWmStateModal));
-    if (topmost_)
+    }
+    if (topmost_) {
         states.push_back(connection_.atom(X11Atom::NetWmStateAbove));
+    }
     connection_.setAtomProperty(id_, X11Atom::NetWmState, states);
 }
 
 void X11Window::present(const Surface& surface, const RECT& rect) {
     surface_ = &surface;
     RECT part = intersectionOf(rect, {0, 0, surface.width(), surface.height()});
-    if (isEmptyRect(part))
+    if (isEmptyRect(part)) {
         return;
+    }
     if (pending_.size() >= kMostPendingParts) {
-        for (const RECT& other : pending_)
+        for (const RECT& other : pending_) {
             part = boundsOf(part, other);
+        }
         pending_.clear();
     }
     // Joining two parts may make the result meet a third one, so the search starts over.
@@ -212,10 +227,12 @@ void X11Window::present(const Surface& surface, const RECT& rect) {
 }
 
 void X11Window::flushPresents() {
-    if (!exposed_)
+    if (!exposed_) {
         return;  // The exposure that is still to come shows everything.
-    for (const RECT& part : pending_)
+    }
+    for (const RECT& part : pending_) {
         putImage(part);
+    }
     pending_.clear();
 }
 
@@ -230,15 +247,18 @@ void X11Window::onReparentNotify(const XReparentEvent& event) {
 
 void X11Window::onExpose(const XExposeEvent& event) {
     exposed_ = true;
-    if (surface_ != nullptr)
+    if (surface_ != nullptr) {
         present(*surface_, {event.x, event.y, event.x + event.width, event.y + event.height});
-    if (event.count == 0)
+    }
+    if (event.count == 0) {
         flushPresents();
+    }
 }
 
 bool X11Window::onConfigureNotify(const XConfigureEvent& event) {
-    if (event.serial < placedBy_)
+    if (event.serial < placedBy_) {
         return false;
+    }
     POINT origin = {event.x, event.y};
     if (event.send_event == False && reparented_) {
         // Inside a frame the server reports the place within it; only the window manager's own notices are of the
@@ -252,8 +272,9 @@ bool X11Window::onConfigureNotify(const XConfigureEvent& event) {
 
 void X11Window::putImage(const RECT& rect) {
     const RECT part = intersectionOf(rect, {0, 0, surface_->width(), surface_->height()});
-    if (isEmptyRect(part))
+    if (isEmptyRect(part)) {
         return;
+    }
     const int width = part.right - part.left;
     const int height = part.bottom - part.top;
     std::vector<std::uint32_t> converted;
@@ -263,8 +284,9 @@ void X11Window::putImage(const RECT& rect) {
         converted.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
         for (int y = 0; y < height; ++y) {
             const std::uint32_t* row = pixels + static_cast<std::ptrdiff_t>(y) * stride;
-            for (int x = 0; x < width; ++x)
+            for (int x = 0; x < width; ++x) {
                 converted.push_back(connection_.pixel(row[x]));
+            }
         }
         pixels = converted.data();
         stride = width;
@@ -286,9 +308,10 @@ void X11Window::putImage(const RECT& rect) {
     image.red_mask = visual.red_mask;
     image.green_mask = visual.green_mask;
     image.blue_mask = visual.blue_mask;
-    if (XInitImage(&image) != 0)
+    if (XInitImage(&image) != 0) {
         XPutImage(connection_.display(), id_, connection_.gc(), &image, 0, 0, part.left, part.top,
                   static_cast<unsigned>(width), static_cast<unsigned>(height));
+    }
 }
 
 }  // namespace platform

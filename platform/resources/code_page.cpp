@@ -18,18 +18,21 @@ constexpr char32_t kMalformed = 0xFFFFFFFF;
 
 void appendByte(std::string& text, char32_t character, Unmapped unmapped) {
     const int byte = byteOfCharacter(character);
-    if (byte >= 0)
+    if (byte >= 0) {
         text += static_cast<char>(byte);
-    else if (unmapped == Unmapped::QuestionMark)
+    } else if (unmapped == Unmapped::QuestionMark) {
         text += '?';
+    }
 }
 
 // Number of bytes that follow a leading byte in UTF-8; -1 when the byte leads nothing.
 int followingBytes(unsigned char lead) {
-    if (lead < 0x80)
+    if (lead < 0x80) {
         return 0;
-    if (lead < 0xC2 || lead > 0xF4)
+    }
+    if (lead < 0xC2 || lead > 0xF4) {
         return -1;
+    }
     return lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
 }
 
@@ -37,21 +40,25 @@ int followingBytes(unsigned char lead) {
 char32_t nextCharacter(std::string_view text, std::size_t& at) {
     const auto lead = static_cast<unsigned char>(text[at++]);
     const int following = followingBytes(lead);
-    if (following <= 0)
+    if (following <= 0) {
         return following == 0 ? lead : kMalformed;
+    }
     const auto count = static_cast<std::size_t>(following);
-    if (text.size() - at < count)
+    if (text.size() - at < count) {
         return kMalformed;
+    }
     char32_t character = lead & (0x3FU >> following);
     for (std::size_t i = 0; i < count; ++i) {
         const auto byte = static_cast<unsigned char>(text[at + i]);
-        if ((byte & 0xC0U) != 0x80)
+        if ((byte & 0xC0U) != 0x80) {
             return kMalformed;
+        }
         character = (character << 6) | (byte & 0x3FU);
     }
     constexpr std::array<char32_t, 4> kSmallest = {0, 0x80, 0x800, 0x10000};
-    if (character < kSmallest[count])
+    if (character < kSmallest[count]) {
         return kMalformed;
+    }
     at += count;
     return character;
 }
@@ -68,8 +75,9 @@ char32_t characterOfByte(unsigned char byte) {
 }
 
 int byteOfCharacter(char32_t character) {
-    if (character < kFirstOwnByte || (character >= 0xA0 && character <= 0xFF))
+    if (character < kFirstOwnByte || (character >= 0xA0 && character <= 0xFF)) {
         return static_cast<int>(character);
+    }
     const auto* own = std::find(kOwnCharacters.begin(), kOwnCharacters.end(), character);
     return own == kOwnCharacters.end() ? -1 : static_cast<int>(kFirstOwnByte + (own - kOwnCharacters.begin()));
 }
@@ -80,8 +88,9 @@ std::string utf16ToCodePage(std::u16string_view text, Unmapped unmapped) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         // Both halves of a pair are one character, and none of those is in the code page.
         const bool pair = isSurrogate(text[at], 0xD800) && at + 1 < text.size() && isSurrogate(text[at + 1], 0xDC00);
-        if (pair)
+        if (pair) {
             ++at;
+        }
         appendByte(bytes, text[at], unmapped);
     }
     return bytes;
@@ -90,16 +99,18 @@ std::string utf16ToCodePage(std::u16string_view text, Unmapped unmapped) {
 std::u16string codePageToUtf16(std::string_view text) {
     std::u16string units;
     units.reserve(text.size());
-    for (const char byte : text)
+    for (const char byte : text) {
         units += static_cast<char16_t>(characterOfByte(static_cast<unsigned char>(byte)));
+    }
     return units;
 }
 
 std::string utf8ToCodePage(std::string_view text, Unmapped unmapped) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();)
+    for (std::size_t at = 0; at < text.size();) {
         appendByte(bytes, nextCharacter(text, at), unmapped);
+    }
     return bytes;
 }
 
@@ -125,10 +136,12 @@ std::string codePageToUtf8(std::string_view text) {
 
 char codePageUpper(char byte) {
     const auto code = static_cast<unsigned char>(byte);
-    if ((code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7))
+    if ((code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7)) {
         return static_cast<char>(code - 0x20);
-    if (code == 0x9A || code == 0x9C || code == 0x9E)
+    }
+    if (code == 0x9A || code == 0x9C || code == 0x9E) {
         return static_cast<char>(code - 0x10);
+    }
     return code == 0xFF ? static_cast<char>(0x9F) : byte;
 }
 

@@ -20,8 +20,9 @@ template <typename Visit>
 void forEachModule(Visit visit) {
     const auto step = [](dl_phdr_info* info, std::size_t, void* context) -> int {
         const auto* headers = info->dlpi_phdr;
-        if (info->dlpi_phnum == 0)
+        if (info->dlpi_phnum == 0) {
             return 0;
+        }
         // The program headers lie in the first loaded page of their object.
         const HMODULE module = moduleOfAddress(headers);
         return module != nullptr && (*static_cast<Visit*>(context))(module, info->dlpi_name) ? 1 : 0;
@@ -42,10 +43,12 @@ std::string fileOf(HMODULE module, const char* loaderName) {
 std::string moduleStem(const std::string& path) {
     std::string stem = path.substr(path.find_last_of("/\\") + 1);
     std::transform(stem.begin(), stem.end(), stem.begin(), codePageUpper);
-    if (stem.starts_with("LIB"))
+    if (stem.starts_with("LIB")) {
         stem.erase(0, 3);
-    for (const char* extension : {".SO", ".DLL", ".EXE"})
+    }
+    for (const char* extension : {".SO", ".DLL", ".EXE"}) {
         stem = stem.substr(0, stem.find(extension));
+    }
     return stem;
 }
 
@@ -66,8 +69,9 @@ HMODULE moduleOfName(const std::string& name) {
     const std::string wanted = moduleStem(name);
     HMODULE found = nullptr;
     forEachModule([&](HMODULE module, const char* loaderName) {
-        if (moduleStem(fileOf(module, loaderName)) != wanted)
+        if (moduleStem(fileOf(module, loaderName)) != wanted) {
             return false;
+        }
         found = module;
         return true;
     });
@@ -77,8 +81,9 @@ HMODULE moduleOfName(const std::string& name) {
 std::string moduleFile(HMODULE module) {
     std::string file;
     forEachModule([&](HMODULE candidate, const char* loaderName) {
-        if (candidate != module)
+        if (candidate != module) {
             return false;
+        }
         file = fileOf(module, loaderName);
         return true;
     });

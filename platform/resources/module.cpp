@@ -31,8 +31,9 @@ std::vector<std::unique_ptr<ModuleResources>>& registeredModules() {
 const ResourceIndex* indexOf(HMODULE module) {
     const HMODULE wanted = module != nullptr ? module : programModule();
     for (const auto& entry : registeredModules()) {
-        if (entry->module == wanted)
+        if (entry->module == wanted) {
             return &entry->index;
+        }
     }
     return nullptr;
 }
@@ -52,8 +53,9 @@ std::string stringOfBlock(std::span<const std::byte> block, unsigned number) {
         WORD length = 0;
         std::memcpy(&length, block.data() + at, sizeof length);
         at += sizeof length;
-        if (length * sizeof(char16_t) > block.size() - at)
+        if (length * sizeof(char16_t) > block.size() - at) {
             break;
+        }
         if (i == number) {
             std::u16string text(length, u'\0');
             std::memcpy(text.data(), block.data() + at, length * sizeof(char16_t));
@@ -77,8 +79,9 @@ using namespace platform;
 
 void TavrikRegisterResources(const void* begin, const void* end) {
     const HMODULE module = moduleOfAddress(begin);
-    if (module == nullptr || begin >= end)
+    if (module == nullptr || begin >= end) {
         return;
+    }
     const auto* first = static_cast<const std::byte*>(begin);
     auto resources = std::make_unique<ModuleResources>(
         ModuleResources{module, ResourceIndex({first, static_cast<const std::byte*>(end)})});
@@ -95,12 +98,14 @@ HMODULE GetModuleHandleA(LPCSTR name) {
 }
 
 BOOL GetModuleHandleExA(DWORD flags, LPCSTR nameOrAddress, HMODULE* module) {
-    if ((flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) != 0)
+    if ((flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) != 0) {
         *module = moduleOfAddress(nameOrAddress);
-    else
+    } else {
         *module = nameOrAddress != nullptr ? moduleOfName(nameOrAddress) : programModule();
-    if (*module == nullptr)
+    }
+    if (*module == nullptr) {
         SetLastError(ERROR_MOD_NOT_FOUND);
+    }
     return *module != nullptr ? TRUE : FALSE;
 }
 
@@ -113,8 +118,9 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
     }
     const bool fits = file.size() < size;
     SetLastError(fits ? ERROR_SUCCESS : ERROR_INSUFFICIENT_BUFFER);
-    if (size == 0)
+    if (size == 0) {
         return 0;
+    }
     const std::size_t copied = std::min<std::size_t>(file.size(), size - 1);
     std::memcpy(path, file.data(), copied);
     path[copied] = '\0';
@@ -147,13 +153,15 @@ DWORD SizeofResource(HMODULE, HRSRC resource) {
 }
 
 int LoadStringA(HINSTANCE instance, UINT id, LPSTR text, int size) {
-    if (size <= 0 || text == nullptr)
+    if (size <= 0 || text == nullptr) {
         return -1;
+    }
     const unsigned number = LOWORD(id);
     const auto* resource = FindResourceA(instance, MAKEINTRESOURCEA(number / kStringsPerBlock + 1), RT_STRING);
     std::string found;
-    if (resource != nullptr)
+    if (resource != nullptr) {
         found = stringOfBlock(reinterpret_cast<const ResourceEntry*>(resource)->data, number % kStringsPerBlock);
+    }
     const std::size_t copied = std::min(found.size(), static_cast<std::size_t>(size) - 1);
     std::memcpy(text, found.data(), copied);
     text[copied] = '\0';
@@ -162,8 +170,9 @@ int LoadStringA(HINSTANCE instance, UINT id, LPSTR text, int size) {
 
 HBITMAP LoadBitmapA(HINSTANCE instance, LPCSTR name) {
     const HRSRC resource = FindResourceA(instance, name, RT_BITMAP);
-    if (resource == nullptr)
+    if (resource == nullptr) {
         return nullptr;
+    }
     const auto data = reinterpret_cast<const ResourceEntry*>(resource)->data;
     return bitmapFromPackedDib(data.data(), data.size());
 }

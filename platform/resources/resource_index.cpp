@@ -47,14 +47,16 @@ std::optional<ResourceName> readName(std::span<const std::byte> header, std::siz
         const WORD unit = readAt<WORD>(header, at);
         at += sizeof(WORD);
         if (text.empty() && unit == kOrdinalMark) {
-            if (at + sizeof(WORD) > header.size())
+            if (at + sizeof(WORD) > header.size()) {
                 return std::nullopt;
+            }
             const WORD ordinal = readAt<WORD>(header, at);
             at += sizeof(WORD);
             return ResourceName{ordinal, {}};
         }
-        if (unit == 0)
+        if (unit == 0) {
             return ResourceName{0, upperCase(utf16ToCodePage(text, Unmapped::QuestionMark))};
+        }
         text += static_cast<char16_t>(unit);
     }
     return std::nullopt;
@@ -62,21 +64,25 @@ std::optional<ResourceName> readName(std::span<const std::byte> header, std::siz
 
 // Reads the entry at `offset` and moves the offset to the next one; nothing when the entry is malformed.
 std::optional<ResourceEntry> readEntry(std::span<const std::byte> image, std::size_t& offset) {
-    if (image.size() - offset < kSmallestHeader)
+    if (image.size() - offset < kSmallestHeader) {
         return std::nullopt;
+    }
     const std::size_t dataSize = readAt<DWORD>(image, offset);
     const std::size_t headerSize = readAt<DWORD>(image, offset + sizeof(DWORD));
     const std::size_t left = image.size() - offset;
-    if (headerSize < kSmallestHeader || headerSize > left || dataSize > left - headerSize)
+    if (headerSize < kSmallestHeader || headerSize > left || dataSize > left - headerSize) {
         return std::nullopt;
+    }
     const auto names = image.subspan(offset + kSizesSize, headerSize - kSizesSize - kFlagsSize);
     std::size_t at = 0;
     auto type = readName(names, at);
-    if (!type)
+    if (!type) {
         return std::nullopt;
+    }
     auto name = readName(names, at);
-    if (!name)
+    if (!name) {
         return std::nullopt;
+    }
     const auto data = image.subspan(offset + headerSize, dataSize);
     // The alignment of the last entry may be missing.
     offset = std::min(image.size(), alignUp(offset + headerSize + dataSize));
@@ -95,10 +101,12 @@ bool inOrder(const ResourceEntry& a, const ResourceEntry& b) {
 }  // namespace
 
 ResourceName ResourceName::of(LPCSTR name) {
-    if (IS_INTRESOURCE(name))
+    if (IS_INTRESOURCE(name)) {
         return {static_cast<WORD>(reinterpret_cast<ULONG_PTR>(name)), {}};
-    if (name[0] == '#')
+    }
+    if (name[0] == '#') {
         return {static_cast<WORD>(std::strtoul(name + 1, nullptr, 10)), {}};
+    }
     return {0, upperCase(name)};
 }
 
@@ -109,10 +117,12 @@ bool ResourceName::operator<(const ResourceName& other) const {
 ResourceIndex::ResourceIndex(std::span<const std::byte> image) {
     std::size_t offset = 0;
     const auto mark = readEntry(image, offset);
-    if (!mark || !isFormatMark(*mark))
+    if (!mark || !isFormatMark(*mark)) {
         return;
-    while (auto entry = readEntry(image, offset))
+    }
+    while (auto entry = readEntry(image, offset)) {
         entries_.push_back(std::move(*entry));
+    }
     std::stable_sort(entries_.begin(), entries_.end(), inOrder);
     const auto same = [](const ResourceEntry& a, const ResourceEntry& b) {
         return a.type == b.type && a.name == b.name;

@@ -18,8 +18,9 @@ struct ActivateInfo {
 };
 
 void notifyApplication(bool active) {
-    for (const HWND top : childHandles(desktop()))
+    for (const HWND top : childHandles(desktop())) {
         SendMessageA(top, WM_ACTIVATEAPP, active ? TRUE : FALSE, static_cast<LPARAM>(queueThread()));
+    }
 }
 
 // The popup that was active last is remembered at all its owners.
@@ -39,45 +40,52 @@ bool canActivate(const Window& window) {
 // Takes the activation from the active window. False when it did not let go.
 bool deactivate(HWND next) {
     const HWND previous = g_active;
-    if (!previous)
+    if (!previous) {
         return true;
+    }
     if (!SendMessageA(previous, WM_NCACTIVATE, FALSE, reinterpret_cast<LPARAM>(next)) && next && isAlive(previous) &&
-        isAlive(next))
+        isAlive(next)) {
         return false;
+    }
     SendMessageA(previous, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(next));
     return true;
 }
 
 void bringForward(HWND top, ActivationCause cause) {
     Window* window = findWindow(top);
-    if (!window)
+    if (!window) {
         return;
+    }
     rememberPopup(*window);
     raiseTopLevel(*window);
-    if (cause != ActivationCause::Server)
+    if (cause != ActivationCause::Server) {
         focusOnDisplay(*window);
+    }
 }
 
 // After the messages the focus is inside the active window, unless somebody moved on meanwhile.
 void settleFocus(HWND top) {
     Window* focus = findWindow(focusWindow());
     const Window* focusTop = focus ? topLevelOf(*focus) : nullptr;
-    if (!focusTop || focusTop->handle != top)
+    if (!focusTop || focusTop->handle != top) {
         moveFocus(top);
+    }
 }
 
 bool isOwnedBy(const Window& owner, const Window& window) {
     const Window* up = findWindow(window.owner);
-    while (up && up != &owner)
+    while (up && up != &owner) {
         up = findWindow(up->owner);
+    }
     return up != nullptr;
 }
 
 // Only topmost windows and those that it owns stand above it.
 bool isInFront(const Window& window) {
     for (const Window* above = window.previous; above; above = above->previous) {
-        if (!above->hasEx(WS_EX_TOPMOST) && !isOwnedBy(window, *above))
+        if (!above->hasEx(WS_EX_TOPMOST) && !isOwnedBy(window, *above)) {
             return false;
+        }
     }
     return true;
 }
@@ -87,16 +95,18 @@ bool isInFront(const Window& window) {
 void raiseWithOwned(Window& window) {
     Window* after = nullptr;
     for (Window* top = desktop().firstChild; top && !window.hasEx(WS_EX_TOPMOST) && top->hasEx(WS_EX_TOPMOST);
-         top = top->next)
+         top = top->next) {
         after = top == &window ? after : top;
+    }
     const std::vector<HWND> order = childHandles(desktop());
     unlinkWindow(window);
     linkWindow(window, desktop(), after);
     raiseOnDisplay(window);
     for (auto handle = order.rbegin(); handle != order.rend(); ++handle) {
         Window* owned = findWindow(*handle);
-        if (owned && owned->owner == window.handle && owned != &window)
+        if (owned && owned->owner == window.handle && owned != &window) {
             raiseWithOwned(*owned);
+        }
     }
 }
 
@@ -114,26 +124,31 @@ bool activate(HWND top, ActivationCause cause) {
     }
     if (top) {
         ActivateInfo info{cause == ActivationCause::Click ? TRUE : FALSE, previous};
-        if (callCbtHooks(HCBT_ACTIVATE, top, reinterpret_cast<LPARAM>(&info)) || !isAlive(top))
+        if (callCbtHooks(HCBT_ACTIVATE, top, reinterpret_cast<LPARAM>(&info)) || !isAlive(top)) {
             return false;
+        }
     }
-    if (!deactivate(top) || (top && !isAlive(top)))
+    if (!deactivate(top) || (top && !isAlive(top))) {
         return false;
+    }
     // A handler may have activated another window already; that one stays.
-    if (g_active != previous && g_active)
+    if (g_active != previous && g_active) {
         return g_active == top;
+    }
     g_active = top;
     const HWND last = isAlive(previous) ? previous : nullptr;
-    if (!previous || !top)
+    if (!previous || !top) {
         notifyApplication(top != nullptr);
+    }
     if (g_active == top && isAlive(top)) {
         bringForward(top, cause);
         SendMessageA(top, WM_NCACTIVATE, TRUE, reinterpret_cast<LPARAM>(last));
         SendMessageA(top, WM_ACTIVATE, MAKEWPARAM(cause == ActivationCause::Click ? WA_CLICKACTIVE : WA_ACTIVE, 0),
                      reinterpret_cast<LPARAM>(last));
     }
-    if (g_active == top && cause != ActivationCause::Focus)
+    if (g_active == top && cause != ActivationCause::Focus) {
         settleFocus(top);
+    }
     return g_active == top;
 }
 
@@ -141,29 +156,35 @@ void activateOther(const Window& leaving) {
     const Window* other = findWindow(leaving.owner);
     if (!other || !canActivate(*other)) {
         other = leaving.next;
-        while (other && !canActivate(*other))
+        while (other && !canActivate(*other)) {
             other = other->next;
+        }
     }
     activate(other ? other->handle : nullptr, ActivationCause::Program);
 }
 
 void dropActivationOf(const Window& window) {
-    if (g_active == window.handle)
+    if (g_active == window.handle) {
         g_active = nullptr;
+    }
 }
 
 void raiseTopLevel(Window& window) {
-    if (isInFront(window))
+    if (isInFront(window)) {
         return;
+    }
     // The owners come along below it.
     std::vector<Window*> owners;
-    for (Window* owner = findWindow(window.owner); owner && isTopLevel(*owner); owner = findWindow(owner->owner))
+    for (Window* owner = findWindow(window.owner); owner && isTopLevel(*owner); owner = findWindow(owner->owner)) {
         owners.push_back(owner);
-    if (!owners.empty())
+    }
+    if (!owners.empty()) {
         raiseWithOwned(*owners.back());
+    }
     for (auto owner = owners.rbegin(); owner != owners.rend(); ++owner) {
-        if (*owner != owners.back())
+        if (*owner != owners.back()) {
             raiseWithOwned(**owner);
+        }
     }
     raiseWithOwned(window);
 }
@@ -177,15 +198,17 @@ HWND GetActiveWindow(void) {
 HWND SetActiveWindow(HWND window) {
     const HWND previous = platform::activeWindow();
     const platform::Window* found = window ? platform::requireWindow(window) : nullptr;
-    if (window && (!found || found->isChildStyle() || found->has(WS_DISABLED) || !platform::isTopLevel(*found)))
+    if (window && (!found || found->isChildStyle() || found->has(WS_DISABLED) || !platform::isTopLevel(*found))) {
         return previous;
+    }
     return platform::activate(window, platform::ActivationCause::Program) ? previous : nullptr;
 }
 
 HWND GetLastActivePopup(HWND window) {
     platform::Window* found = platform::requireWindow(window);
-    if (!found)
+    if (!found) {
         return nullptr;
+    }
     const platform::Window* popup = platform::findWindow(found->top.lastActivePopup);
     return popup && popup->has(WS_VISIBLE) ? popup->handle : window;
 }

@@ -28,15 +28,17 @@ Caret& caret() {
 
 void invert() {
     const HDC dc = GetDC(caret().window);
-    if (!dc)
+    if (!dc) {
         return;
+    }
     InvertRect(dc, &caret().rect);
     ReleaseDC(caret().window, dc);
 }
 
 void setDrawn(bool drawn) {
-    if (caret().drawn == drawn)
+    if (caret().drawn == drawn) {
         return;
+    }
     caret().drawn = drawn;
     invert();
 }
@@ -51,8 +53,9 @@ void restartBlinking() {
 void tellInputMethod() {
     Window* window = findWindow(caret().window);
     const Window* top = window ? topLevelOf(*window) : nullptr;
-    if (!top || !top->top.onDisplay)
+    if (!top || !top->top.onDisplay) {
         return;
+    }
     const POINT origin = clientOrigin(*window);
     const POINT topOrigin = clientOrigin(*top);
     RECT rect = caret().rect;
@@ -67,27 +70,32 @@ bool ownsCaret(HWND window) {
 }  // namespace
 
 void hideCaretOver(const Window& window) {
-    if (!caret().window)
+    if (!caret().window) {
         return;
+    }
     const Window* owner = findWindow(caret().window);
-    if (owner && (owner == &window || isDescendant(window, *owner)))
+    if (owner && (owner == &window || isDescendant(window, *owner))) {
         setDrawn(false);
+    }
 }
 
 void restoreCaret() {
-    if (caret().window && caret().shown && caret().on)
+    if (caret().window && caret().shown && caret().on) {
         setDrawn(true);
+    }
 }
 
 void dropCaretOf(const Window& window) {
-    if (caret().window == window.handle)
+    if (caret().window == window.handle) {
         caret() = Caret{};
+    }
 }
 
 void blinkCaret() {
     Caret& bar = caret();
-    if (!bar.window || !bar.shown || static_cast<int>(bar.nextBlink - GetTickCount()) > 0)
+    if (!bar.window || !bar.shown || static_cast<int>(bar.nextBlink - GetTickCount()) > 0) {
         return;
+    }
     bar.on = !bar.on;
     bar.nextBlink = GetTickCount() + kBlinkMs;
     setDrawn(bar.on);
@@ -95,8 +103,9 @@ void blinkCaret() {
 
 int timeToBlink() {
     const Caret& bar = caret();
-    if (!bar.window || !bar.shown)
+    if (!bar.window || !bar.shown) {
         return -1;
+    }
     return std::max(0, static_cast<int>(bar.nextBlink - GetTickCount()));
 }
 
@@ -105,8 +114,9 @@ int timeToBlink() {
 using platform::caret;
 
 BOOL CreateCaret(HWND window, HBITMAP, int width, int height) {
-    if (!platform::requireWindow(window))
+    if (!platform::requireWindow(window)) {
         return FALSE;
+    }
     DestroyCaret();
     caret() = platform::Caret{};
     caret().window = window;
@@ -115,16 +125,18 @@ BOOL CreateCaret(HWND window, HBITMAP, int width, int height) {
 }
 
 BOOL DestroyCaret(void) {
-    if (!caret().window)
+    if (!caret().window) {
         return FALSE;
+    }
     platform::setDrawn(false);
     caret() = platform::Caret{};
     return TRUE;
 }
 
 BOOL ShowCaret(HWND window) {
-    if (!platform::ownsCaret(window))
+    if (!platform::ownsCaret(window)) {
         return FALSE;
+    }
     if (!caret().shown) {
         caret().shown = true;
         platform::restartBlinking();
@@ -134,21 +146,24 @@ BOOL ShowCaret(HWND window) {
 
 BOOL SetCaretPos(int x, int y) {
     platform::Caret& bar = caret();
-    if (!bar.window)
+    if (!bar.window) {
         return FALSE;
+    }
     if (bar.rect.left != x || bar.rect.top != y) {
         platform::setDrawn(false);
         OffsetRect(&bar.rect, x - bar.rect.left, y - bar.rect.top);
         platform::tellInputMethod();
     }
-    if (bar.shown)
+    if (bar.shown) {
         platform::restartBlinking();
+    }
     return TRUE;
 }
 
 BOOL GetCaretPos(LPPOINT point) {
-    if (!point)
+    if (!point) {
         return FALSE;
+    }
     *point = {caret().rect.left, caret().rect.top};
     return TRUE;
 }

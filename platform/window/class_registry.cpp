@@ -26,8 +26,9 @@ Registry& registry() {
 // The system's own classes register themselves like any program's, before the first look-up.
 void ensureSystemClasses() {
     Registry& all = registry();
-    if (all.systemClassesKnown)
+    if (all.systemClassesKnown) {
         return;
+    }
     all.systemClassesKnown = true;
     registerDialogClass();
     registerStaticClass();
@@ -39,15 +40,17 @@ void ensureSystemClasses() {
 }
 
 bool isNamed(const WindowClass& windowClass, LPCSTR name) {
-    if (IS_INTRESOURCE(name))
+    if (IS_INTRESOURCE(name)) {
         return windowClass.atom == static_cast<ATOM>(reinterpret_cast<std::uintptr_t>(name));
+    }
     return lstrcmpiA(windowClass.name.c_str(), name) == 0;
 }
 
 WindowClass* findOwn(LPCSTR name, HINSTANCE instance) {
     for (const auto& entry : registry().classes) {
-        if (entry->instance == instance && isNamed(*entry, name))
+        if (entry->instance == instance && isNamed(*entry, name)) {
             return entry.get();
+        }
     }
     return nullptr;
 }
@@ -55,17 +58,21 @@ WindowClass* findOwn(LPCSTR name, HINSTANCE instance) {
 }  // namespace
 
 WindowClass* findClass(LPCSTR name, HINSTANCE instance) {
-    if (!name)
+    if (!name) {
         return nullptr;
+    }
     ensureSystemClasses();
     WindowClass* found = nullptr;
     for (const auto& entry : registry().classes) {
-        if (!isNamed(*entry, name))
+        if (!isNamed(*entry, name)) {
             continue;
-        if (entry->instance == instance)
+        }
+        if (entry->instance == instance) {
             return entry.get();
-        if (!found || (entry->style & CS_GLOBALCLASS))
+        }
+        if (!found || (entry->style & CS_GLOBALCLASS)) {
             found = entry.get();
+        }
     }
     return found;
 }
@@ -77,8 +84,9 @@ using platform::WindowClass;
 
 ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     if (!windowClass || !windowClass->lpszClassName || IS_INTRESOURCE(windowClass->lpszClassName) ||
-        !windowClass->lpfnWndProc || windowClass->cbWndExtra < 0)
+        !windowClass->lpfnWndProc || windowClass->cbWndExtra < 0) {
         return 0;
+    }
     platform::ensureSystemClasses();
     if (platform::findOwn(windowClass->lpszClassName, windowClass->hInstance)) {
         SetLastError(platform::kErrorClassAlreadyExists);
@@ -100,8 +108,9 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
 
 int GetClassNameA(HWND window, LPSTR name, int size) {
     const Window* found = platform::requireWindow(window);
-    if (!found || !name || size <= 0)
+    if (!found || !name || size <= 0) {
         return 0;
+    }
     const std::string& className = found->windowClass ? found->windowClass->name : found->text;
     const std::size_t length = std::min(className.size(), static_cast<std::size_t>(size) - 1);
     std::memcpy(name, className.data(), length);

@@ -46,11 +46,13 @@ std::string textOf(HGLOBAL memory) {
 }  // namespace platform
 
 HGLOBAL GlobalAlloc(UINT, SIZE_T size) {
-    if (size > SIZE_MAX - sizeof(platform::BlockHeader))
+    if (size > SIZE_MAX - sizeof(platform::BlockHeader)) {
         return nullptr;
+    }
     auto* header = static_cast<platform::BlockHeader*>(std::calloc(1, sizeof(platform::BlockHeader) + size));
-    if (!header)
+    if (!header) {
         return nullptr;
+    }
     header->size = size;
     return header + 1;
 }
@@ -68,36 +70,41 @@ SIZE_T GlobalSize(HGLOBAL memory) {
 }
 
 HGLOBAL GlobalFree(HGLOBAL memory) {
-    if (memory)
+    if (memory) {
         std::free(platform::headerOf(memory));
+    }
     return nullptr;
 }
 
 BOOL OpenClipboard(HWND) {
-    if (platform::clipboard().open)
+    if (platform::clipboard().open) {
         return FALSE;
+    }
     platform::clipboard().open = true;
     return TRUE;
 }
 
 BOOL CloseClipboard(void) {
-    if (!platform::clipboard().open)
+    if (!platform::clipboard().open) {
         return FALSE;
+    }
     platform::clipboard().open = false;
     platform::freeLent();
     return TRUE;
 }
 
 BOOL EmptyClipboard(void) {
-    if (!platform::clipboard().open)
+    if (!platform::clipboard().open) {
         return FALSE;
+    }
     platform::display().writeClipboard(std::string());
     return TRUE;
 }
 
 HANDLE SetClipboardData(UINT format, HANDLE data) {
-    if (!platform::clipboard().open || format != CF_TEXT || !data)
+    if (!platform::clipboard().open || format != CF_TEXT || !data) {
         return nullptr;
+    }
     platform::display().writeClipboard(platform::textOf(data));
     // The block belongs to the clipboard from now on; the caller may still read it until the clipboard is closed.
     platform::freeLent();
@@ -107,11 +114,13 @@ HANDLE SetClipboardData(UINT format, HANDLE data) {
 
 HANDLE GetClipboardData(UINT format) {
     std::string text;
-    if (!platform::clipboard().open || format != CF_TEXT || !platform::display().readClipboard(text))
+    if (!platform::clipboard().open || format != CF_TEXT || !platform::display().readClipboard(text)) {
         return nullptr;
+    }
     HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-    if (!memory)
+    if (!memory) {
         return nullptr;
+    }
     std::memcpy(memory, text.c_str(), text.size() + 1);
     platform::freeLent();
     platform::clipboard().lent = memory;

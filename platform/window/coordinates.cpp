@@ -10,8 +10,9 @@ POINT originOf(const Window* window) {
 
 bool moveOrigin(HWND handle, LPPOINT point, int sign) {
     const Window* window = requireWindow(handle);
-    if (!window || !point)
+    if (!window || !point) {
         return false;
+    }
     const POINT origin = clientOrigin(*window);
     point->x += sign * origin.x;
     point->y += sign * origin.y;
@@ -26,8 +27,9 @@ using platform::Window;
 
 BOOL GetWindowRect(HWND window, LPRECT rect) {
     const Window* found = requireWindow(window);
-    if (!found || !rect)
+    if (!found || !rect) {
         return FALSE;
+    }
     const POINT origin = platform::windowOrigin(*found);
     *rect = {origin.x, origin.y, origin.x + platform::widthOf(found->rect), origin.y + platform::heightOf(found->rect)};
     return TRUE;
@@ -35,8 +37,9 @@ BOOL GetWindowRect(HWND window, LPRECT rect) {
 
 BOOL GetClientRect(HWND window, LPRECT rect) {
     const Window* found = requireWindow(window);
-    if (!found || !rect)
+    if (!found || !rect) {
         return FALSE;
+    }
     *rect = {0, 0, platform::widthOf(found->client), platform::heightOf(found->client)};
     return TRUE;
 }
@@ -52,8 +55,9 @@ BOOL ScreenToClient(HWND window, LPPOINT point) {
 int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
     const Window* source = from ? requireWindow(from) : nullptr;
     const Window* target = to ? requireWindow(to) : nullptr;
-    if ((from && !source) || (to && !target) || !points)
+    if ((from && !source) || (to && !target) || !points) {
         return 0;
+    }
     const POINT a = platform::originOf(source);
     const POINT b = platform::originOf(target);
     const int dx = a.x - b.x;

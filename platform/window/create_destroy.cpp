@@ -37,13 +37,15 @@ bool resolveFamily(HWND handle, DWORD style, Family& family) {
     }
     if (!handle || handle == desktop().handle) {
         family.parent = &desktop();
-        if (child && !handle)
+        if (child && !handle) {
             SetLastError(kErrorTopLevelChild);
+        }
         return !child || handle;
     }
     Window* window = requireWindow(handle);
-    if (!window)
+    if (!window) {
         return false;
+    }
     if (child) {
         family.parent = window;
         return true;
@@ -55,8 +57,9 @@ bool resolveFamily(HWND handle, DWORD style, Family& family) {
 }
 
 DWORD completeStyle(DWORD style) {
-    if (style & static_cast<DWORD>(WS_CHILD))
+    if (style & static_cast<DWORD>(WS_CHILD)) {
         return style;
+    }
     style |= static_cast<DWORD>(WS_CLIPSIBLINGS);
     return style & static_cast<DWORD>(WS_POPUP) ? style : style | static_cast<DWORD>(WS_CAPTION);
 }
@@ -64,8 +67,9 @@ DWORD completeStyle(DWORD style) {
 // Replaces CW_USEDEFAULT. True when the program chose the place.
 bool completePlace(CREATESTRUCTA& create) {
     const bool placed = create.x != CW_USEDEFAULT;
-    if (!placed)
+    if (!placed) {
         create.x = create.y = kDefaultPlace;
+    }
     if (create.cx == CW_USEDEFAULT) {
         create.cx = kDefaultSize.cx;
         create.cy = kDefaultSize.cy;
@@ -75,8 +79,9 @@ bool completePlace(CREATESTRUCTA& create) {
 
 Window* makeWindow(const CREATESTRUCTA& create, WindowClass& windowClass, const Family& family) {
     Window* window = allocateWindow();
-    if (!window)
+    if (!window) {
         return nullptr;
+    }
     window->windowClass = &windowClass;
     window->proc = windowClass.proc;
     window->style = static_cast<DWORD>(create.style) & ~static_cast<DWORD>(WS_VISIBLE);
@@ -84,16 +89,18 @@ Window* makeWindow(const CREATESTRUCTA& create, WindowClass& windowClass, const 
     window->completeExStyle();
     window->instance = create.hInstance;
     window->owner = family.owner;
-    if (window->isChildStyle())
+    if (window->isChildStyle()) {
         window->id = reinterpret_cast<UINT_PTR>(create.hMenu);
+    }
     window->extra.resize(static_cast<std::size_t>(windowClass.windowExtra));
     return window;
 }
 
 void removeNow(HWND handle) {
     Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return;
+    }
     dropFocusOf(*window);
     dropCaptureOf(*window);
     dropCaretOf(*window);
@@ -111,10 +118,12 @@ void removeNow(HWND handle) {
 // WM_NCDESTROY from the innermost windows outwards; each window is gone after it.
 void finishTree(HWND handle) {
     Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return;
-    for (const HWND child : childHandles(*window))
+    }
+    for (const HWND child : childHandles(*window)) {
         finishTree(child);
+    }
     SendMessageA(handle, WM_NCDESTROY, 0, 0);
     removeNow(handle);
 }
@@ -129,8 +138,9 @@ bool sendCreation(HWND handle, CREATESTRUCTA& create) {
     Window* window = findWindow(handle);
     const RECT client = askClientRect(handle, window->rect);
     window = findWindow(handle);
-    if (window)
+    if (window) {
         window->client = client;
+    }
     if (!window || SendMessageA(handle, WM_CREATE, 0, param) == -1) {
         finishTree(handle);
         return false;
@@ -146,9 +156,10 @@ bool sendCreation(HWND handle, CREATESTRUCTA& create) {
 
 void notifyParent(HWND handle, UINT event) {
     const Window* window = findWindow(handle);
-    if (window && window->isChildStyle() && !window->hasEx(WS_EX_NOPARENTNOTIFY) && window->parent->parent)
+    if (window && window->isChildStyle() && !window->hasEx(WS_EX_NOPARENTNOTIFY) && window->parent->parent) {
         SendMessageA(window->parent->handle, WM_PARENTNOTIFY, MAKEWPARAM(event, window->id),
                      reinterpret_cast<LPARAM>(handle));
+    }
 }
 
 // Asks the hook, which may change place and size. False when it refuses.
@@ -172,17 +183,20 @@ HWND createWindow(CREATESTRUCTA& create) {
         SetLastError(kErrorWrongThread);
         return nullptr;
     }
-    if (!resolveFamily(create.hwndParent, static_cast<DWORD>(create.style), family))
+    if (!resolveFamily(create.hwndParent, static_cast<DWORD>(create.style), family)) {
         return nullptr;
+    }
     create.style = static_cast<LONG>(completeStyle(static_cast<DWORD>(create.style)));
     const bool placed = completePlace(create);
     Window* window = makeWindow(create, *windowClass, family);
-    if (!window)
+    if (!window) {
         return nullptr;
+    }
     const HWND handle = window->handle;
     const HWND parent = family.parent->handle;
-    if (!admitCreation(handle, create))
+    if (!admitCreation(handle, create)) {
         return nullptr;
+    }
     window = findWindow(handle);
     Window* tree = findWindow(parent);
     if (!tree) {
@@ -194,45 +208,53 @@ HWND createWindow(CREATESTRUCTA& create) {
     window->top.placed = placed;
     // New children lie below their siblings, new top-level windows above all others.
     linkWindow(*window, *tree, tree == &desktop() ? nullptr : tree->lastChild);
-    if (!sendCreation(handle, create))
+    if (!sendCreation(handle, create)) {
         return nullptr;
+    }
     notifyParent(handle, WM_CREATE);
-    if ((static_cast<DWORD>(create.style) & static_cast<DWORD>(WS_VISIBLE)) && isAlive(handle))
+    if ((static_cast<DWORD>(create.style) & static_cast<DWORD>(WS_VISIBLE)) && isAlive(handle)) {
         ShowWindow(handle, SW_SHOW);
+    }
     return isAlive(handle) ? handle : nullptr;
 }
 
 void destroyOwned(HWND owner) {
     for (const HWND top : childHandles(desktop())) {
         const Window* window = findWindow(top);
-        if (window && window->owner == owner && !window->dying)
+        if (window && window->owner == owner && !window->dying) {
             DestroyWindow(top);
+        }
     }
 }
 
 // WM_DESTROY from the window inwards.
 void sendDestroy(HWND handle) {
-    if (const Window* window = findWindow(handle))
+    if (const Window* window = findWindow(handle)) {
         dropCaretOf(*window);
+    }
     SendMessageA(handle, WM_DESTROY, 0, 0);
     const Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return;
+    }
     for (const HWND child : childHandles(*window)) {
-        if (isAlive(child))
+        if (isAlive(child)) {
             sendDestroy(child);
+        }
     }
 }
 
 void hideBeforeEnd(HWND handle) {
     const Window* window = findWindow(handle);
-    if (!window || !window->has(WS_VISIBLE))
+    if (!window || !window->has(WS_VISIBLE)) {
         return;
-    if (window->isChildStyle())
+    }
+    if (window->isChildStyle()) {
         ShowWindow(handle, SW_HIDE);
-    else
+    } else {
         SetWindowPos(handle, nullptr, 0, 0, 0, 0,
                      SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+    }
 }
 
 }  // namespace
@@ -250,24 +272,30 @@ HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, 
 
 BOOL DestroyWindow(HWND window) {
     Window* found = platform::requireWindow(window);
-    if (!found || !found->parent)
+    if (!found || !found->parent) {
         return FALSE;
-    if (platform::callCbtHooks(HCBT_DESTROYWND, window, 0))
+    }
+    if (platform::callCbtHooks(HCBT_DESTROYWND, window, 0)) {
         return FALSE;
+    }
     found = findWindow(window);
     // A window whose end has begun is not ended a second time by its own handlers.
-    if (!found || found->dying)
+    if (!found || found->dying) {
         return found ? FALSE : TRUE;
+    }
     found->dying = true;
-    if (found->isChildStyle())
+    if (found->isChildStyle()) {
         platform::notifyParent(window, WM_DESTROY);
+    }
     platform::hideBeforeEnd(window);
     platform::destroyOwned(window);
     found = findWindow(window);
-    if (found && platform::activeWindow() == window)
+    if (found && platform::activeWindow() == window) {
         platform::activateOther(*found);
-    if (platform::isAlive(window))
+    }
+    if (platform::isAlive(window)) {
         platform::sendDestroy(window);
+    }
     platform::finishTree(window);
     return TRUE;
 }

@@ -17,8 +17,9 @@ constexpr std::uintptr_t kLastColourBrush = 64;
 LRESULT onWmNcCalcSize(HWND handle, LPARAM lParam) {
     const Window* window = findWindow(handle);
     auto* rect = reinterpret_cast<RECT*>(lParam);
-    if (!window || !rect)
+    if (!window || !rect) {
         return 0;
+    }
     const int border = borderWidth(window->style, window->exStyle, isTopLevel(*window));
     rect->left += border;
     rect->top += border;
@@ -28,19 +29,23 @@ LRESULT onWmNcCalcSize(HWND handle, LPARAM lParam) {
 }
 
 void drawBorders(const Window& window, HDC dc, RECT rect) {
-    if (window.hasEx(WS_EX_CLIENTEDGE))
+    if (window.hasEx(WS_EX_CLIENTEDGE)) {
         DrawEdge(dc, &rect, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-    if (window.hasEx(WS_EX_STATICEDGE))
+    }
+    if (window.hasEx(WS_EX_STATICEDGE)) {
         DrawEdge(dc, &rect, BDR_SUNKENOUTER, BF_RECT | BF_ADJUST);
+    }
     const bool framed = (window.style & static_cast<DWORD>(WS_CAPTION)) == static_cast<DWORD>(WS_BORDER);
-    if (framed)
+    if (framed) {
         FrameRect(dc, &rect, GetSysColorBrush(COLOR_WINDOWFRAME));
+    }
 }
 
 LRESULT onWmNcPaint(HWND handle) {
     const Window* window = findWindow(handle);
-    if (!window || EqualRect(&window->rect, &window->client) || !isShown(*window))
+    if (!window || EqualRect(&window->rect, &window->client) || !isShown(*window)) {
         return 0;
+    }
     const HDC dc = GetWindowDC(handle);
     drawBorders(*window, dc, {0, 0, widthOf(window->rect), heightOf(window->rect)});
     ReleaseDC(handle, dc);
@@ -49,13 +54,15 @@ LRESULT onWmNcPaint(HWND handle) {
 
 LRESULT onWmEraseBkgnd(HWND handle, WPARAM wParam) {
     const Window* window = findWindow(handle);
-    if (!window || !window->windowClass || !window->windowClass->background)
+    if (!window || !window->windowClass || !window->windowClass->background) {
         return FALSE;
+    }
     const HDC dc = reinterpret_cast<HDC>(wParam);
     HBRUSH brush = window->windowClass->background;
     const auto number = reinterpret_cast<std::uintptr_t>(brush);
-    if (number <= kLastColourBrush)
+    if (number <= kLastColourBrush) {
         brush = GetSysColorBrush(static_cast<int>(number) - 1);
+    }
     RECT clip;
     GetClipBox(dc, &clip);
     FillRect(dc, &clip, brush);
@@ -64,24 +71,29 @@ LRESULT onWmEraseBkgnd(HWND handle, WPARAM wParam) {
 
 LRESULT onWmPaint(HWND handle) {
     PAINTSTRUCT paint;
-    if (BeginPaint(handle, &paint))
+    if (BeginPaint(handle, &paint)) {
         EndPaint(handle, &paint);
+    }
     return 0;
 }
 
 LRESULT onWmPrint(HWND handle, WPARAM wParam, LPARAM flags) {
     const HDC dc = reinterpret_cast<HDC>(wParam);
-    if (flags & PRF_ERASEBKGND)
+    if (flags & PRF_ERASEBKGND) {
         SendMessageA(handle, WM_ERASEBKGND, wParam, 0);
-    if (flags & PRF_CLIENT)
+    }
+    if (flags & PRF_CLIENT) {
         SendMessageA(handle, WM_PRINTCLIENT, wParam, flags);
+    }
     const Window* window = findWindow(handle);
-    if (!window || !(flags & PRF_CHILDREN))
+    if (!window || !(flags & PRF_CHILDREN)) {
         return 0;
+    }
     for (const HWND child : childHandles(*window)) {
         const Window* inner = findWindow(child);
-        if (!inner || !inner->has(WS_VISIBLE))
+        if (!inner || !inner->has(WS_VISIBLE)) {
             continue;
+        }
         POINT old;
         SetViewportOrgEx(dc, 0, 0, &old);
         SetViewportOrgEx(dc, old.x + inner->client.left, old.y + inner->client.top, nullptr);
@@ -104,13 +116,15 @@ HBRUSH onCtlColor(UINT message, WPARAM wParam) {
 
 LRESULT onWmNcHitTest(HWND handle, LPARAM lParam) {
     const Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return HTNOWHERE;
+    }
     const POINT origin = windowOrigin(*window);
     const POINT at{GET_X_LPARAM(lParam) - origin.x + window->rect.left,
                    GET_Y_LPARAM(lParam) - origin.y + window->rect.top};
-    if (!PtInRect(&window->rect, at))
+    if (!PtInRect(&window->rect, at)) {
         return HTNOWHERE;
+    }
     return PtInRect(&window->client, at) ? HTCLIENT : HTBORDER;
 }
 

@@ -19,8 +19,9 @@ constexpr WPARAM kCommandMask = 0xfff0;
 LRESULT onWmNcCreate(HWND handle, LPARAM lParam) {
     const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
     if (create && create->lpszName && !IS_INTRESOURCE(create->lpszName)) {
-        if (Window* window = findWindow(handle))
+        if (Window* window = findWindow(handle)) {
             window->text = create->lpszName;
+        }
     }
     return TRUE;
 }
@@ -28,19 +29,22 @@ LRESULT onWmNcCreate(HWND handle, LPARAM lParam) {
 LRESULT onWmSetText(HWND handle, LPARAM lParam) {
     Window* window = findWindow(handle);
     const auto* text = reinterpret_cast<LPCSTR>(lParam);
-    if (!window)
+    if (!window) {
         return FALSE;
+    }
     window->text = text && !IS_INTRESOURCE(text) ? text : "";
-    if (isTopLevel(*window))
+    if (isTopLevel(*window)) {
         titleOnDisplay(*window);
+    }
     return TRUE;
 }
 
 LRESULT onWmGetText(HWND handle, WPARAM size, LPARAM lParam) {
     const Window* window = findWindow(handle);
     auto* buffer = reinterpret_cast<LPSTR>(lParam);
-    if (!window || !buffer || size == 0)
+    if (!window || !buffer || size == 0) {
         return 0;
+    }
     const std::size_t length = std::min(window->text.size(), static_cast<std::size_t>(size) - 1);
     std::memcpy(buffer, window->text.data(), length);
     buffer[length] = '\0';
@@ -55,28 +59,33 @@ LRESULT onWmGetTextLength(HWND handle) {
 LRESULT onWmWindowPosChanged(HWND handle, LPARAM lParam) {
     const auto* pos = reinterpret_cast<const WINDOWPOS*>(lParam);
     const Window* window = findWindow(handle);
-    if (!window || !pos)
+    if (!window || !pos) {
         return 0;
+    }
     const RECT client = window->client;
-    if (!(pos->flags & kSwpNoClientMove))
+    if (!(pos->flags & kSwpNoClientMove)) {
         SendMessageA(handle, WM_MOVE, 0, MAKELPARAM(client.left & 0xffff, client.top & 0xffff));
-    if (!(pos->flags & kSwpNoClientSize))
+    }
+    if (!(pos->flags & kSwpNoClientSize)) {
         SendMessageA(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(widthOf(client), heightOf(client)));
+    }
     return 0;
 }
 
 LRESULT onWmSetRedraw(HWND handle, WPARAM redraw) {
     if (Window* window = findWindow(handle)) {
-        if (!redraw && window->has(WS_VISIBLE))
+        if (!redraw && window->has(WS_VISIBLE)) {
             RedrawWindow(handle, nullptr, nullptr, RDW_VALIDATE | RDW_ALLCHILDREN);
+        }
         window->setStyleBit(WS_VISIBLE, redraw != 0);
     }
     return 0;
 }
 
 LRESULT onWmSysCommand(HWND handle, WPARAM command) {
-    if ((command & kCommandMask) == SC_CLOSE)
+    if ((command & kCommandMask) == SC_CLOSE) {
         SendMessageA(handle, WM_CLOSE, 0, 0);
+    }
     return 0;
 }
 
@@ -84,14 +93,16 @@ LRESULT onWmSysKeyDown(HWND handle, WPARAM key, LPARAM lParam) {
     const bool alt = (HIWORD(lParam) & 0x2000) != 0;
     Window* window = findWindow(handle);
     const Window* top = window ? topLevelOf(*window) : nullptr;
-    if (key == VK_F4 && alt && top && !top->has(WS_DISABLED))
+    if (key == VK_F4 && alt && top && !top->has(WS_DISABLED)) {
         PostMessageA(top->handle, WM_SYSCOMMAND, SC_CLOSE, 0);
+    }
     return 0;
 }
 
 LRESULT onWmSysChar(HWND handle, WPARAM character) {
-    if (character != VK_RETURN && character != VK_ESCAPE && character != VK_TAB)
+    if (character != VK_RETURN && character != VK_ESCAPE && character != VK_TAB) {
         SendMessageA(handle, WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(character));
+    }
     return 0;
 }
 
@@ -99,23 +110,26 @@ LRESULT onWmMouseActivate(HWND handle, WPARAM wParam, LPARAM lParam) {
     const Window* window = findWindow(handle);
     if (window && window->isChildStyle() && window->parent->parent) {
         const LRESULT answer = SendMessageA(window->parent->handle, WM_MOUSEACTIVATE, wParam, lParam);
-        if (answer)
+        if (answer) {
             return answer;
+        }
     }
     return LOWORD(lParam) == HTCAPTION ? MA_NOACTIVATE : MA_ACTIVATE;
 }
 
 // A click on a window that a modal one has disabled brings that one forward.
 void onClickOnDisabled(HWND handle, UINT mouseMessage) {
-    if (mouseMessage != WM_LBUTTONDOWN && mouseMessage != WM_RBUTTONDOWN && mouseMessage != WM_MBUTTONDOWN)
+    if (mouseMessage != WM_LBUTTONDOWN && mouseMessage != WM_RBUTTONDOWN && mouseMessage != WM_MBUTTONDOWN) {
         return;
+    }
     MessageBeep(0);
     Window* window = findWindow(handle);
     const Window* top = window ? topLevelOf(*window) : nullptr;
     const HWND popup = top ? GetLastActivePopup(top->handle) : nullptr;
     Window* shown = findWindow(popup);
-    if (!top || !shown || popup == top->handle)
+    if (!top || !shown || popup == top->handle) {
         return;
+    }
     if (popup != activeWindow()) {
         activate(popup, ActivationCause::Program);
     } else {
@@ -127,8 +141,9 @@ void onClickOnDisabled(HWND handle, UINT mouseMessage) {
 LRESULT onWmSetCursor(HWND handle, WPARAM wParam, LPARAM lParam) {
     const Window* window = findWindow(handle);
     const int hit = static_cast<short>(LOWORD(lParam));
-    if (!window)
+    if (!window) {
         return FALSE;
+    }
     if (hit == HTERROR) {
         onClickOnDisabled(handle, HIWORD(lParam));
     } else if (window->isChildStyle() && window->parent->parent &&
@@ -137,8 +152,9 @@ LRESULT onWmSetCursor(HWND handle, WPARAM wParam, LPARAM lParam) {
     }
     window = findWindow(handle);
     const HCURSOR own = window && window->windowClass && hit == HTCLIENT ? window->windowClass->cursor : nullptr;
-    if (hit == HTCLIENT && !own)
+    if (hit == HTCLIENT && !own) {
         return FALSE;
+    }
     SetCursor(own ? own : LoadCursorA(nullptr, IDC_ARROW));
     return own ? TRUE : FALSE;
 }
@@ -152,8 +168,9 @@ LRESULT onWmMouseWheel(HWND handle, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT onWmActivate(HWND handle, WPARAM wParam) {
-    if (LOWORD(wParam) != WA_INACTIVE)
+    if (LOWORD(wParam) != WA_INACTIVE) {
         SetFocus(handle);
+    }
     return 0;
 }
 
@@ -194,8 +211,9 @@ LRESULT handleState(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ACTIVATE:
             return onWmActivate(handle, wParam);
         case WM_CANCELMODE:
-            if (GetCapture() == handle)
+            if (GetCapture() == handle) {
                 ReleaseCapture();
+            }
             return 0;
         default:
             return handlePainting(handle, message, wParam, lParam);

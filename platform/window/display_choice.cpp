@@ -19,8 +19,9 @@ Selection& selection() {
 
 bool select(int kind) {
     std::unique_ptr<Display> opened = kind == TAVRIK_DISPLAY_X11 ? openX11Display() : openMemoryDisplay();
-    if (!opened)
+    if (!opened) {
         return false;
+    }
     selection() = {opened.release(), kind};
     return true;
 }
@@ -28,8 +29,9 @@ bool select(int kind) {
 }  // namespace
 
 Display& display() {
-    if (!selection().display && !select(TAVRIK_DISPLAY_X11))
+    if (!selection().display && !select(TAVRIK_DISPLAY_X11)) {
         select(TAVRIK_DISPLAY_MEMORY);
+    }
     return *selection().display;
 }
 
@@ -40,10 +42,12 @@ bool isDisplaySelected() {
 }  // namespace platform
 
 int TavrikDisplayInit(int kind) {
-    if (kind != TAVRIK_DISPLAY_X11 && kind != TAVRIK_DISPLAY_MEMORY)
+    if (kind != TAVRIK_DISPLAY_X11 && kind != TAVRIK_DISPLAY_MEMORY) {
         return 0;
-    if (platform::isDisplaySelected())
+    }
+    if (platform::isDisplaySelected()) {
         return platform::selection().kind == kind ? 1 : 0;
+    }
     return platform::select(kind) ? 1 : 0;
 }
 

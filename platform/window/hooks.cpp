@@ -50,8 +50,9 @@ LRESULT callHooks(int kind, int code, WPARAM wParam, LPARAM lParam) {
 
 HHOOK SetWindowsHookExA(int kind, HOOKPROC proc, HINSTANCE, DWORD thread) {
     const bool known = kind == WH_CBT || kind == WH_GETMESSAGE;
-    if (!proc || !known || thread != GetCurrentThreadId())
+    if (!proc || !known || thread != GetCurrentThreadId()) {
         return nullptr;
+    }
     platform::HookChains& all = platform::chains();
     all.hooks.push_back({++all.lastId, kind, proc});
     return reinterpret_cast<HHOOK>(all.lastId);
@@ -65,8 +66,9 @@ BOOL UnhookWindowsHookEx(HHOOK hook) {
 // The running hook is known, so the handle need not be given; a hook that was removed while it runs passes on too.
 LRESULT CallNextHookEx(HHOOK, int code, WPARAM wParam, LPARAM lParam) {
     platform::HookChains& all = platform::chains();
-    if (all.running.empty())
+    if (all.running.empty()) {
         return 0;
+    }
     const std::uintptr_t current = all.running.back();
     // The kind of a removed hook is not known any more: code and parameters of the two kinds never mix, as HC_ACTION
     // is no code of WH_CBT that is called here.

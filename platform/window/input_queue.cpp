@@ -32,10 +32,11 @@ public:
         // Only the last of several moves in a row matters.
         const bool follows = what == Mouse::Move && !events_.empty() && events_.back().kind == event.kind &&
                              events_.back().what == Mouse::Move && events_.back().top == top;
-        if (follows)
+        if (follows) {
             events_.back() = std::move(event);
-        else
+        } else {
             events_.push_back(std::move(event));
+        }
     }
 
     void wheel(HWND top, int delta, POINT at, DWORD timeMs) override {
@@ -81,8 +82,9 @@ public:
     }
 
     bool takeServerEvent(ServerEvent& event) {
-        if (server_.empty())
+        if (server_.empty()) {
             return false;
+        }
         event = server_.front();
         server_.pop_front();
         return true;
@@ -141,8 +143,9 @@ FocusRequest g_focusRequest;
 
 bool isOutdated(const ServerEvent& event) {
     const bool waiting = g_focusRequest.top && GetTickCount() - g_focusRequest.time < kFocusAnswerMs;
-    if (waiting && (event.top != g_focusRequest.top || event.kind == ServerEvent::Kind::FocusOut))
+    if (waiting && (event.top != g_focusRequest.top || event.kind == ServerEvent::Kind::FocusOut)) {
         return true;
+    }
     g_focusRequest.top = nullptr;
     return false;
 }
@@ -154,15 +157,19 @@ InputQueue& input() {
 
 bool InputQueue::takeKey(std::size_t index, MSG& message, const MessageFilter& filter, bool remove) {
     const InputEvent event = events_[index];
-    if (event.modifiersKnown && remove)
+    if (event.modifiersKnown && remove) {
         applyModifiers(event);
+    }
     const bool receiver = makeKeyMessage(event, message);
-    if (receiver && !filter.accepts(message.hwnd, message.message))
+    if (receiver && !filter.accepts(message.hwnd, message.message)) {
         return false;
-    if (remove || !receiver)
+    }
+    if (remove || !receiver) {
         events_.erase(events_.begin() + static_cast<std::ptrdiff_t>(index));
-    if (remove)
+    }
+    if (remove) {
         keyMessageTaken(event, message);
+    }
     return receiver;
 }
 
@@ -171,23 +178,27 @@ bool InputQueue::take(MSG& message, const MessageFilter& filter, bool remove) {
     while (index < events_.size()) {
         const std::size_t before = events_.size();
         if (events_[index].kind == InputEvent::Kind::Key || events_[index].kind == InputEvent::Kind::Character) {
-            if (takeKey(index, message, filter, remove))
+            if (takeKey(index, message, filter, remove)) {
                 return true;
+            }
             index += events_.size() == before ? 1 : 0;
             continue;
         }
         // The messages that go along with a click may run a loop of their own, so the event leaves the queue first.
         const InputEvent event = events_[index];
         const POINT oldPointer = std::exchange(pointer_, event.at);
-        if (remove)
+        if (remove) {
             events_.erase(events_.begin() + static_cast<std::ptrdiff_t>(index));
+        }
         const MouseOutcome outcome = makeMouseMessage(event, filter, remove, message);
-        if (outcome == MouseOutcome::Message)
+        if (outcome == MouseOutcome::Message) {
             return true;
+        }
         if (outcome == MouseOutcome::Filtered) {
             pointer_ = oldPointer;
-            if (remove)
+            if (remove) {
                 events_.insert(events_.begin() + static_cast<std::ptrdiff_t>(index), event);
+            }
             ++index;
         } else if (!remove) {
             events_.erase(events_.begin() + static_cast<std::ptrdiff_t>(index));
@@ -198,31 +209,37 @@ bool InputQueue::take(MSG& message, const MessageFilter& filter, bool remove) {
 
 void onServerFocus(HWND handle) {
     Window* top = findWindow(handle);
-    if (!top || activeWindow() == handle)
+    if (!top || activeWindow() == handle) {
         return;
+    }
     // The server may give the focus to a window that a modal one has disabled.
     const HWND popup = top->has(WS_DISABLED) ? GetLastActivePopup(handle) : handle;
-    if (popup != activeWindow())
+    if (popup != activeWindow()) {
         activate(popup, ActivationCause::Server);
+    }
     if (popup != handle) {
-        if (const Window* shown = findWindow(popup))
+        if (const Window* shown = findWindow(popup)) {
             focusOnDisplay(*shown);
+        }
     }
 }
 
 void carryOut(const ServerEvent& event) {
     switch (event.kind) {
         case ServerEvent::Kind::FocusIn:
-            if (!isOutdated(event))
+            if (!isOutdated(event)) {
                 onServerFocus(event.top);
+            }
             break;
         case ServerEvent::Kind::FocusOut:
-            if (!isOutdated(event) && activeWindow() == event.top)
+            if (!isOutdated(event) && activeWindow() == event.top) {
                 activate(nullptr, ActivationCause::Server);
+            }
             break;
         case ServerEvent::Kind::Close:
-            if (IsWindowEnabled(event.top))
+            if (IsWindowEnabled(event.top)) {
                 PostMessageA(event.top, WM_SYSCOMMAND, SC_CLOSE, 0);
+            }
             break;
         case ServerEvent::Kind::Moved:
             movedByServer(event.top, event.value);
@@ -238,8 +255,9 @@ void carryOut(const ServerEvent& event) {
 void pumpDisplay(int timeoutMs) {
     display().pump(input(), timeoutMs);
     ServerEvent event;
-    while (input().takeServerEvent(event))
+    while (input().takeServerEvent(event)) {
         carryOut(event);
+    }
 }
 
 bool takeInput(MSG& message, const MessageFilter& filter, bool remove) {

@@ -73,8 +73,9 @@ int commonKey(int key) {
 // keys when nothing has the focus.
 bool isSystemKey(const InputEvent& event) {
     const int key = commonKey(event.code);
-    if (!focusWindow() || key == VK_F10)
+    if (!focusWindow() || key == VK_F10) {
         return true;
+    }
     const bool control = isDown(VK_CONTROL);
     return key == VK_MENU ? !control : isDown(VK_MENU) && !control;
 }
@@ -84,20 +85,26 @@ char characterOf(int key) {
     const bool shift = isDown(VK_SHIFT);
     const bool control = isDown(VK_CONTROL);
     if (key >= 'A' && key <= 'Z') {
-        if (control)
+        if (control) {
             return static_cast<char>(key - 'A' + 1);
+        }
         return static_cast<char>(shift != isToggled(VK_CAPITAL) ? key : key - 'A' + 'a');
     }
-    if (key == VK_RETURN)
+    if (key == VK_RETURN) {
         return control ? '\n' : '\r';
-    if (key == VK_BACK || key == VK_ESCAPE || key == VK_SPACE)
+    }
+    if (key == VK_BACK || key == VK_ESCAPE || key == VK_SPACE) {
         return static_cast<char>(key);
-    if (control)
+    }
+    if (control) {
         return 0;
-    if (key >= '0' && key <= '9')
+    }
+    if (key >= '0' && key <= '9') {
         return shift ? ")!@#$%^&*("[key - '0'] : static_cast<char>(key);
-    if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9)
+    }
+    if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9) {
         return isToggled(VK_NUMLOCK) ? static_cast<char>(key - VK_NUMPAD0 + '0') : '\0';
+    }
     struct KeyCharacter {
         int key;
         char plain;
@@ -109,8 +116,9 @@ char characterOf(int key) {
         {kOemComma, ',', '<'},   {kOemMinus, '-', '_'},   {kOemPeriod, '.', '>'},
     };
     for (const KeyCharacter& other : kOthers) {
-        if (other.key == key)
+        if (other.key == key) {
             return shift ? other.shifted : other.plain;
+        }
     }
     return 0;
 }
@@ -119,37 +127,46 @@ char characterOf(int key) {
 
 bool makeKeyMessage(const InputEvent& event, MSG& message) {
     const HWND receiver = focusWindow() ? focusWindow() : activeWindow();
-    if (!receiver)
+    if (!receiver) {
         return false;
+    }
     message = MSG{receiver, WM_CHAR, static_cast<WPARAM>(event.code), 1, event.time, lastPointerPosition()};
-    if (event.kind == InputEvent::Kind::Character)
+    if (event.kind == InputEvent::Kind::Character) {
         return true;
+    }
     const bool system = isSystemKey(event);
-    if (event.down)
+    if (event.down) {
         message.message = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
-    else
+    } else {
         message.message = system ? WM_SYSKEYUP : WM_KEYUP;
+    }
     message.wParam = static_cast<WPARAM>(commonKey(event.code));
-    if (isExtended(event.code))
+    if (isExtended(event.code)) {
         message.lParam |= kExtendedKey;
-    if (isDown(VK_MENU) && commonKey(event.code) != VK_CONTROL && !isDown(VK_CONTROL))
+    }
+    if (isDown(VK_MENU) && commonKey(event.code) != VK_CONTROL && !isDown(VK_CONTROL)) {
         message.lParam |= kAltDown;
-    if (event.repeat || !event.down)
+    }
+    if (event.repeat || !event.down) {
         message.lParam |= kWasDown;
-    if (!event.down)
+    }
+    if (!event.down) {
         message.lParam |= kReleased;
+    }
     return true;
 }
 
 void keyMessageTaken(const InputEvent& event, const MSG& message) {
-    if (event.kind != InputEvent::Kind::Key)
+    if (event.kind != InputEvent::Kind::Key) {
         return;
+    }
     const int common = commonKey(event.code);
     setDown(event.code, event.down);
     setDown(common, event.down);
     Keyboard& keys = keyboard();
-    if (event.down && !event.repeat)
+    if (event.down && !event.repeat) {
         keys.state[common] ^= kToggled;
+    }
     keys.hasText = event.down;
     keys.text = event.text;
     keys.textWindow = message.hwnd;
@@ -173,8 +190,9 @@ void applyModifiers(const InputEvent& event) {
 }
 
 void setButtonState(int button, bool down) {
-    if (button > 0 && button < 256)
+    if (button > 0 && button < 256) {
         setDown(button, down);
+    }
 }
 
 WPARAM mouseKeyState() {
@@ -189,8 +207,9 @@ WPARAM mouseKeyState() {
                                   {VK_CONTROL, MK_CONTROL}};
     WPARAM state = 0;
     for (const StateBit& entry : kBits) {
-        if (isDown(entry.key))
+        if (isDown(entry.key)) {
             state |= entry.bit;
+        }
     }
     return state;
 }
@@ -198,8 +217,9 @@ WPARAM mouseKeyState() {
 }  // namespace platform
 
 BOOL TranslateMessage(const MSG* message) {
-    if (!message || (message->message != WM_KEYDOWN && message->message != WM_SYSKEYDOWN))
+    if (!message || (message->message != WM_KEYDOWN && message->message != WM_SYSKEYDOWN)) {
         return message && (message->message == WM_KEYUP || message->message == WM_SYSKEYUP) ? TRUE : FALSE;
+    }
     const UINT character = message->message == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
     platform::Keyboard& keys = platform::keyboard();
     // A display may know no text for a key with Ctrl or Alt; it is found like that of a posted key.
@@ -207,34 +227,39 @@ BOOL TranslateMessage(const MSG* message) {
     if (keys.hasText && !(keys.text.empty() && shortcut) && keys.textWindow == message->hwnd &&
         keys.textKey == message->wParam) {
         keys.hasText = false;
-        for (const char byte : keys.text)
+        for (const char byte : keys.text) {
             PostMessageA(message->hwnd, character, static_cast<unsigned char>(byte), message->lParam);
+        }
         return TRUE;
     }
     const char byte = message->wParam < 256 ? platform::characterOf(static_cast<int>(message->wParam)) : '\0';
-    if (byte)
+    if (byte) {
         PostMessageA(message->hwnd, character, static_cast<unsigned char>(byte), message->lParam);
+    }
     return TRUE;
 }
 
 SHORT GetKeyState(int key) {
-    if (key < 0 || key > 255)
+    if (key < 0 || key > 255) {
         return 0;
+    }
     const BYTE state = platform::keyboard().state[key];
     const int value = (state & platform::kDown ? 0xff80 : 0) | (state & platform::kToggled);
     return static_cast<SHORT>(value);
 }
 
 BOOL GetKeyboardState(BYTE* state) {
-    if (!state)
+    if (!state) {
         return FALSE;
+    }
     std::memcpy(state, platform::keyboard().state, sizeof platform::keyboard().state);
     return TRUE;
 }
 
 BOOL SetKeyboardState(BYTE* state) {
-    if (!state)
+    if (!state) {
         return FALSE;
+    }
     std::memcpy(platform::keyboard().state, state, sizeof platform::keyboard().state);
     return TRUE;
 }

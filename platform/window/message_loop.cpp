@@ -14,21 +14,25 @@ namespace platform {
 namespace {
 
 bool take(MSG& message, const MessageFilter& filter, bool remove) {
-    if (takePosted(message, filter, remove) || takeQuit(message, remove))
+    if (takePosted(message, filter, remove) || takeQuit(message, remove)) {
         return true;
+    }
     pumpDisplay(0);
     // What the display reported may have posted something.
-    if (takePosted(message, filter, remove) || takeInput(message, filter, remove))
+    if (takePosted(message, filter, remove) || takeInput(message, filter, remove)) {
         return true;
+    }
     blinkCaret();
     return takePaint(message, filter) || takeTimer(message, filter, remove);
 }
 
 bool fetch(MSG& message, const MessageFilter& filter, bool remove) {
-    if (!take(message, filter, remove))
+    if (!take(message, filter, remove)) {
         return false;
-    if (remove && message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN)
+    }
+    if (remove && message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) {
         forgetKeyText();
+    }
     callHooks(WH_GETMESSAGE, HC_ACTION, remove ? PM_REMOVE : PM_NOREMOVE, reinterpret_cast<LPARAM>(&message));
     return true;
 }
@@ -53,25 +57,30 @@ LRESULT CallWindowProcA(WNDPROC proc, HWND window, UINT message, WPARAM wParam, 
 }
 
 BOOL PeekMessageA(LPMSG message, HWND window, UINT first, UINT last, UINT remove) {
-    if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window)))
+    if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window))) {
         return FALSE;
-    if (platform::fetch(*message, {window, first, last}, (remove & PM_REMOVE) != 0))
+    }
+    if (platform::fetch(*message, {window, first, last}, (remove & PM_REMOVE) != 0)) {
         return TRUE;
+    }
     platform::presentAll();
     return FALSE;
 }
 
 BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
-    if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window)))
+    if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window))) {
         return -1;
-    while (!platform::fetch(*message, {window, first, last}, true))
+    }
+    while (!platform::fetch(*message, {window, first, last}, true)) {
         platform::waitForEvents();
+    }
     return message->message != WM_QUIT;
 }
 
 LRESULT DispatchMessageA(const MSG* message) {
-    if (!message)
+    if (!message) {
         return 0;
+    }
     if (message->message == WM_TIMER && message->lParam) {
         const auto proc = reinterpret_cast<TIMERPROC>(message->lParam);
         proc(message->hwnd, WM_TIMER, message->wParam, GetTickCount());

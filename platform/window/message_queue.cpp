@@ -15,19 +15,22 @@ constexpr DWORD kErrorInvalidThreadId = 1444;
 class PostedMessages {
 public:
     bool add(const MSG& message) {
-        if (messages_.size() - front_ >= kMaxPosted)
+        if (messages_.size() - front_ >= kMaxPosted) {
             return false;
+        }
         messages_.push_back(message);
         return true;
     }
 
     bool take(MSG& message, const MessageFilter& filter, bool remove) {
         for (std::size_t i = front_; i < messages_.size(); ++i) {
-            if (!filter.accepts(messages_[i].hwnd, messages_[i].message))
+            if (!filter.accepts(messages_[i].hwnd, messages_[i].message)) {
                 continue;
+            }
             message = messages_[i];
-            if (remove)
+            if (remove) {
                 removeAt(i);
+            }
             return true;
         }
         return false;
@@ -47,8 +50,9 @@ private:
         } else {
             messages_.erase(messages_.begin() + static_cast<std::ptrdiff_t>(index));
         }
-        if (isEmpty())
+        if (isEmpty()) {
             compact();
+        }
     }
 
     void compact() {
@@ -76,8 +80,9 @@ Queue& queue() {
 
 bool claimQueue() {
     const DWORD current = GetCurrentThreadId();
-    if (windowCount() == 0)
+    if (windowCount() == 0) {
         queue().thread = current;
+    }
     return queue().thread == current;
 }
 
@@ -86,10 +91,12 @@ DWORD queueThread() {
 }
 
 bool MessageFilter::acceptsWindow(HWND handle) const {
-    if (!window || window == handle)
+    if (!window || window == handle) {
         return true;
-    if (window == reinterpret_cast<HWND>(-1))
+    }
+    if (window == reinterpret_cast<HWND>(-1)) {
         return !handle;
+    }
     const Window* asked = findWindow(window);
     const Window* owner = findWindow(handle);
     return asked && owner && isDescendant(*asked, *owner);
@@ -100,17 +107,20 @@ bool takePosted(MSG& message, const MessageFilter& filter, bool remove) {
 }
 
 bool takeQuit(MSG& message, bool remove) {
-    if (!queue().quit)
+    if (!queue().quit) {
         return false;
+    }
     message = MSG{nullptr, WM_QUIT, static_cast<WPARAM>(queue().exitCode), 0, GetTickCount(), lastPointerPosition()};
-    if (remove)
+    if (remove) {
         queue().quit = false;
+    }
     return true;
 }
 
 bool post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (queue().posted.add({window, message, wParam, lParam, GetTickCount(), lastPointerPosition()}))
+    if (queue().posted.add({window, message, wParam, lParam, GetTickCount(), lastPointerPosition()})) {
         return true;
+    }
     SetLastError(kErrorNotEnoughQuota);
     return false;
 }
@@ -126,8 +136,9 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         SetLastError(platform::kErrorInvalidThreadId);
         return FALSE;
     }
-    if (window && !platform::requireWindow(window))
+    if (window && !platform::requireWindow(window)) {
         return FALSE;
+    }
     return platform::post(window, message, wParam, lParam) ? TRUE : FALSE;
 }
 

@@ -47,8 +47,9 @@ LPARAM packPoint(POINT point) {
 
 // `point` is in client coordinates of the window's parent.
 HWND hitTest(Window& window, POINT point, POINT screen, int& hit) {
-    if (!window.has(WS_VISIBLE) || !contains(window.rect, point))
+    if (!window.has(WS_VISIBLE) || !contains(window.rect, point)) {
         return nullptr;
+    }
     if (window.has(WS_DISABLED)) {
         hit = HTERROR;
         return window.isChildStyle() ? nullptr : window.handle;
@@ -59,8 +60,9 @@ HWND hitTest(Window& window, POINT point, POINT screen, int& hit) {
         for (const HWND child : childHandles(window)) {
             Window* candidate = findWindow(child);
             const HWND found = candidate ? hitTest(*candidate, inside, screen, hit) : nullptr;
-            if (found)
+            if (found) {
                 return found;
+            }
         }
     }
     hit = static_cast<int>(SendMessageA(handle, WM_NCHITTEST, 0, packPoint(screen)));
@@ -83,8 +85,9 @@ bool isButtonDown(const InputEvent& event) {
 }
 
 UINT clientMessage(const InputEvent& event) {
-    if (event.kind == InputEvent::Kind::Wheel)
+    if (event.kind == InputEvent::Kind::Wheel) {
         return WM_MOUSEWHEEL;
+    }
     return event.what == InputSink::Mouse::Move ? WM_MOUSEMOVE : buttonMessage(event.code, isButtonDown(event));
 }
 
@@ -116,30 +119,35 @@ bool activateByClick(HWND target, HWND top, int hit, UINT message) {
     const LRESULT answer =
         SendMessageA(target, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(top), MAKELPARAM(hit & 0xffff, message));
     const bool wanted = answer == MA_ACTIVATE || answer == MA_ACTIVATEANDEAT || answer == 0;
-    if (wanted && hit != HTERROR && hit != HTNOWHERE && activeWindow() != top && isAlive(top))
+    if (wanted && hit != HTERROR && hit != HTNOWHERE && activeWindow() != top && isAlive(top)) {
         activate(top, ActivationCause::Click);
+    }
     return answer != MA_ACTIVATEANDEAT && answer != kNoActivateAndEat;
 }
 
 // The rectangle to search starts at the top-level window that the display named, or the one with the capture.
 HWND targetOf(const InputEvent& event, int& hit) {
     hit = HTCLIENT;
-    if (event.kind == InputEvent::Kind::Wheel)
+    if (event.kind == InputEvent::Kind::Wheel) {
         return focusWindow() ? focusWindow() : event.top;
-    if (isAlive(mouse().capture))
+    }
+    if (isAlive(mouse().capture)) {
         return mouse().capture;
+    }
     hit = HTNOWHERE;
     return windowAt(event.top, event.at, hit);
 }
 
 // What a click or move sends besides its message. False when there is no message to come.
 bool sendCompanions(const InputEvent& event, HWND target, int hit, UINT message) {
-    if (event.kind == InputEvent::Kind::Wheel || mouse().capture)
+    if (event.kind == InputEvent::Kind::Wheel || mouse().capture) {
         return true;
+    }
     const Window* window = findWindow(target);
     Window* topWindow = window ? topLevelOf(*findWindow(target)) : nullptr;
-    if (!topWindow)
+    if (!topWindow) {
         return false;
+    }
     const HWND top = topWindow->handle;
     bool goesOn = true;
     if (isButtonDown(event) && hit != HTERROR) {
@@ -154,15 +162,17 @@ void grabFor(HWND capture) {
     Window* window = findWindow(capture);
     Window* top = window ? topLevelOf(*window) : nullptr;
     const HWND wanted = top && isPopupKind(*top) && top->top.onDisplay ? top->handle : nullptr;
-    if (std::exchange(mouse().grabbed, wanted) != wanted)
+    if (std::exchange(mouse().grabbed, wanted) != wanted) {
         display().grabMouse(wanted);
+    }
 }
 
 HWND changeCapture(HWND window) {
     const HWND previous = std::exchange(mouse().capture, window);
     grabFor(window);
-    if (previous)
+    if (previous) {
         SendMessageA(previous, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(window));
+    }
     return previous;
 }
 
@@ -177,12 +187,14 @@ MouseOutcome makeMouseMessage(const InputEvent& event, const MessageFilter& filt
     int hit = HTCLIENT;
     const HWND target = targetOf(event, hit);
     const Window* window = findWindow(target);
-    if (!window)
+    if (!window) {
         return MouseOutcome::Discarded;
+    }
     UINT number = clientMessage(event);
     const UINT plain = number;
-    if (isButtonDown(event) && isDoubleClick(event, target, number))
+    if (isButtonDown(event) && isDoubleClick(event, target, number)) {
         number += WM_LBUTTONDBLCLK - WM_LBUTTONDOWN;
+    }
     WPARAM wParam = mouseKeyState();
     POINT at = event.at;
     if (event.kind == InputEvent::Kind::Wheel) {
@@ -194,19 +206,25 @@ MouseOutcome makeMouseMessage(const InputEvent& event, const MessageFilter& filt
         const POINT origin = clientOrigin(*window);
         at = {at.x - origin.x, at.y - origin.y};
     }
-    if (!filter.accepts(target, number))
+    if (!filter.accepts(target, number)) {
         return MouseOutcome::Filtered;
+    }
     if (remove) {
-        if (event.modifiersKnown)
+        if (event.modifiersKnown) {
             applyModifiers(event);
-        if (event.kind == InputEvent::Kind::Mouse && event.what != InputSink::Mouse::Move)
+        }
+        if (event.kind == InputEvent::Kind::Mouse && event.what != InputSink::Mouse::Move) {
             setButtonState(event.code, isButtonDown(event));
-        if (hit == HTCLIENT && event.kind == InputEvent::Kind::Mouse)
+        }
+        if (hit == HTCLIENT && event.kind == InputEvent::Kind::Mouse) {
             wParam = mouseKeyState();
-        if (isButtonDown(event))
+        }
+        if (isButtonDown(event)) {
             mouse().click = number == plain ? LastClick{target, plain, event.at, event.time} : LastClick{};
-        if (!sendCompanions(event, target, hit, plain))
+        }
+        if (!sendCompanions(event, target, hit, plain)) {
             return MouseOutcome::Discarded;
+        }
     }
     message = MSG{target, number, wParam, packPoint(at), event.time, event.at};
     return MouseOutcome::Message;
@@ -218,8 +236,9 @@ HWND captureWindow() {
 
 void dropCaptureOf(const Window& window) {
     const Window* holder = findWindow(mouse().capture);
-    if (!holder || (holder != &window && !isDescendant(window, *holder)))
+    if (!holder || (holder != &window && !isDescendant(window, *holder))) {
         return;
+    }
     mouse().capture = nullptr;
     grabFor(nullptr);
 }
@@ -231,20 +250,23 @@ HWND GetCapture(void) {
 }
 
 HWND SetCapture(HWND window) {
-    if (window && !platform::requireWindow(window))
+    if (window && !platform::requireWindow(window)) {
         return nullptr;
+    }
     return platform::changeCapture(window);
 }
 
 BOOL ReleaseCapture(void) {
-    if (platform::captureWindow())
+    if (platform::captureWindow()) {
         platform::changeCapture(nullptr);
+    }
     return TRUE;
 }
 
 BOOL GetCursorPos(LPPOINT point) {
-    if (!point)
+    if (!point) {
         return FALSE;
+    }
     *point = platform::display().cursorPosition();
     return TRUE;
 }
@@ -256,7 +278,8 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name) {
 
 HCURSOR SetCursor(HCURSOR cursor) {
     const HCURSOR previous = std::exchange(platform::mouse().cursor, cursor);
-    if (previous != cursor)
+    if (previous != cursor) {
         platform::display().setCursor(cursor);
+    }
     return previous;
 }

@@ -29,8 +29,9 @@ RECT clientOnSurface(const Window& window) {
 void subtractSiblingsAbove(Region& region, const Window& window) {
     const RECT parentClient = clientOnSurface(*window.parent);
     for (const Window* above = window.previous; above; above = above->previous) {
-        if (!above->has(WS_VISIBLE) || above->hasEx(WS_EX_TRANSPARENT))
+        if (!above->has(WS_VISIBLE) || above->hasEx(WS_EX_TRANSPARENT)) {
             continue;
+        }
         RECT rect = above->rect;
         OffsetRect(&rect, parentClient.left, parentClient.top);
         region.subtract(rect);
@@ -40,8 +41,9 @@ void subtractSiblingsAbove(Region& region, const Window& window) {
 void subtractChildren(Region& region, const Window& window) {
     const RECT client = clientOnSurface(window);
     for (const Window* child = window.firstChild; child; child = child->next) {
-        if (!child->has(WS_VISIBLE) || child->hasEx(WS_EX_TRANSPARENT))
+        if (!child->has(WS_VISIBLE) || child->hasEx(WS_EX_TRANSPARENT)) {
             continue;
+        }
         RECT rect = child->rect;
         OffsetRect(&rect, client.left, client.top);
         region.subtract(rect);
@@ -51,8 +53,9 @@ void subtractChildren(Region& region, const Window& window) {
 // Whether a parent that paints over its children has still to be painted: the child waits for it.
 bool waitsForParent(const Window& window) {
     for (const Window* up = window.parent; up && up->parent; up = up->parent) {
-        if (!up->paint.update.isEmpty() && !up->has(WS_CLIPCHILDREN))
+        if (!up->paint.update.isEmpty() && !up->has(WS_CLIPCHILDREN)) {
             return true;
+        }
     }
     return false;
 }
@@ -60,8 +63,9 @@ bool waitsForParent(const Window& window) {
 // Sends WM_NCPAINT when the borders are invalid.
 void paintFrame(HWND handle) {
     Window* window = findWindow(handle);
-    if (!window || !window->paint.frame)
+    if (!window || !window->paint.frame) {
         return;
+    }
     window->paint.frame = false;
     SendMessageA(handle, WM_NCPAINT, 1, 0);
 }
@@ -78,18 +82,22 @@ Region updateOnSurface(const Window& window) {
 
 Region visibleRegion(const Window& window, bool wholeWindow) {
     const Window* top = &window;
-    while (top->parent && !isTopLevel(*top))
+    while (top->parent && !isTopLevel(*top)) {
         top = top->parent;
-    if (!top->parent || !isShown(window))
+    }
+    if (!top->parent || !isShown(window)) {
         return Region();
+    }
     const POINT origin = surfaceOrigin(window);
     const RECT whole{origin.x, origin.y, origin.x + widthOf(window.rect), origin.y + heightOf(window.rect)};
     Region region(wholeWindow ? whole : clientOnSurface(window));
-    if (window.has(WS_CLIPCHILDREN))
+    if (window.has(WS_CLIPCHILDREN)) {
         subtractChildren(region, window);
+    }
     for (const Window* level = &window; level != top; level = level->parent) {
-        if (level->has(WS_CLIPSIBLINGS))
+        if (level->has(WS_CLIPSIBLINGS)) {
             subtractSiblingsAbove(region, *level);
+        }
         region.intersect(clientOnSurface(*level->parent));
     }
     return region;
@@ -97,8 +105,9 @@ Region visibleRegion(const Window& window, bool wholeWindow) {
 
 HDC openDc(Window& window, bool wholeWindow, const Region* clip) {
     Region region = visibleRegion(window, wholeWindow);
-    if (clip)
+    if (clip) {
         region.intersect(*clip);
+    }
     Window* top = topLevelOf(window);
     const bool drawable = top && isShown(*top);
     const RECT client = clientOnSurface(window);
@@ -108,8 +117,9 @@ HDC openDc(Window& window, bool wholeWindow, const Region* clip) {
 
 void eraseNow(HWND handle, bool withChildren) {
     Window* window = findWindow(handle);
-    if (!window || !isShown(*window) || !hasPaint())
+    if (!window || !isShown(*window) || !hasPaint()) {
         return;
+    }
     if (!window->paint.update.isEmpty() && !waitsForParent(*window)) {
         paintFrame(handle);
         window = findWindow(handle);
@@ -119,14 +129,17 @@ void eraseNow(HWND handle, bool withChildren) {
             const bool erased = SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0) != 0;
             closeWindowDc(dc);
             window = findWindow(handle);
-            if (window && erased)
+            if (window && erased) {
                 window->paint.erase = false;
+            }
         }
     }
-    if (!window || !withChildren)
+    if (!window || !withChildren) {
         return;
-    for (const HWND child : childHandles(*window))
+    }
+    for (const HWND child : childHandles(*window)) {
         eraseNow(child, true);
+    }
 }
 
 }  // namespace platform
@@ -135,50 +148,58 @@ using platform::Window;
 
 HDC BeginPaint(HWND window, LPPAINTSTRUCT paint) {
     Window* found = platform::requireWindow(window);
-    if (!found || !paint)
+    if (!found || !paint) {
         return nullptr;
+    }
     platform::hideCaretOver(*found);
     platform::paintFrame(window);
     found = platform::findWindow(window);
-    if (!found)
+    if (!found) {
         return nullptr;
+    }
     const platform::Region update = platform::updateOnSurface(*found);
     const bool erase = found->paint.erase;
     platform::clearPaint(*found);
     *paint = PAINTSTRUCT{};
     paint->hdc = platform::openDc(*found, false, &update);
-    if (erase)
+    if (erase) {
         paint->fErase = SendMessageA(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) ? FALSE : TRUE;
+    }
     GetClipBox(paint->hdc, &paint->rcPaint);
     return paint->hdc;
 }
 
 BOOL EndPaint(HWND window, const PAINTSTRUCT* paint) {
-    if (!paint || !paint->hdc)
+    if (!paint || !paint->hdc) {
         return FALSE;
+    }
     platform::closeWindowDc(paint->hdc);
-    if (platform::isAlive(window))
+    if (platform::isAlive(window)) {
         platform::restoreCaret();
+    }
     return TRUE;
 }
 
 HDC GetDC(HWND window) {
-    if (!window)
+    if (!window) {
         return platform::openWindowDc(nullptr, nullptr, POINT{}, platform::Region());
+    }
     Window* found = platform::requireWindow(window);
     return found ? platform::openDc(*found, false, nullptr) : nullptr;
 }
 
 HDC GetWindowDC(HWND window) {
     Window* found = window ? platform::requireWindow(window) : nullptr;
-    if (window && !found)
+    if (window && !found) {
         return nullptr;
+    }
     return found ? platform::openDc(*found, true, nullptr) : GetDC(nullptr);
 }
 
 int ReleaseDC(HWND, HDC dc) {
-    if (!dc)
+    if (!dc) {
         return 0;
+    }
     platform::closeWindowDc(dc);
     return 1;
 }

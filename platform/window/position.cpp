@@ -21,10 +21,12 @@ bool sameRect(const RECT& a, const RECT& b) {
 Window* lastAbove(const Window& window, bool topmost) {
     Window* above = nullptr;
     for (Window* sibling = window.parent->firstChild; sibling && isTopLevel(window); sibling = sibling->next) {
-        if (sibling == &window)
+        if (sibling == &window) {
             continue;
-        if (topmost || !sibling->hasEx(WS_EX_TOPMOST))
+        }
+        if (topmost || !sibling->hasEx(WS_EX_TOPMOST)) {
             break;
+        }
         above = sibling;
     }
     return above;
@@ -38,19 +40,23 @@ bool resolveOrder(const Window& window, HWND insertAfter, bool topmost, Window*&
         after = lastAbove(window, topmost);
     } else {
         after = findWindow(insertAfter);
-        if (!after || after->parent != window.parent || after == &window)
+        if (!after || after->parent != window.parent || after == &window) {
             return false;
+        }
     }
     return after != window.previous;
 }
 
 bool wantsTopmost(const Window& window, const WINDOWPOS& pos) {
-    if ((pos.flags & SWP_NOZORDER) || !isTopLevel(window))
+    if ((pos.flags & SWP_NOZORDER) || !isTopLevel(window)) {
         return window.hasEx(WS_EX_TOPMOST);
-    if (pos.hwndInsertAfter == HWND_TOPMOST)
+    }
+    if (pos.hwndInsertAfter == HWND_TOPMOST) {
         return true;
-    if (pos.hwndInsertAfter == HWND_NOTOPMOST || pos.hwndInsertAfter == HWND_BOTTOM)
+    }
+    if (pos.hwndInsertAfter == HWND_NOTOPMOST || pos.hwndInsertAfter == HWND_BOTTOM) {
         return false;
+    }
     return window.hasEx(WS_EX_TOPMOST);
 }
 
@@ -60,11 +66,13 @@ bool simplify(const Window& window, WINDOWPOS& pos) {
         pos.flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
     } else {
         pos.flags &= ~static_cast<UINT>(SWP_HIDEWINDOW);
-        if (!(pos.flags & SWP_SHOWWINDOW))
+        if (!(pos.flags & SWP_SHOWWINDOW)) {
             pos.flags |= SWP_NOREDRAW;
+        }
     }
-    if (!isTopLevel(window) && !isShown(*window.parent))
+    if (!isTopLevel(window) && !isShown(*window.parent)) {
         pos.flags |= SWP_NOREDRAW;
+    }
     pos.cx = pos.cx < 0 ? 0 : pos.cx;
     pos.cy = pos.cy < 0 ? 0 : pos.cy;
     if ((pos.flags & SWP_NOSIZE) || (pos.cx == widthOf(window.rect) && pos.cy == heightOf(window.rect))) {
@@ -77,15 +85,18 @@ bool simplify(const Window& window, WINDOWPOS& pos) {
         pos.x = window.rect.left;
         pos.y = window.rect.top;
     }
-    if (pos.flags & SWP_NOZORDER)
+    if (pos.flags & SWP_NOZORDER) {
         return true;
+    }
     Window* after = nullptr;
     const bool topmost = wantsTopmost(window, pos);
     const Window* named = findWindow(pos.hwndInsertAfter);
-    if (named && named->parent != window.parent)
+    if (named && named->parent != window.parent) {
         return false;
-    if (!resolveOrder(window, pos.hwndInsertAfter, topmost, after) && topmost == window.hasEx(WS_EX_TOPMOST))
+    }
+    if (!resolveOrder(window, pos.hwndInsertAfter, topmost, after) && topmost == window.hasEx(WS_EX_TOPMOST)) {
         pos.flags |= SWP_NOZORDER;
+    }
     return true;
 }
 
@@ -94,8 +105,9 @@ RECT newClientRect(const Window& window, WINDOWPOS& pos, const RECT& outer) {
     const int dx = outer.left - window.rect.left;
     const int dy = outer.top - window.rect.top;
     RECT client{window.client.left + dx, window.client.top + dy, window.client.right + dx, window.client.bottom + dy};
-    if ((pos.flags & SWP_NOSIZE) && !(pos.flags & SWP_FRAMECHANGED))
+    if ((pos.flags & SWP_NOSIZE) && !(pos.flags & SWP_FRAMECHANGED)) {
         return client;
+    }
     NCCALCSIZE_PARAMS params{{outer, window.rect, window.client}, &pos};
     SendMessageA(pos.hwnd, WM_NCCALCSIZE, TRUE, reinterpret_cast<LPARAM>(&params));
     return params.rgrc[0];
@@ -114,15 +126,17 @@ void changeOrder(Window& window, const WINDOWPOS& pos) {
         linkWindow(window, parent, after);
     }
     const bool toTop = pos.hwndInsertAfter != HWND_BOTTOM && !findWindow(pos.hwndInsertAfter);
-    if (isTopLevel(window) && toTop)
+    if (isTopLevel(window) && toTop) {
         raiseTopLevel(window);
+    }
 }
 
 bool overlapsSibling(const Window& window) {
     RECT common;
     for (const Window* sibling = window.parent->firstChild; sibling; sibling = sibling->next) {
-        if (sibling != &window && sibling->has(WS_VISIBLE) && IntersectRect(&common, &sibling->rect, &window.rect))
+        if (sibling != &window && sibling->has(WS_VISIBLE) && IntersectRect(&common, &sibling->rect, &window.rect)) {
             return true;
+        }
     }
     return false;
 }
@@ -132,51 +146,65 @@ void invalidateChanged(Window& window, const WINDOWPOS& pos, const RECT& oldRect
                        bool wasShown) {
     constexpr UINT kAll = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN;
     const bool shown = isShown(window);
-    if (pos.flags & SWP_NOREDRAW)
+    if (pos.flags & SWP_NOREDRAW) {
         return;
+    }
     const bool moved = !sameRect(oldRect, window.rect);
     if (wasShown && !isTopLevel(window) && (moved || !shown)) {
         Region uncovered(oldRect);
-        if (shown)
+        if (shown) {
             uncovered.subtract(window.rect);
-        for (const RECT& part : uncovered.rects())
+        }
+        for (const RECT& part : uncovered.rects()) {
             exposeBehind(*window.parent, part);
+        }
     }
-    if (!shown)
+    if (!shown) {
         return;
+    }
     const bool clientChanged =
         widthOf(oldClient) != widthOf(window.client) || heightOf(oldClient) != heightOf(window.client);
     const bool raised = !(pos.flags & SWP_NOZORDER) && !isTopLevel(window) && overlapsSibling(window);
-    if (!wasShown || clientChanged || raised || (moved && !isTopLevel(window)))
+    if (!wasShown || clientChanged || raised || (moved && !isTopLevel(window))) {
         invalidate(window, nullptr, kAll);
-    else if ((pos.flags & SWP_FRAMECHANGED) && !sameRect(window.rect, window.client))
+    } else if ((pos.flags & SWP_FRAMECHANGED) && !sameRect(window.rect, window.client)) {
         invalidate(window, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_NOCHILDREN);
+    }
 }
 
 void showChange(Window& window, const WINDOWPOS& pos) {
-    if (pos.flags & SWP_SHOWWINDOW)
+    if (pos.flags & SWP_SHOWWINDOW) {
         window.setStyleBit(WS_VISIBLE, true);
-    if (pos.flags & SWP_HIDEWINDOW)
+    }
+    if (pos.flags & SWP_HIDEWINDOW) {
         window.setStyleBit(WS_VISIBLE, false);
-    if (!isTopLevel(window))
+    }
+    if (!isTopLevel(window)) {
         return;
-    if (!(pos.flags & SWP_NOMOVE))
+    }
+    if (!(pos.flags & SWP_NOMOVE)) {
         window.top.placed = true;
-    if ((pos.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE) || (pos.flags & SWP_FRAMECHANGED))
+    }
+    if ((pos.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE) || (pos.flags & SWP_FRAMECHANGED)) {
         placeOnDisplay(window);
-    if (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW))
+    }
+    if (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) {
         showOnDisplay(window, window.has(WS_VISIBLE));
+    }
 }
 
 // Backgrounds are painted at once where windows appear or leave, the rest with the next WM_PAINT.
 void eraseChanged(HWND handle, const WINDOWPOS& pos, bool sizedTopLevel) {
-    if (pos.flags & SWP_NOREDRAW)
+    if (pos.flags & SWP_NOREDRAW) {
         return;
+    }
     const Window* window = findWindow(handle);
-    if (window && (pos.flags & SWP_HIDEWINDOW) && !isTopLevel(*window) && window->parent)
+    if (window && (pos.flags & SWP_HIDEWINDOW) && !isTopLevel(*window) && window->parent) {
         eraseNow(window->parent->handle, false);
-    if (window && ((pos.flags & SWP_SHOWWINDOW) || sizedTopLevel))
+    }
+    if (window && ((pos.flags & SWP_SHOWWINDOW) || sizedTopLevel)) {
         eraseNow(handle, true);
+    }
 }
 
 // Carries the request out. False when the window died in between.
@@ -184,22 +212,26 @@ bool applyChange(HWND handle, WINDOWPOS& pos) {
     const RECT outer{pos.x, pos.y, pos.x + pos.cx, pos.y + pos.cy};
     const RECT client = newClientRect(*findWindow(handle), pos, outer);
     Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return false;
+    }
     const RECT oldRect = window->rect;
     const RECT oldClient = window->client;
     const bool wasShown = isShown(*window);
     hideCaretOver(*window);
     window->rect = outer;
     window->client = client;
-    if (!(pos.flags & SWP_NOZORDER))
+    if (!(pos.flags & SWP_NOZORDER)) {
         changeOrder(*window, pos);
+    }
     showChange(*window, pos);
     invalidateChanged(*window, pos, oldRect, oldClient, wasShown);
-    if (widthOf(oldClient) == widthOf(client) && heightOf(oldClient) == heightOf(client))
+    if (widthOf(oldClient) == widthOf(client) && heightOf(oldClient) == heightOf(client)) {
         pos.flags |= kSwpNoClientSize;
-    if (oldClient.left == client.left && oldClient.top == client.top)
+    }
+    if (oldClient.left == client.left && oldClient.top == client.top) {
         pos.flags |= kSwpNoClientMove;
+    }
     return true;
 }
 
@@ -207,8 +239,9 @@ BOOL setWindowPos(WINDOWPOS& pos) {
     SendMessageA(pos.hwnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&pos));
     const HWND handle = pos.hwnd;
     const Window* window = findWindow(handle);
-    if (!window || !window->parent)
+    if (!window || !window->parent) {
         return FALSE;
+    }
     if (!simplify(*window, pos)) {
         SetLastError(kErrorInvalidParameter);
         return FALSE;
@@ -216,18 +249,22 @@ BOOL setWindowPos(WINDOWPOS& pos) {
     const bool changes =
         (pos.flags & kNothing) != kNothing || (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_FRAMECHANGED)) != 0;
     const bool sizes = !(pos.flags & SWP_NOSIZE) && isTopLevel(*window);
-    if (changes && !applyChange(handle, pos))
+    if (changes && !applyChange(handle, pos)) {
         return FALSE;
+    }
     window = findWindow(handle);
     const bool activates =
         !(pos.flags & (SWP_NOACTIVATE | SWP_HIDEWINDOW)) && window && isTopLevel(*window) && !window->isChildStyle();
-    if (activates && activeWindow() != handle)
+    if (activates && activeWindow() != handle) {
         activate(handle, ActivationCause::Program);
-    if (!changes)
+    }
+    if (!changes) {
         return TRUE;
+    }
     eraseChanged(handle, pos, sizes);
-    if (isAlive(handle))
+    if (isAlive(handle)) {
         SendMessageA(handle, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&pos));
+    }
     return TRUE;
 }
 
@@ -237,12 +274,15 @@ int borderWidth(DWORD style, DWORD exStyle, bool topLevel) {
     const auto has = [](DWORD bits, long mask) { return (bits & static_cast<DWORD>(mask)); };
     int width = 0;
     // A top-level window with a caption has its frame from the window manager.
-    if (has(style, WS_CAPTION) == static_cast<DWORD>(WS_BORDER) && !(topLevel && has(style, WS_THICKFRAME)))
+    if (has(style, WS_CAPTION) == static_cast<DWORD>(WS_BORDER) && !(topLevel && has(style, WS_THICKFRAME))) {
         width += 1;
-    if (has(exStyle, WS_EX_CLIENTEDGE))
+    }
+    if (has(exStyle, WS_EX_CLIENTEDGE)) {
         width += 2;
-    if (has(exStyle, WS_EX_STATICEDGE))
+    }
+    if (has(exStyle, WS_EX_STATICEDGE)) {
         width += 1;
+    }
     return width;
 }
 
@@ -254,8 +294,9 @@ RECT askClientRect(HWND window, const RECT& outer) {
 
 void movedByServer(HWND top, POINT origin) {
     Window* window = findWindow(top);
-    if (!window || (window->rect.left == origin.x && window->rect.top == origin.y))
+    if (!window || (window->rect.left == origin.x && window->rect.top == origin.y)) {
         return;
+    }
     OffsetRect(&window->client, origin.x - window->rect.left, origin.y - window->rect.top);
     OffsetRect(&window->rect, origin.x - window->rect.left, origin.y - window->rect.top);
     window->top.placed = true;
@@ -276,8 +317,9 @@ void resizedByServer(HWND top, SIZE size) {
 }  // namespace platform
 
 BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags) {
-    if (!platform::requireWindow(window))
+    if (!platform::requireWindow(window)) {
         return FALSE;
+    }
     WINDOWPOS pos{window, insertAfter, x, y, width, height, flags};
     return platform::setWindowPos(pos);
 }
@@ -288,8 +330,9 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) 
 }
 
 BOOL AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL, DWORD exStyle) {
-    if (!rect)
+    if (!rect) {
         return FALSE;
+    }
     const bool topLevel = (style & static_cast<DWORD>(WS_CHILD)) == 0;
     const int border = platform::borderWidth(style, exStyle, topLevel);
     return InflateRect(rect, border, border);

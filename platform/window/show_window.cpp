@@ -28,11 +28,13 @@ UINT positionFlags(const Window& window, int command) {
 // What had the activation or the focus does not keep it when it is hidden.
 void leaveHidden(HWND handle) {
     const Window* window = findWindow(handle);
-    if (window && activeWindow() == handle)
+    if (window && activeWindow() == handle) {
         activateOther(*window);
+    }
     window = findWindow(handle);
-    if (window && focusWindow() == handle)
+    if (window && focusWindow() == handle) {
         SetFocus(window->parent && !isTopLevel(*window) ? window->parent->handle : nullptr);
+    }
 }
 
 }  // namespace
@@ -40,41 +42,51 @@ void leaveHidden(HWND handle) {
 
 BOOL ShowWindow(HWND window, int command) {
     platform::Window* found = platform::requireWindow(window);
-    if (!found)
+    if (!found) {
         return FALSE;
+    }
     const bool wasVisible = found->has(WS_VISIBLE);
     const bool show = command != SW_HIDE;
     // Showing what is visible already, with the activation that goes along, changes nothing.
-    if (show == wasVisible && command != SW_SHOWNA)
+    if (show == wasVisible && command != SW_SHOWNA) {
         return wasVisible ? TRUE : FALSE;
+    }
     SendMessageA(window, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
     found = platform::findWindow(window);
-    if (!found || !found->parent)
+    if (!found || !found->parent) {
         return wasVisible ? TRUE : FALSE;
+    }
     // Below a hidden parent nothing is to be seen: only the style changes.
-    if (!platform::isTopLevel(*found) && !platform::isShown(*found->parent))
+    if (!platform::isTopLevel(*found) && !platform::isShown(*found->parent)) {
         found->setStyleBit(WS_VISIBLE, show);
-    else
+    } else {
         SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, platform::positionFlags(*found, command));
-    if (!show)
+    }
+    if (!show) {
         platform::leaveHidden(window);
+    }
     return wasVisible ? TRUE : FALSE;
 }
 
 BOOL EnableWindow(HWND window, BOOL enable) {
     platform::Window* found = platform::requireWindow(window);
-    if (!found)
+    if (!found) {
         return FALSE;
-    if (!enable)
+    }
+    if (!enable) {
         SendMessageA(window, WM_CANCELMODE, 0, 0);
+    }
     found = platform::findWindow(window);
     const bool wasDisabled = found && found->has(WS_DISABLED);
-    if (!found || wasDisabled == (enable == FALSE))
+    if (!found || wasDisabled == (enable == FALSE)) {
         return wasDisabled ? TRUE : FALSE;
+    }
     found->setStyleBit(WS_DISABLED, enable == FALSE);
-    if (!enable && platform::focusWindow() == window)
+    if (!enable && platform::focusWindow() == window) {
         SetFocus(nullptr);
-    if (platform::isAlive(window))
+    }
+    if (platform::isAlive(window)) {
         SendMessageA(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
+    }
     return wasDisabled ? TRUE : FALSE;
 }

@@ -28,8 +28,9 @@ thread_local DWORD t_lastError = ERROR_SUCCESS;
 // Letters of code page 1252 in lower case: those from 0xC0 on lie 32 apart, except the multiplication sign and the
 // sharp s; three letters lie elsewhere.
 unsigned char toLower(unsigned char byte) {
-    if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7))
+    if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7)) {
         return static_cast<unsigned char>(byte + 0x20);
+    }
     switch (byte) {
         case 0x8A:
         case 0x8C:
@@ -66,15 +67,17 @@ int GetSystemMetrics(int index) {
         return index == SM_CXSCREEN ? screen.cx : screen.cy;
     }
     for (const Metric& metric : kMetrics) {
-        if (metric.index == index)
+        if (metric.index == index) {
             return metric.value;
+        }
     }
     return 0;
 }
 
 BOOL SystemParametersInfoA(UINT action, UINT, PVOID data, UINT) {
-    if (action != SPI_GETWORKAREA || !data)
+    if (action != SPI_GETWORKAREA || !data) {
         return FALSE;
+    }
     const SIZE screen = platform::display().screenSize();
     *static_cast<RECT*>(data) = {0, 0, screen.cx, screen.cy};
     return TRUE;
@@ -99,8 +102,9 @@ void SetLastError(DWORD error) {
 }
 
 int lstrcmpiA(LPCSTR a, LPCSTR b) {
-    if (!a || !b)
+    if (!a || !b) {
         return (a ? 1 : 0) - (b ? 1 : 0);
+    }
     while (*a && sortWeight(*a) == sortWeight(*b)) {
         ++a;
         ++b;

@@ -50,15 +50,18 @@ bool takeTimer(MSG& message, const MessageFilter& filter, bool remove) {
     Timer* first = nullptr;
     for (Timer& timer : timers()) {
         if (timeUntil(timer, now) <= 0 && filter.accepts(timer.window, WM_TIMER) &&
-            (!first || timeUntil(timer, now) < timeUntil(*first, now)))
+            (!first || timeUntil(timer, now) < timeUntil(*first, now))) {
             first = &timer;
+        }
     }
-    if (!first)
+    if (!first) {
         return false;
+    }
     message =
         MSG{first->window, WM_TIMER, first->id, reinterpret_cast<LPARAM>(first->proc), now, lastPointerPosition()};
-    if (remove)
+    if (remove) {
         first->due = now + first->periodMs;
+    }
     return true;
 }
 
@@ -79,8 +82,9 @@ void dropTimersOf(HWND window) {
 }  // namespace platform
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT elapseMs, TIMERPROC proc) {
-    if (window && !platform::requireWindow(window))
+    if (window && !platform::requireWindow(window)) {
         return 0;
+    }
     const UINT period = std::clamp(elapseMs, platform::kMinimumPeriodMs, platform::kMaximumPeriodMs);
     const DWORD due = GetTickCount() + period;
     const auto known = platform::findTimer(window, id);
@@ -95,8 +99,9 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT elapseMs, TIMERPROC proc) {
 
 BOOL KillTimer(HWND window, UINT_PTR id) {
     const auto known = platform::findTimer(window, id);
-    if (known == platform::timers().end())
+    if (known == platform::timers().end()) {
         return FALSE;
+    }
     platform::timers().erase(known);
     return TRUE;
 }

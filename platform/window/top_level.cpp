@@ -12,8 +12,9 @@ namespace platform {
 namespace {
 
 DisplayWindowInfo::Kind kindOf(const Window& top) {
-    if (isPopupKind(top))
+    if (isPopupKind(top)) {
         return DisplayWindowInfo::Kind::Popup;
+    }
     const bool dialog = top.owner || top.hasEx(WS_EX_DLGMODALFRAME) || !top.has(WS_THICKFRAME);
     return dialog ? DisplayWindowInfo::Kind::Dialog : DisplayWindowInfo::Kind::Normal;
 }
@@ -29,8 +30,9 @@ void createOnDisplay(Window& top) {
     info.resizable = top.has(WS_THICKFRAME);
     info.title = top.text;
     display().createWindow(info);
-    if (top.hasEx(WS_EX_TOPMOST))
+    if (top.hasEx(WS_EX_TOPMOST)) {
         display().setTopmost(top.handle, true);
+    }
     top.top.onDisplay = true;
 }
 
@@ -41,59 +43,70 @@ bool isPopupKind(const Window& top) {
 }
 
 Surface& surfaceOf(Window& top) {
-    if (!top.top.surface)
+    if (!top.top.surface) {
         top.top.surface = std::make_unique<Surface>(std::max(1, widthOf(top.rect)), std::max(1, heightOf(top.rect)));
+    }
     return *top.top.surface;
 }
 
 void showOnDisplay(Window& top, bool visible) {
     if (!top.top.onDisplay) {
-        if (!visible)
+        if (!visible) {
             return;
+        }
         createOnDisplay(top);
     }
     display().show(top.handle, visible);
     // A dialog is active before it is shown, when its first control gets the focus.
-    if (visible && activeWindow() == top.handle)
+    if (visible && activeWindow() == top.handle) {
         focusOnDisplay(top);
+    }
 }
 
 void placeOnDisplay(Window& top) {
     const int width = std::max(1, widthOf(top.rect));
     const int height = std::max(1, heightOf(top.rect));
-    if (top.top.surface && (top.top.surface->width() != width || top.top.surface->height() != height))
+    if (top.top.surface && (top.top.surface->width() != width || top.top.surface->height() != height)) {
         top.top.surface->resize(width, height);
-    if (top.top.onDisplay)
+    }
+    if (top.top.onDisplay) {
         display().setRect(top.handle, top.rect);
+    }
 }
 
 void titleOnDisplay(const Window& top) {
-    if (top.top.onDisplay)
+    if (top.top.onDisplay) {
         display().setTitle(top.handle, top.text);
+    }
 }
 
 void raiseOnDisplay(const Window& top) {
-    if (top.top.onDisplay && top.has(WS_VISIBLE))
+    if (top.top.onDisplay && top.has(WS_VISIBLE)) {
         display().raise(top.handle);
+    }
 }
 
 void topmostOnDisplay(const Window& top, bool topmost) {
-    if (top.top.onDisplay)
+    if (top.top.onDisplay) {
         display().setTopmost(top.handle, topmost);
+    }
 }
 
 void focusOnDisplay(const Window& top) {
-    if (isPopupKind(top))
+    if (isPopupKind(top)) {
         return;
+    }
     // What the display still reports about other windows is out of date, also while this one is yet to be shown.
     expectServerFocus(top.handle);
-    if (top.top.onDisplay)
+    if (top.top.onDisplay) {
         display().focus(top.handle);
+    }
 }
 
 void removeFromDisplay(Window& top) {
-    if (top.top.onDisplay)
+    if (top.top.onDisplay) {
         display().destroyWindow(top.handle);
+    }
     top.top.onDisplay = false;
     top.top.surface.reset();
 }
@@ -101,8 +114,9 @@ void removeFromDisplay(Window& top) {
 void presentAll() {
     for (Window* top = desktop().firstChild; top; top = top->next) {
         Surface* surface = top->top.surface.get();
-        if (surface && surface->hasDamage() && top->top.onDisplay && top->has(WS_VISIBLE))
+        if (surface && surface->hasDamage() && top->top.onDisplay && top->has(WS_VISIBLE)) {
             display().present(top->handle, *surface, surface->takeDamage());
+        }
     }
 }
 

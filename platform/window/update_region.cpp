@@ -31,8 +31,9 @@ bool reachesChildren(const Window& window, UINT flags) {
 bool partOfChild(const Window& parent, const Window& child, const RECT& rect, RECT& part) {
     RECT inParent = rect;
     OffsetRect(&inParent, parent.rect.left - parent.client.left, parent.rect.top - parent.client.top);
-    if (!IntersectRect(&part, &inParent, &child.rect))
+    if (!IntersectRect(&part, &inParent, &child.rect)) {
         return false;
+    }
     OffsetRect(&part, -child.rect.left, -child.rect.top);
     return true;
 }
@@ -46,76 +47,90 @@ void addInvalid(Window& window, const RECT& rect, UINT flags) {
         window.paint.erase = window.paint.erase || (flags & RDW_ERASE);
         window.paint.frame = window.paint.frame || (flags & RDW_FRAME);
     }
-    if (flags & RDW_INTERNALPAINT)
+    if (flags & RDW_INTERNALPAINT) {
         window.paint.internal = true;
+    }
     countPending(before, window.paint.isPending());
 }
 
 void invalidateTree(Window& window, const RECT& rect, UINT flags) {
     addInvalid(window, rect, flags);
-    if (!reachesChildren(window, flags))
+    if (!reachesChildren(window, flags)) {
         return;
+    }
     for (Window* child = window.firstChild; child; child = child->next) {
         RECT part;
-        if (child->has(WS_VISIBLE) && partOfChild(window, *child, rect, part))
+        if (child->has(WS_VISIBLE) && partOfChild(window, *child, rect, part)) {
             invalidateTree(*child, part, flags | RDW_FRAME | RDW_ERASE);
+        }
     }
 }
 
 void validateTree(Window& window, const RECT* rect, UINT flags) {
     const bool before = window.paint.isPending();
-    if (rect)
+    if (rect) {
         window.paint.update.subtract(*rect);
-    else
+    } else {
         window.paint = PaintState{};
-    if (window.paint.update.isEmpty())
+    }
+    if (window.paint.update.isEmpty()) {
         window.paint.erase = window.paint.frame = false;
+    }
     countPending(before, window.paint.isPending());
-    if (!reachesChildren(window, flags))
+    if (!reachesChildren(window, flags)) {
         return;
+    }
     for (Window* child = window.firstChild; child; child = child->next) {
         RECT part;
-        if (!rect)
+        if (!rect) {
             validateTree(*child, nullptr, flags);
-        else if (partOfChild(window, *child, *rect, part))
+        } else if (partOfChild(window, *child, *rect, part)) {
             validateTree(*child, &part, flags);
+        }
     }
 }
 
 // The first window of the tree, parents first, that has something to paint and that the filter accepts.
 Window* findPending(Window& window, const MessageFilter& filter) {
-    if (!window.has(WS_VISIBLE))
+    if (!window.has(WS_VISIBLE)) {
         return nullptr;
-    if (window.paint.isPending() && filter.acceptsWindow(window.handle))
+    }
+    if (window.paint.isPending() && filter.acceptsWindow(window.handle)) {
         return &window;
+    }
     for (Window* child = window.firstChild; child; child = child->next) {
-        if (Window* found = findPending(*child, filter))
+        if (Window* found = findPending(*child, filter)) {
             return found;
+        }
     }
     return nullptr;
 }
 
 void paintTree(HWND handle, bool withChildren) {
     Window* window = findWindow(handle);
-    if (!window || !window->has(WS_VISIBLE) || g_pending == 0)
+    if (!window || !window->has(WS_VISIBLE) || g_pending == 0) {
         return;
+    }
     if (window->paint.isPending()) {
         window->paint.internal = false;
         countPending(true, window->paint.isPending());
         SendMessageA(handle, WM_PAINT, 0, 0);
         window = findWindow(handle);
     }
-    if (!window || !withChildren || g_pending == 0)
+    if (!window || !withChildren || g_pending == 0) {
         return;
-    for (const HWND child : childHandles(*window))
+    }
+    for (const HWND child : childHandles(*window)) {
         paintTree(child, true);
+    }
 }
 
 }  // namespace
 
 void invalidate(Window& window, const RECT* rect, UINT flags) {
-    if (!isShown(window))
+    if (!isShown(window)) {
         return;
+    }
     invalidateTree(window, rect ? *rect : wholeRect(window), flags);
 }
 
@@ -131,11 +146,13 @@ void clearPaint(Window& window) {
 }
 
 bool takePaint(MSG& message, const MessageFilter& filter) {
-    if (g_pending == 0 || !filter.acceptsMessage(WM_PAINT))
+    if (g_pending == 0 || !filter.acceptsMessage(WM_PAINT)) {
         return false;
+    }
     Window* window = findPending(desktop(), filter);
-    if (!window)
+    if (!window) {
         return false;
+    }
     if (window->paint.internal) {
         window->paint.internal = false;
         countPending(true, window->paint.isPending());
@@ -150,16 +167,19 @@ bool hasPaint() {
 
 void updateNow(HWND handle, bool withChildren) {
     Window* window = findWindow(handle);
-    if (!window || g_pending == 0 || !isShown(*window))
+    if (!window || g_pending == 0 || !isShown(*window)) {
         return;
+    }
     // A parent that draws below its children has to do so before them.
     HWND first = handle;
     for (const Window* up = window->parent; up && up->parent; up = up->parent) {
-        if (up->paint.isPending() && !up->has(WS_CLIPCHILDREN))
+        if (up->paint.isPending() && !up->has(WS_CLIPCHILDREN)) {
             first = up->handle;
+        }
     }
-    if (first != handle)
+    if (first != handle) {
         paintTree(first, false);
+    }
     paintTree(handle, withChildren);
     presentAll();
 }
@@ -181,37 +201,45 @@ BOOL UpdateWindow(HWND window) {
 // Regions cannot be created in this system, so there is never one to respect.
 BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN, UINT flags) {
     platform::Window* found = window ? platform::requireWindow(window) : &platform::desktop();
-    if (!found)
+    if (!found) {
         return FALSE;
+    }
     RECT part{};
     if (rect) {
         part = *rect;
         OffsetRect(&part, found->client.left - found->rect.left, found->client.top - found->rect.top);
     }
-    if (flags & (RDW_INVALIDATE | RDW_INTERNALPAINT))
+    if (flags & (RDW_INVALIDATE | RDW_INTERNALPAINT)) {
         platform::invalidate(*found, rect ? &part : nullptr, flags);
-    else if (flags & RDW_VALIDATE)
+    } else if (flags & RDW_VALIDATE) {
         platform::validateTree(*found, rect ? &part : nullptr, flags);
-    if ((flags & RDW_NOERASE) && !(flags & RDW_ERASE))
+    }
+    if ((flags & RDW_NOERASE) && !(flags & RDW_ERASE)) {
         found->paint.erase = false;
+    }
     const HWND handle = found->handle;
-    if (flags & RDW_ERASENOW)
+    if (flags & RDW_ERASENOW) {
         platform::eraseNow(handle, !(flags & RDW_NOCHILDREN));
-    if (flags & RDW_UPDATENOW)
+    }
+    if (flags & RDW_UPDATENOW) {
         platform::updateNow(handle, !(flags & RDW_NOCHILDREN));
+    }
     return TRUE;
 }
 
 BOOL GetUpdateRect(HWND window, LPRECT rect, BOOL erase) {
     const platform::Window* found = platform::requireWindow(window);
-    if (!found)
+    if (!found) {
         return FALSE;
+    }
     RECT bounds = found->paint.update.bounds();
     OffsetRect(&bounds, found->rect.left - found->client.left, found->rect.top - found->client.top);
     const bool invalid = !found->paint.update.isEmpty();
-    if (rect)
+    if (rect) {
         *rect = invalid ? bounds : RECT{};
-    if (erase && invalid)
+    }
+    if (erase && invalid) {
         platform::eraseNow(window, false);
+    }
     return invalid ? TRUE : FALSE;
 }

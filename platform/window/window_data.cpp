@@ -25,8 +25,9 @@ Value readExtra(const Window& window, int index) {
 template <typename Value>
 Value writeExtra(Window& window, int index, Value value) {
     const auto old = readExtra<Value>(window, index);
-    if (index >= 0 && static_cast<std::size_t>(index) + sizeof value <= window.extra.size())
+    if (index >= 0 && static_cast<std::size_t>(index) + sizeof value <= window.extra.size()) {
         std::memcpy(window.extra.data() + index, &value, sizeof value);
+    }
     return old;
 }
 
@@ -36,13 +37,15 @@ DWORD changeStyle(HWND handle, int index, DWORD value) {
     STYLESTRUCT styles{index == GWL_STYLE ? window->style : window->exStyle, value};
     SendMessageA(handle, WM_STYLECHANGING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&styles));
     window = findWindow(handle);
-    if (!window)
+    if (!window) {
         return styles.styleOld;
+    }
     if (index == GWL_STYLE) {
         const bool shown = isShown(*window);
         window->style = styles.styleNew;
-        if (shown != isShown(*window) && isTopLevel(*window))
+        if (shown != isShown(*window) && isTopLevel(*window)) {
             showOnDisplay(*window, !shown);
+        }
     } else {
         const auto topmost = static_cast<DWORD>(WS_EX_TOPMOST);  // Changed by SetWindowPos alone.
         window->exStyle = (styles.styleNew & ~topmost) | (window->exStyle & topmost);
@@ -61,8 +64,9 @@ using platform::Window;
 
 LONG_PTR GetWindowLongPtrA(HWND window, int index) {
     const Window* found = requireWindow(window);
-    if (!found)
+    if (!found) {
         return 0;
+    }
     switch (index) {
         case GWL_STYLE:
             return static_cast<LONG_PTR>(found->style);
@@ -83,8 +87,9 @@ LONG_PTR GetWindowLongPtrA(HWND window, int index) {
 
 LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value) {
     Window* found = requireWindow(window);
-    if (!found)
+    if (!found) {
         return 0;
+    }
     switch (index) {
         case GWL_STYLE:
         case GWL_EXSTYLE:

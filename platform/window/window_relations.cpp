@@ -19,8 +19,9 @@ void collectInside(const Window& window, std::vector<HWND>& handles) {
 
 BOOL callForEach(const std::vector<HWND>& handles, WNDENUMPROC proc, LPARAM param) {
     for (const HWND handle : handles) {
-        if (isAlive(handle) && !proc(handle, param))
+        if (isAlive(handle) && !proc(handle, param)) {
             return FALSE;
+        }
     }
     return TRUE;
 }
@@ -29,8 +30,9 @@ HWND rootOwner(Window& window) {
     const Window* top = topLevelOf(window);
     while (top) {
         const Window* owner = findWindow(top->owner);
-        if (!owner)
+        if (!owner) {
             return top->handle;
+        }
         top = owner;
     }
     return nullptr;
@@ -44,17 +46,20 @@ using platform::Window;
 
 HWND GetParent(HWND window) {
     const Window* found = requireWindow(window);
-    if (!found || !found->parent)
+    if (!found || !found->parent) {
         return nullptr;
-    if (found->has(WS_POPUP))
+    }
+    if (found->has(WS_POPUP)) {
         return found->owner;
+    }
     return found->has(WS_CHILD) ? found->parent->handle : nullptr;
 }
 
 HWND GetWindow(HWND window, UINT relation) {
     const Window* found = requireWindow(window);
-    if (!found)
+    if (!found) {
         return nullptr;
+    }
     switch (relation) {
         case GW_HWNDFIRST:
             return found->parent ? platform::handleOf(found->parent->firstChild) : nullptr;
@@ -79,8 +84,9 @@ HWND GetTopWindow(HWND window) {
 
 HWND GetAncestor(HWND window, UINT kind) {
     Window* found = requireWindow(window);
-    if (!found || !found->parent)
+    if (!found || !found->parent) {
         return nullptr;
+    }
     switch (kind) {
         case GA_PARENT:
             return found->parent->handle;
@@ -103,8 +109,9 @@ BOOL IsChild(HWND parent, HWND window) {
     // The chain ends at the top-level window: a popup is no child of its owner.
     while (inner && inner->has(WS_CHILD) && inner->parent) {
         inner = inner->parent;
-        if (inner == outer)
+        if (inner == outer) {
             return TRUE;
+        }
     }
     return FALSE;
 }
@@ -113,22 +120,25 @@ HWND FindWindowA(LPCSTR className, LPCSTR text) {
     for (const Window* top = platform::desktop().firstChild; top; top = top->next) {
         const bool rightClass =
             !className || !top->windowClass || platform::findClass(className, top->instance) == top->windowClass;
-        if (rightClass && (!text || lstrcmpiA(top->text.c_str(), text) == 0))
+        if (rightClass && (!text || lstrcmpiA(top->text.c_str(), text) == 0)) {
             return top->handle;
+        }
     }
     return nullptr;
 }
 
 BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC proc, LPARAM param) {
-    if (!proc || thread != platform::queueThread())
+    if (!proc || thread != platform::queueThread()) {
         return proc ? TRUE : FALSE;
+    }
     return platform::callForEach(platform::childHandles(platform::desktop()), proc, param);
 }
 
 BOOL EnumChildWindows(HWND parent, WNDENUMPROC proc, LPARAM param) {
     const Window* found = parent ? requireWindow(parent) : &platform::desktop();
-    if (!found || !proc)
+    if (!found || !proc) {
         return FALSE;
+    }
     std::vector<HWND> handles;
     platform::collectInside(*found, handles);
     platform::callForEach(handles, proc, param);

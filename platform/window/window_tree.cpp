@@ -21,8 +21,9 @@ public:
     Window* find(HWND handle) const {
         const auto value = reinterpret_cast<std::uintptr_t>(handle);
         const std::size_t index = (value & 0xffff) >> 1;
-        if (index >= slots_.size() || (value & 1) || (value >> 16) != slots_[index].generation)
+        if (index >= slots_.size() || (value & 1) || (value >> 16) != slots_[index].generation) {
             return nullptr;
+        }
         return slots_[index].window.get();
     }
 
@@ -105,8 +106,9 @@ Window* findWindow(HWND handle) {
 
 Window* requireWindow(HWND handle) {
     Window* window = findWindow(handle);
-    if (!window)
+    if (!window) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    }
     return window;
 }
 
@@ -141,8 +143,9 @@ void linkWindow(Window& window, Window& parent, Window* after) {
 }
 
 void unlinkWindow(Window& window) {
-    if (!window.parent)
+    if (!window.parent) {
         return;
+    }
     (window.previous ? window.previous->next : window.parent->firstChild) = window.next;
     (window.next ? window.next->previous : window.parent->lastChild) = window.previous;
     window.parent = window.next = window.previous = nullptr;
@@ -154,29 +157,33 @@ bool isTopLevel(const Window& window) {
 
 Window* topLevelOf(Window& window) {
     Window* top = &window;
-    while (top->parent && !isTopLevel(*top))
+    while (top->parent && !isTopLevel(*top)) {
         top = top->parent;
+    }
     return top->parent ? top : nullptr;
 }
 
 bool isDescendant(const Window& ancestor, const Window& window) {
     for (const Window* up = window.parent; up; up = up->parent) {
-        if (up == &ancestor)
+        if (up == &ancestor) {
             return true;
+        }
     }
     return false;
 }
 
 bool isShown(const Window& window) {
     const Window* up = &window;
-    while (up && up->has(WS_VISIBLE))
+    while (up && up->has(WS_VISIBLE)) {
         up = up->parent;
+    }
     return !up;
 }
 
 void setStyleQuietly(HWND handle, DWORD style) {
-    if (Window* window = findWindow(handle))
+    if (Window* window = findWindow(handle)) {
         window->style = style;
+    }
 }
 
 bool isAlive(HWND handle) {
@@ -201,8 +208,9 @@ POINT clientOrigin(const Window& window) {
 
 std::vector<HWND> childHandles(const Window& window) {
     std::vector<HWND> handles;
-    for (const Window* child = window.firstChild; child; child = child->next)
+    for (const Window* child = window.firstChild; child; child = child->next) {
         handles.push_back(child->handle);
+    }
     return handles;
 }
 

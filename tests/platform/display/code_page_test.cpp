@@ -7,8 +7,9 @@ namespace {
 
 std::string allBytes() {
     std::string bytes;
-    for (int i = 0; i < 256; ++i)
+    for (int i = 0; i < 256; ++i) {
         bytes += static_cast<char>(i);
+    }
     return bytes;
 }
 
@@ -32,14 +33,16 @@ TEST(CodePage, CharactersOutsideAreDroppedOrMarked) {
 
 TEST(CodePage, MalformedUtf8NeverYieldsText) {
     // Cut off, overlong, continuation without a lead, beyond the last character.
-    for (const char* bad : {"\xC3", "\xE2\x82", "\xC0\xAF", "\xE0\x80\xAF", "\xA5", "\xF5\x80\x80\x80", "\xFF"})
+    for (const char* bad : {"\xC3", "\xE2\x82", "\xC0\xAF", "\xE0\x80\xAF", "\xA5", "\xF5\x80\x80\x80", "\xFF"}) {
         EXPECT_EQ(utf8ToCodePage(std::string("<") + bad + ">", Unmapped::Drop), "<>") << bad;
+    }
 }
 
 TEST(CodePage, UpperCaseKnowsTheLettersOutsideAscii) {
     std::string text = "az\xE5\xE4\xF6\xFF\x9A\xF7\xDF{";
-    for (char& c : text)
+    for (char& c : text) {
         c = codePageUpper(c);
+    }
     EXPECT_EQ(text, "AZ\xC5\xC4\xD6\x9F\x8A\xF7\xDF{");
 }
 

@@ -23,8 +23,9 @@ public:
         add("key %02x %s%s '%s'", virtualKey, down ? "down" : "up", repeat ? " again" : "", text.c_str());
     }
     void modifiers(unsigned state) override {
-        if (state != modifiers_)
+        if (state != modifiers_) {
             add("modifiers %02x", state);
+        }
         modifiers_ = state;
     }
     void closeRequested(HWND top) override { add("close %d", number(top)); }

@@ -39,8 +39,9 @@ public:
         for (std::size_t i = 0; i < 16; ++i) {
             const std::u16string text = i < strings.size() ? strings[i] : std::u16string();
             append(block, static_cast<WORD>(text.size()));
-            for (const char16_t unit : text)
+            for (const char16_t unit : text) {
                 append(block, unit);
+            }
         }
         return block;
     }
@@ -61,8 +62,9 @@ private:
             append(bytes, *ordinal);
             return;
         }
-        for (const char16_t unit : std::get<std::u16string>(name) + u'\0')
+        for (const char16_t unit : std::get<std::u16string>(name) + u'\0') {
             append(bytes, unit);
+        }
     }
 
     std::string bytes_;

@@ -23,8 +23,9 @@ public:
     // The data as text; "-" when there is no such resource.
     std::string find(LPCSTR type, LPCSTR name) const {
         const ResourceEntry* entry = index_->find(ResourceName::of(type), ResourceName::of(name));
-        if (entry == nullptr)
+        if (entry == nullptr) {
             return "-";
+        }
         return {reinterpret_cast<const char*>(entry->data.data()), entry->data.size()};
     }
 
@@ -103,8 +104,9 @@ TEST(ResourceIndex, NameWithoutEndIsNotReadIntoTheData) {
     std::string bytes = sample().bytes();
     const std::size_t text = bytes.find(std::string("P\0R\0E\0", 6));
     ASSERT_NE(text, std::string::npos);
-    for (std::size_t i = 14; i < 18; ++i)
+    for (std::size_t i = 14; i < 18; ++i) {
         bytes[text + i] = 'X';
+    }
     EXPECT_EQ(Image(bytes).find(RT_BITMAP, "PREVIEW"), "-");
 }
 

@@ -25,16 +25,18 @@ class X11DisplayTest : public ::testing::Test {
 protected:
     void SetUp() override {
         other_ = XOpenDisplay(nullptr);
-        if (other_ == nullptr)
+        if (other_ == nullptr) {
             GTEST_SKIP() << "no X server";
+        }
         display_ = openX11Display();
         ASSERT_NE(display_, nullptr);
     }
 
     void TearDown() override {
         display_.reset();
-        if (other_ != nullptr)
+        if (other_ != nullptr) {
             XCloseDisplay(other_);
+        }
     }
 
     void open(int number, RECT rect, const std::string& title, Kind kind = Kind::Normal) {
@@ -51,8 +53,9 @@ protected:
     // Pumps until the condition holds; false when it does not within about two seconds.
     bool pumpUntil(const std::function<bool()>& condition) {
         for (int i = 0; i < kMostPumps; ++i) {
-            if (condition())
+            if (condition()) {
                 return true;
+            }
             display_->pump(sink_, kPumpMs);
             const Events fresh = sink_.take();
             events_.insert(events_.end(), fresh.begin(), fresh.end());
@@ -73,10 +76,12 @@ protected:
         XGetWindowProperty(other_, window, XInternAtom(other_, name, False), 0, 1000, False, AnyPropertyType, &type,
                            &format, &count, &left, &data);
         std::string text;
-        if (data != nullptr && format == 8)
+        if (data != nullptr && format == 8) {
             text.assign(reinterpret_cast<const char*>(data), count);
-        if (data != nullptr)
+        }
+        if (data != nullptr) {
             XFree(data);
+        }
         return text;
     }
 
@@ -89,11 +94,13 @@ protected:
         XQueryTree(other_, DefaultRootWindow(other_), &root, &parent, &children, &count);
         ::Window found = 0;
         for (unsigned i = 0; i < count; ++i) {
-            if (property(children[i], "_NET_WM_NAME") == utf8)
+            if (property(children[i], "_NET_WM_NAME") == utf8) {
                 found = children[i];
+            }
         }
-        if (children != nullptr)
+        if (children != nullptr) {
             XFree(children);
+        }
         return found;
     }
 
@@ -126,8 +133,9 @@ protected:
 
 TEST_F(X11DisplayTest, WindowShowsItsSurfaceAndLaterParts) {
     Surface surface(60, 40);
-    for (int y = 0; y < surface.height(); ++y)
+    for (int y = 0; y < surface.height(); ++y) {
         std::fill_n(surface.row(y), surface.width(), 0x123456U);
+    }
     open(1, {100, 80, 160, 120}, "Inst\xE4llning \x80");
     display_->present(windowNumber(1), surface, {0, 0, 60, 40});
     EXPECT_TRUE(pumpUntil([&] { return screenPixel(159, 119) == 0x123456; }));
@@ -169,8 +177,9 @@ TEST_F(X11DisplayTest, FocusThatComesBackAtOnceWasNeverLost) {
     display_->pump(sink_, 0);
     XSetInputFocus(other_, windowTitled("Ett"), RevertToParent, CurrentTime);
     XSync(other_, False);
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         display_->pump(sink_, kPumpMs);
+    }
     EXPECT_EQ(sink_.take(), Events{});
     XSetInputFocus(other_, None, RevertToNone, CurrentTime);
     XSync(other_, False);

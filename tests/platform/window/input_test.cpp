@@ -128,8 +128,9 @@ TEST(Keyboard, StateIsThatOfTheMessageBeingHandled) {
     SetFocus(scene.first);
     SHORT shift = 0;
     scene.windows.spy().setAnswer([&shift](HWND, UINT message, WPARAM, LPARAM, LRESULT&) {
-        if (message == WM_KEYDOWN)
+        if (message == WM_KEYDOWN) {
             shift = GetKeyState(VK_SHIFT);
+        }
         return false;
     });
     scene.record(

@@ -58,8 +58,9 @@ TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
     screen().takePresented(scene.top);
     RECT painted{};
     scene.windows.spy().setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
-        if (message != WM_PAINT)
+        if (message != WM_PAINT) {
             return false;
+        }
         EXPECT_EQ(scene.second, window);
         PAINTSTRUCT paint;
         BeginPaint(window, &paint);
