@@ -3,7 +3,7 @@
 
 #include <tuple>
 
-#include "core/projdescr.h"
+#include "core/sheet/projdescr.h"
 #include "core/settings_page.h"
 #include "resources/resource.h"
 #include "tests/core/box_answerer.h"

@@ -2,7 +2,7 @@
 
 #include "tests/player/read_only_sheet.h"
 
-#include "core/projdescr.h"
+#include "core/sheet/projdescr.h"
 
 int RunReadOnlySheet(const automation::OpenArguments& arguments, CMdb& store) {
     AFX_MANAGE_STATE(AfxGetStaticModuleState());

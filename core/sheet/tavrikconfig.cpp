@@ -3,7 +3,7 @@
 
 #include <exception>
 
-#include "core/projdescr.h"
+#include "core/sheet/projdescr.h"
 
 namespace {
 

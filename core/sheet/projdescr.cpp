@@ -1,5 +1,5 @@
 // The settings sheet.
-#include "core/projdescr.h"
+#include "core/sheet/projdescr.h"
 
 #include <cstdlib>
 #include <cstring>
