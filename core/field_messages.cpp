@@ -17,7 +17,8 @@ CString InvalidCharacterMessage(char character) {
 
 void ReportFieldError(CWnd* owner, LPCSTR message, UINT captionId, CWnd* control) {
     owner->MessageBox(message, LoadText(captionId), MB_OK | MB_ICONEXCLAMATION);
-    if (control != nullptr) {
+    // The host may have destroyed the control while the box was up.
+    if (control != nullptr && ::IsWindow(control->m_hWnd)) {
         control->SetFocus();
     }
 }

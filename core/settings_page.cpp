@@ -1,47 +1,305 @@
 // The common behaviour of the pages.
 #include "core/settings_page.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+
+#include "core/preview.h"
 
 namespace {
-
-CString TextOf(const CWnd* window) {
-    CString text;
-    window->GetWindowText(text);
-    return text;
-}
 
 // The window class names of the controls that take text.
 constexpr LPCSTR kFieldClasses[] = {"ComboBox", "Edit"};
 
-// A window that reads so is taken for the sheet's button and is not checked. A field with just this text is therefore
-// left unchecked, and unrecorded, by Enter.
-constexpr LPCSTR kOkCaption = "OK";
-
 bool IsField(HWND window) {
     char name[16] = {};
     GetClassNameA(window, name, sizeof name);
-    for (LPCSTR fieldClass : kFieldClasses) {
-        if (std::strcmp(name, fieldClass) == 0) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(std::begin(kFieldClasses), std::end(kFieldClasses),
+                       [&name](LPCSTR fieldClass) { return std::strcmp(name, fieldClass) == 0; });
 }
+
+// The row of a control; null for a control of another kind.
+template <typename Row>
+const Row* FindRow(std::span<const Row> rows, UINT control) {
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const Row& row) { return row.control == control; });
+    return found != rows.end() ? &*found : nullptr;
+}
+
+// Numbers of controls that rows may name; those below belong to the system's buttons.
+constexpr UINT kFirstControl = 1000;
+constexpr UINT kLastControl = 0xFFFF;
 
 }  // namespace
 
-CSettingsPage::CSettingsPage(UINT templateId) : CPropertyPage(templateId), m_pLastEditControl(GetActiveWindow()) {
-    if (m_pLastEditControl == nullptr) {
-        // A host without an active window is not a forced check.
-        m_pLastEditControl = this;
+BEGIN_MESSAGE_MAP(CSettingsPage, CPropertyPage)
+ON_CONTROL_RANGE(EN_CHANGE, kFirstControl, kLastControl, &CSettingsPage::OnTextChange)
+ON_CONTROL_RANGE(EN_KILLFOCUS, kFirstControl, kLastControl, &CSettingsPage::OnTextKillFocus)
+ON_CONTROL_RANGE(CBN_EDITCHANGE, kFirstControl, kLastControl, &CSettingsPage::OnTextChange)
+ON_CONTROL_RANGE(CBN_KILLFOCUS, kFirstControl, kLastControl, &CSettingsPage::OnTextKillFocus)
+ON_CONTROL_RANGE(CBN_DROPDOWN, kFirstControl, kLastControl, &CSettingsPage::OnListOpened)
+ON_CONTROL_RANGE(CBN_SELENDOK, kFirstControl, kLastControl, &CSettingsPage::OnPick)
+ON_CONTROL_RANGE(CBN_SELENDCANCEL, kFirstControl, kLastControl, &CSettingsPage::OnPickCancelled)
+ON_CONTROL_RANGE(BN_CLICKED, kFirstControl, kLastControl, &CSettingsPage::OnButtonClicked)
+ON_WM_DRAWITEM()
+END_MESSAGE_MAP()
+
+CSettingsPage::CSettingsPage(UINT templateId, const PageRows& rows)
+    : CPropertyPage(templateId), m_rows(rows), m_changed(rows.texts.size()) {}
+
+int CSettingsPage::LoadSettings(const CMdb* store) {
+    for (const TextRow& row : m_rows.texts) {
+        this->*row.member = CSettingsSheet::GetSettingText(store, row.key);
+    }
+    for (const ChoiceRow& row : m_rows.choices) {
+        this->*row.member = CSettingsSheet::GetSettingNumber(store, row.key) / row.step;
+    }
+    for (const CheckRow& row : m_rows.checks) {
+        const int number = CSettingsSheet::GetSettingNumber(store, row.key);
+        this->*row.member = row.loaded != nullptr ? row.loaded(number) : number;
+    }
+    return 1;
+}
+
+// The window's object is used again when a sheet runs again.
+void CSettingsPage::PreSubclassWindow() {
+    m_leaveCheck.Begin();
+    CPropertyPage::PreSubclassWindow();
+}
+
+void CSettingsPage::DoDataExchange(CDataExchange* exchange) {
+    CPropertyPage::DoDataExchange(exchange);
+    ExchangeChoices(exchange);
+    ExchangeChecks(exchange);
+    ExchangeTexts(exchange);
+}
+
+void CSettingsPage::ExchangeTexts(CDataExchange* exchange) {
+    for (const TextRow& row : m_rows.texts) {
+        if (row.exchange == nullptr) {
+            continue;
+        }
+        row.exchange(exchange, static_cast<int>(row.control), this->*row.member);
+        if (row.maxLength != 0) {
+            DDV_MaxChars(exchange, this->*row.member, row.maxLength);
+        }
     }
 }
 
-BOOL CSettingsPage::BeginChange() {
-    const BOOL editable = GetSheet()->m_bEditable != 0;
-    UpdateData(editable);
-    return editable;
+void CSettingsPage::ExchangeChecks(CDataExchange* exchange) {
+    for (const CheckRow& row : m_rows.checks) {
+        DDX_Check(exchange, static_cast<int>(row.control), this->*row.member);
+    }
+}
+
+void CSettingsPage::ExchangeChoices(CDataExchange* exchange) {
+    for (const ChoiceRow& row : m_rows.choices) {
+        DDX_Radio(exchange, static_cast<int>(row.buttons.front()), this->*row.member);
+    }
+}
+
+BOOL CSettingsPage::OnSetActive() {
+    ShowMembers();
+    TakeModifyFlag();
+    DisableFieldsWhenReadOnly();
+    return CPropertyPage::OnSetActive();
+}
+
+// One box for one leaving. A tab that is clicked takes the focus before it asks to leave the page, so the field may
+// have been refused already by the same press; and what the field's handler has just refused is not to be prompted for
+// again by the transfer that would follow here.
+BOOL CSettingsPage::OnKillActive() {
+    const BOOL mayLeave = !IsRefused() && m_leaveCheck.MayLeave() && !IsRefused();
+    m_nRefusedInput = 0;
+    return mayLeave && CPropertyPage::OnKillActive();
+}
+
+BOOL CSettingsPage::OnApply() {
+    if (!CommitFocusedField() || !ReadMembers()) {
+        return FALSE;
+    }
+    MergeChanges();
+    ClearModified();
+    return CPropertyPage::OnApply();
+}
+
+void CSettingsPage::OnReset() {
+    m_leaveCheck.Cancel();
+    CPropertyPage::OnReset();
+}
+
+BOOL CSettingsPage::ReadMembers() {
+    if (!UpdateData(TRUE) && m_hWnd != nullptr) {
+        m_nRefusedInput = GetSheet()->m_nInput;
+    }
+    return m_hWnd != nullptr;
+}
+
+BOOL CSettingsPage::IsRefused() const {
+    return m_nRefusedInput == GetSheet()->m_nInput;
+}
+
+void CSettingsPage::DisableFieldsWhenReadOnly() {
+    if (GetSheet()->m_bEditable != 0) {
+        return;
+    }
+    for (CWnd* child = GetTopWindow(); child != nullptr; child = child->GetNextWindow()) {
+        if (IsField(child->m_hWnd)) {
+            child->ModifyStyle(0, WS_DISABLED);
+        }
+    }
+}
+
+void CSettingsPage::HideControls(std::span<const UINT> controls) {
+    for (const UINT control : controls) {
+        GetDlgItem(static_cast<int>(control))->ShowWindow(SW_HIDE);
+    }
+}
+
+void CSettingsPage::MergeChanges() {
+    GetSheet()->MergeSettings(&m_changes, &GetSheet()->m_workSettings);
+}
+
+void CSettingsPage::ClearModified() {
+    m_bModifyAllowed = 0;
+    SetModified(FALSE);
+}
+
+BOOL CSettingsPage::BeginClick(ReadOnlyClick readOnlyClick) {
+    if (readOnlyClick == ReadOnlyClick::Undone && GetSheet()->m_bEditable == 0) {
+        ShowMembers();
+        return FALSE;
+    }
+    return ReadMembers();
+}
+
+int& CSettingsPage::ChangedFlag(const TextRow& row) {
+    return m_changed[static_cast<size_t>(&row - m_rows.texts.data())];
+}
+
+void CSettingsPage::OnTextChange(UINT control) {
+    if (const TextRow* row = FindRow(m_rows.texts, control)) {
+        PickAsTyping(*row);
+    }
+}
+
+void CSettingsPage::OnTextKillFocus(UINT control) {
+    if (const TextRow* row = FindRow(m_rows.texts, control)) {
+        CommitText(*row);
+    }
+}
+
+// The changed flag stays set after a commit: from the first change on the field is committed whenever it is left.
+void CSettingsPage::CommitText(const TextRow& row) {
+    CWnd* field = GetDlgItem(static_cast<int>(row.control));
+    if (m_leaveCheck.IsCancelPending() == 0 && ChangedFlag(row) != 0) {
+        CheckAndRecord(row, *field);
+    }
+    m_leaveCheck.m_pLastEditControl = field;
+}
+
+void CSettingsPage::CheckAndRecord(const TextRow& row, CWnd& field) {
+    CFieldCheck check(m_leaveCheck, &field);
+    if (!ReadMembers()) {
+        return;
+    }
+    CString& text = this->*row.member;
+    if (row.exchange == nullptr) {
+        field.GetWindowText(text);
+    }
+    const BOOL accepted = row.check == nullptr || row.check(*this, text, check.Refocus(), field) != 0;
+    if (m_hWnd == nullptr) {
+        return;
+    }
+    if (accepted) {
+        check.Pass();
+        RecordChange(row.key, text);
+    } else {
+        m_nRefusedInput = GetSheet()->m_nInput;
+    }
+}
+
+void CSettingsPage::PickAsTyping(const TextRow& row) {
+    SetModifiedByUser();
+    ChangedFlag(row) = m_bModifyAllowed;
+}
+
+void CSettingsPage::PickShownText(const TextRow& row) {
+    if (!ReadMembers()) {
+        return;
+    }
+    CString text;
+    GetDlgItemText(static_cast<int>(row.control), text);
+    RecordChange(row.key, text);
+    PickAsTyping(row);
+}
+
+void CSettingsPage::PickEntry(const TextRow& row) {
+    if (!ReadMembers()) {
+        return;
+    }
+    const auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(row.control)));
+    CString text;
+    combo->GetLBText(combo->GetCurSel(), text);
+    RecordChange(row.key, text);
+    SetModifiedByUser();
+}
+
+void CSettingsPage::OnListOpened(UINT control) {
+    m_openedList.Remember(GetDlgItem(static_cast<int>(control))->m_hWnd);
+}
+
+void CSettingsPage::OnPick(UINT control) {
+    m_openedList.Forget();
+    const TextRow* row = FindRow(m_rows.texts, control);
+    if (row != nullptr && row->pick != nullptr) {
+        (this->*row->pick)(*row);
+    }
+}
+
+void CSettingsPage::OnPickCancelled(UINT control) {
+    m_openedList.PutBack(GetDlgItem(static_cast<int>(control))->m_hWnd);
+}
+
+void CSettingsPage::OnButtonClicked(UINT control) {
+    if (const CheckRow* row = FindRow(m_rows.checks, control)) {
+        if (BeginClick(row->readOnlyClick)) {
+            RecordChange(row->key, this->*row->member != 0 ? row->checked : row->unchecked);
+            OnRecorded(control);
+            if (row->notice == SheetNotice::Modified) {
+                SetModifiedByUser();
+            }
+        }
+        return;
+    }
+    for (const ChoiceRow& row : m_rows.choices) {
+        const auto clicked = std::find(row.buttons.begin(), row.buttons.end(), control);
+        if (clicked != row.buttons.end() && BeginClick(row.readOnlyClick)) {
+            RedrawControl(row.preview);
+            CString value;
+            value.Format("%d", static_cast<int>(clicked - row.buttons.begin()) * row.step);
+            RecordChange(row.key, value);
+            OnRecorded(row.buttons.front());
+            SetModifiedByUser();
+        }
+    }
+}
+
+void CSettingsPage::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
+    CBitmap bitmap;
+    const UINT bitmapId = PreviewBitmap(static_cast<UINT>(control));
+    if (bitmapId != 0 && bitmap.LoadBitmap(bitmapId)) {
+        DrawCentredBitmap(*item, bitmap);
+    }
+}
+
+void CSettingsPage::SelectOrAdd(UINT control, LPCSTR text) {
+    auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(control)));
+    int entry = combo->FindString(0, text);
+    if (entry < 0) {
+        entry = combo->AddString(text);
+    }
+    combo->SetCurSel(entry);
 }
 
 void CSettingsPage::RedrawControl(UINT id) {
@@ -55,88 +313,4 @@ void CSettingsPage::SetDisabledBit(UINT id, BOOL disabled) {
     if (CWnd* control = GetDlgItem(static_cast<int>(id))) {
         control->ModifyStyle(disabled ? 0 : WS_DISABLED, disabled ? WS_DISABLED : 0);
     }
-}
-
-int CSettingsPage::IsCancelPending() const {
-    if (m_bCancelled || m_bChecking) {
-        return 1;
-    }
-    if (const CWnd* focus = GetFocus()) {
-        const CString text = TextOf(focus);
-        if (text == "Avbryt" || text == "Cancel") {
-            return 1;
-        }
-    }
-    return m_bFieldCheckOk == 0 ? 1 : 0;
-}
-
-BOOL CSettingsPage::OnSetActive() {
-    OnShowing();
-    UpdateData(FALSE);
-    m_bModifyAllowed = GetSheet()->m_bEditable;
-    if (m_bModifyAllowed == 0) {
-        DisableFields();
-    }
-    OnShown();
-    return CPropertyPage::OnSetActive();
-}
-
-// Check boxes and radio buttons stay enabled, so that a read-only sheet is as legible as any; their handlers undo the
-// click.
-void CSettingsPage::DisableFields() {
-    for (CWnd* child = GetTopWindow(); child != nullptr; child = child->GetNextWindow()) {
-        if (IsField(child->m_hWnd)) {
-            child->ModifyStyle(0, WS_DISABLED);
-        }
-    }
-}
-
-// Makes an edit or combo box notify the page as if it lost the focus, which runs its check now.
-void CSettingsPage::SendKillFocus(CWnd* focus) {
-    focus->SendMessage(WM_KILLFOCUS);
-}
-
-BOOL CSettingsPage::OnKillActive() {
-    if (CWnd* focus = GetFocus()) {
-        const HWND parent = ::GetParent(focus->m_hWnd);
-        // The focus is in a field of the page, or in the edit inside one of its combo boxes.
-        const bool onPage = parent == m_hWnd || (parent != nullptr && ::GetParent(parent) == m_hWnd);
-        const CString text = TextOf(focus);
-        m_bFieldCheckOk = 1;
-        if (onPage && text != kOkCaption) {
-            const HWND focusWindow = focus->m_hWnd;
-            m_pLastEditControl = nullptr;
-            SendKillFocus(focus);
-            if (!::IsWindow(m_hWnd)) {
-                return FALSE;
-            }
-            ::SetFocus(focusWindow);
-        }
-    }
-    if (m_bFieldCheckOk == 0) {
-        m_bFieldCheckOk = 1;
-        return FALSE;
-    }
-    return CPropertyPage::OnKillActive();
-}
-
-BOOL CSettingsPage::OnApply() {
-    CWnd* focus = GetFocus();
-    if (focus != nullptr && ::GetParent(focus->m_hWnd) == m_hWnd && TextOf(focus) != kOkCaption) {
-        SendKillFocus(focus);
-        // The host may have destroyed the sheet while the check's message box was up.
-        if (!::IsWindow(m_hWnd)) {
-            return FALSE;
-        }
-    }
-    UpdateData(TRUE);
-    GetSheet()->MergeSettings(&m_changes, &GetSheet()->m_workSettings);
-    m_bModifyAllowed = 0;
-    SetModified(FALSE);
-    return CPropertyPage::OnApply();
-}
-
-void CSettingsPage::OnReset() {
-    m_bCancelled = true;
-    CPropertyPage::OnReset();
 }

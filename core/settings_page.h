@@ -1,69 +1,109 @@
 // CSettingsPage: what all pages of the sheet do alike: load, show, record changes, check fields as they are left,
-// apply. A page adds its settings and controls, and overrides just the step in which it departs.
+// apply. A page is its rows and the steps in which it departs: it composes its own list of the named steps, or answers
+// a control of its own in its message map, which is searched before this one.
 #pragma once
 
+#include <vector>
+
+#include "core/leave_check.h"
+#include "core/opened_list.h"
+#include "core/setting_rows.h"
 #include "core/settings_sheet.h"
 
 class CSettingsPage : public CPropertyPage {
+    DECLARE_MESSAGE_MAP()
+
 public:
-    explicit CSettingsPage(UINT templateId);
+    // The rows must outlive the page.
+    CSettingsPage(UINT templateId, const PageRows& rows);
+
+    const PageRows& Rows() const { return m_rows; }
 
     // Reads the page's settings from the host's store into its members, before the page has a window. Returns 1.
-    virtual int LoadSettings(const CMdb* store) = 0;
+    virtual int LoadSettings(const CMdb* store);
 
-    BOOL OnApply() override;
     BOOL OnSetActive() override;
     BOOL OnKillActive() override;
+    BOOL OnApply() override;
     void OnReset() override;
 
-protected:
-    // Called while the page is shown: before the members go to the controls, and when they are there.
-    virtual void OnShowing() {}
-    virtual void OnShown() {}
-
+    // Null when the window is gone.
     CSettingsSheet* GetSheet() const { return static_cast<CSettingsSheet*>(GetParent()); }
 
-    // Begins the handling of a change by the user. FALSE in a sheet that is not editable: the control shows the
-    // member's value again, and there is nothing to record.
-    BOOL BeginChange();
+    // What a pick from a row's list does: it counts as typing, which is checked and recorded when the field is left;
+    // it records the text that the field shows at this moment, and counts as typing; it records the entry picked.
+    void PickAsTyping(const TextRow& row);
+    void PickShownText(const TextRow& row);
+    void PickEntry(const TextRow& row);
+
+protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    void PreSubclassWindow() override;
+
+    // The parts of the data exchange.
+    void ExchangeTexts(CDataExchange* exchange);
+    void ExchangeChecks(CDataExchange* exchange);
+    void ExchangeChoices(CDataExchange* exchange);
+
+    // The steps of activating, recording and applying. Those that can show a message box return whether the window
+    // still lives: the host may destroy the sheet meanwhile.
+    void ShowMembers() { UpdateData(FALSE); }
+    // A transfer that fails has told the user; what was read until then stands.
+    BOOL ReadMembers();
+    void TakeModifyFlag() { m_bModifyAllowed = GetSheet()->m_bEditable; }
+    // Check boxes and radio buttons stay enabled, so that a read-only sheet is as legible as any; their handlers undo
+    // the click.
+    void DisableFieldsWhenReadOnly();
+    void HideControls(std::span<const UINT> controls);
+    BOOL CommitFocusedField() { return m_leaveCheck.CommitFocusedField(); }
+    void MergeChanges();
+    void ClearModified();
     // Records the change of a setting in the page's own list.
     void RecordChange(LPCSTR key, LPCSTR value) { GetSheet()->PutSetting(&m_changes, key, value); }
     void SetModifiedByUser() { SetModified(m_bModifyAllowed); }
-    void RedrawControl(UINT id);
-    // Sets the disabled style bit alone: the control gets no enable message and keeps its look until it is redrawn.
-    void SetDisabledBit(UINT id, BOOL disabled);
 
-    // Non-zero when a field that loses the focus is not to be checked: the user is cancelling, or another check, one
-    // forced by leaving the page above all, is still running.
-    int IsCancelPending() const;
+    // Begins the handling of a click. FALSE when there is nothing to record: the control of a sheet that is not
+    // editable shows the member's value again, or the window is gone.
+    BOOL BeginClick(ReadOnlyClick readOnlyClick);
+    // Checks and records a field that is left.
+    void CommitText(const TextRow& row);
+
+    // What else a click changes on the page, called when it has been recorded; `control` is the check box or the first
+    // button of the group.
+    virtual void OnRecorded(UINT /*control*/) {}
+    // The bitmap that an owner-drawn control shows in its middle; 0 for none.
+    virtual UINT PreviewBitmap(UINT /*control*/) const { return 0; }
+
+    // Selects the entry of a combo box that begins with the text, letter case aside, the first one last; where there is
+    // none the text is added. An empty text begins nothing, so it is always added.
+    void SelectOrAdd(UINT control, LPCSTR text);
+    void RedrawControl(UINT control);
+    // Sets the disabled style bit alone: the control gets no enable message and keeps its look until it is redrawn.
+    void SetDisabledBit(UINT control, BOOL disabled);
+
+    afx_msg void OnTextChange(UINT control);
+    afx_msg void OnTextKillFocus(UINT control);
+    afx_msg void OnListOpened(UINT control);
+    afx_msg void OnPick(UINT control);
+    afx_msg void OnPickCancelled(UINT control);
+    afx_msg void OnButtonClicked(UINT control);
+    afx_msg void OnDrawItem(int control, LPDRAWITEMSTRUCT item);
 
     // The page's own changes by key, until they are applied.
     CMdb m_changes;
     // The sheet's editable flag as of the last activation; 0 again once the page has been applied.
     int m_bModifyAllowed = 0;
-    // The field that was checked last. Only null carries a meaning: a check forced by leaving the page is running.
-    CWnd* m_pLastEditControl;
-    // 0 while a forced check runs and has not passed; the page cannot be left then.
-    int m_bFieldCheckOk = 1;
-
-    // While it lives no other field is checked. The message box of one field takes the focus from another, and two
-    // wrong fields would otherwise send it back and forth with a box each time.
-    class FieldCheck {
-    public:
-        explicit FieldCheck(CSettingsPage& page) : m_page(page) { m_page.m_bChecking = true; }
-        ~FieldCheck() { m_page.m_bChecking = false; }
-        FieldCheck(const FieldCheck&) = delete;
-        FieldCheck& operator=(const FieldCheck&) = delete;
-
-    private:
-        CSettingsPage& m_page;
-    };
+    CLeaveCheck m_leaveCheck{*this};
 
 private:
-    void DisableFields();
-    void SendKillFocus(CWnd* focus);
+    int& ChangedFlag(const TextRow& row);
+    void CheckAndRecord(const TextRow& row, CWnd& field);
+    BOOL IsRefused() const;
 
-    // The sheet was cancelled; the fields that lose the focus as its windows go are not the user's.
-    bool m_bCancelled = false;
-    bool m_bChecking = false;
+    const PageRows& m_rows;
+    // By text row: the user has changed the field.
+    std::vector<int> m_changed;
+    COpenedList m_openedList;
+    // The input of the sheet on which a field was refused; 0 for none.
+    unsigned m_nRefusedInput = 0;
 };

@@ -39,6 +39,11 @@ int LeadingInteger(LPCSTR text) {
 
 }  // namespace
 
+BOOL CSettingsSheet::PreTranslateMessage(MSG* message) {
+    ++m_nInput;
+    return CPropertySheet::PreTranslateMessage(message);
+}
+
 int CSettingsSheet::GetSetting(const CMdb* store, LPCSTR key, CString& value) {
     CMdbRecord* record = nullptr;
     const int index = FindSetting(store, key, record);

@@ -26,6 +26,11 @@ public:
     CMdb* m_pHostSettings;
     int m_nReserved2 = 0;
     int m_nHostMode;
+    // Counts the keys and mouse messages that the running sheet has taken, so that a page can tell whether two things
+    // come of the same one.
+    unsigned m_nInput = 1;
+
+    BOOL PreTranslateMessage(MSG* message) override;
 
     // Receives the value of the first record with the key; returns the record's 1-based index. 0 when there is none:
     // the value is then untouched.

@@ -63,6 +63,10 @@ void projdescr::AddLoadedPage(CSettingsPage& page) {
 
 INT_PTR projdescr::DoModal() {
     m_psh.dwFlags |= PSH_NOAPPLYNOW;
+    // What an earlier run of the same sheet added.
+    while (GetPageCount() > 0) {
+        RemovePage(0);
+    }
     AddLoadedPage(m_pageCircuit);
     if (m_bOptionalPages != 0) {
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);

@@ -3,8 +3,8 @@
 
 #include <tuple>
 
-#include "core/sheet/projdescr.h"
 #include "core/settings_page.h"
+#include "core/sheet/projdescr.h"
 #include "resources/resource.h"
 #include "tests/core/box_answerer.h"
 
