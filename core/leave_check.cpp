@@ -25,10 +25,17 @@ void SendKillFocus(HWND field) {
 
 }  // namespace
 
-CLeaveCheck::CLeaveCheck(CWnd& window) : m_pLastEditControl(CWnd::GetActiveWindow()), m_window(window) {
+CLeaveCheck::CLeaveCheck(CWnd& window) : m_window(window) {
+    Begin();
+}
+
+void CLeaveCheck::Begin() {
+    m_bCancelled = false;
+    m_bFieldCheckOk = 1;
+    m_pLastEditControl = CWnd::GetActiveWindow();
     if (m_pLastEditControl == nullptr) {
         // A host without an active window is not a forced check.
-        m_pLastEditControl = &window;
+        m_pLastEditControl = &m_window;
     }
 }
 

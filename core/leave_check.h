@@ -9,8 +9,8 @@ public:
     // The window whose fields are checked; it must outlive this object.
     explicit CLeaveCheck(CWnd& window);
 
-    // A new run of the window begins; a cancelling of the one before is forgotten.
-    void Begin() { m_bCancelled = false; }
+    // A new run of the window begins; whatever the one before ended with is forgotten.
+    void Begin();
     // The window is being cancelled: the fields that lose the focus as it goes are not left by the user.
     void Cancel() { m_bCancelled = true; }
 

@@ -1,6 +1,8 @@
 // Cancelled picks.
 #include "core/opened_list.h"
 
+#include <utility>
+
 namespace {
 
 int SelectionOf(HWND combo) {
@@ -14,8 +16,9 @@ bool HasEditField(HWND combo) {
 
 }  // namespace
 
-void COpenedList::Remember(HWND combo) {
-    m_combo = combo;
+void COpenedList::OnOpened(HWND combo) {
+    m_open = combo;
+    m_confirmed = nullptr;
     m_nSelection = SelectionOf(combo);
     m_strText.Empty();
     if (HasEditField(combo)) {
@@ -23,8 +26,12 @@ void COpenedList::Remember(HWND combo) {
     }
 }
 
-void COpenedList::PutBack(HWND combo) {
-    if (combo != m_combo) {
+void COpenedList::OnConfirmed(HWND combo) {
+    m_confirmed = std::exchange(m_open, nullptr) == combo ? combo : nullptr;
+}
+
+void COpenedList::OnCancelled(HWND combo) {
+    if (std::exchange(m_open, nullptr) != combo) {
         return;
     }
     if (SelectionOf(combo) != m_nSelection) {
@@ -33,5 +40,16 @@ void COpenedList::PutBack(HWND combo) {
     if (HasEditField(combo)) {
         AfxSetWindowText(combo, m_strText);
     }
-    Forget();
+}
+
+void COpenedList::OnClosed(HWND combo) {
+    if (std::exchange(m_confirmed, nullptr) != combo || !HasEditField(combo)) {
+        return;
+    }
+    const int selection = SelectionOf(combo);
+    if (selection >= 0) {
+        CString entry;
+        static_cast<CComboBox*>(CWnd::FromHandle(combo))->GetLBText(selection, entry);
+        AfxSetWindowText(combo, entry);
+    }
 }

@@ -38,6 +38,7 @@ ON_CONTROL_RANGE(EN_KILLFOCUS, kFirstControl, kLastControl, &CSettingsPage::OnTe
 ON_CONTROL_RANGE(CBN_EDITCHANGE, kFirstControl, kLastControl, &CSettingsPage::OnTextChange)
 ON_CONTROL_RANGE(CBN_KILLFOCUS, kFirstControl, kLastControl, &CSettingsPage::OnTextKillFocus)
 ON_CONTROL_RANGE(CBN_DROPDOWN, kFirstControl, kLastControl, &CSettingsPage::OnListOpened)
+ON_CONTROL_RANGE(CBN_CLOSEUP, kFirstControl, kLastControl, &CSettingsPage::OnListClosed)
 ON_CONTROL_RANGE(CBN_SELENDOK, kFirstControl, kLastControl, &CSettingsPage::OnPick)
 ON_CONTROL_RANGE(CBN_SELENDCANCEL, kFirstControl, kLastControl, &CSettingsPage::OnPickCancelled)
 ON_CONTROL_RANGE(BN_CLICKED, kFirstControl, kLastControl, &CSettingsPage::OnButtonClicked)
@@ -246,11 +247,15 @@ void CSettingsPage::PickEntry(const TextRow& row) {
 }
 
 void CSettingsPage::OnListOpened(UINT control) {
-    m_openedList.Remember(GetDlgItem(static_cast<int>(control))->m_hWnd);
+    m_openedList.OnOpened(HandleOf(control));
+}
+
+void CSettingsPage::OnListClosed(UINT control) {
+    m_openedList.OnClosed(HandleOf(control));
 }
 
 void CSettingsPage::OnPick(UINT control) {
-    m_openedList.Forget();
+    m_openedList.OnConfirmed(HandleOf(control));
     const TextRow* row = FindRow(m_rows.texts, control);
     if (row != nullptr && row->pick != nullptr) {
         (this->*row->pick)(*row);
@@ -258,7 +263,7 @@ void CSettingsPage::OnPick(UINT control) {
 }
 
 void CSettingsPage::OnPickCancelled(UINT control) {
-    m_openedList.PutBack(GetDlgItem(static_cast<int>(control))->m_hWnd);
+    m_openedList.OnCancelled(HandleOf(control));
 }
 
 void CSettingsPage::OnButtonClicked(UINT control) {

@@ -84,6 +84,7 @@ protected:
     afx_msg void OnTextChange(UINT control);
     afx_msg void OnTextKillFocus(UINT control);
     afx_msg void OnListOpened(UINT control);
+    afx_msg void OnListClosed(UINT control);
     afx_msg void OnPick(UINT control);
     afx_msg void OnPickCancelled(UINT control);
     afx_msg void OnButtonClicked(UINT control);
@@ -96,6 +97,7 @@ protected:
     CLeaveCheck m_leaveCheck{*this};
 
 private:
+    HWND HandleOf(UINT control) const { return ::GetDlgItem(m_hWnd, static_cast<int>(control)); }
     int& ChangedFlag(const TextRow& row);
     void CheckAndRecord(const TextRow& row, CWnd& field);
     BOOL IsRefused() const;

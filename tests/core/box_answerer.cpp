@@ -42,11 +42,18 @@ void BoxAnswerer::WhenIdle(std::function<void()> action) {
     m_action = std::move(action);
 }
 
+void BoxAnswerer::BeforeAnswer(std::function<void()> action) {
+    m_beforeAnswer = std::move(action);
+}
+
 void CALLBACK BoxAnswerer::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     HWND box = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), &FindBox, reinterpret_cast<LPARAM>(&box));
     if (box != nullptr) {
         g_answerer->m_seen.push_back({TextOf(box), TextOf(GetDlgItem(box, kBoxTextId)), GetWindow(box, GW_OWNER)});
+        if (g_answerer->m_beforeAnswer) {
+            std::exchange(g_answerer->m_beforeAnswer, nullptr)();
+        }
         SendMessageA(box, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
         return;
     }

@@ -25,6 +25,8 @@ public:
 
     // The boxes since the last call, in order.
     std::vector<BoxSeen> Take();
+    // Runs once, from inside the loop of the next box, before it is answered.
+    void BeforeAnswer(std::function<void()> action);
     // Runs once, from inside the next modal loop in which no box is in front.
     void WhenIdle(std::function<void()> action);
 
@@ -33,5 +35,6 @@ private:
 
     UINT_PTR m_timer;
     std::vector<BoxSeen> m_seen;
+    std::function<void()> m_beforeAnswer;
     std::function<void()> m_action;
 };

@@ -1,11 +1,9 @@
-// The field checks and the sheet, on a sheet without pages shown and, where a page must be left, with two.
+// The field checks and the sheet, without pages.
 #include <gtest/gtest.h>
 
 #include <tuple>
 
-#include "core/settings_page.h"
 #include "core/sheet/projdescr.h"
-#include "resources/resource.h"
 #include "tests/core/box_answerer.h"
 
 namespace {
@@ -176,142 +174,6 @@ TEST(Sheet, HasItsRunTimeClass) {
     EXPECT_STREQ(sheet.GetRuntimeClass()->m_lpszClassName, "projdescr");
     EXPECT_TRUE(sheet.IsKindOf(RUNTIME_CLASS(CPropertySheet)));
     EXPECT_EQ(RUNTIME_CLASS(projdescr)->CreateObject(), nullptr);
-}
-
-// Two copies of one page make a sheet whose tabs can be left.
-class TwoPages : public testing::Test {
-protected:
-    class Sheet : public CSettingsSheet {
-    public:
-        Sheet() : CSettingsSheet("two pages", nullptr, 0) {
-            m_bEditable = 1;
-            m_nDesignationOption = 1;
-            m_nHostMode = 0;
-            m_pHostSettings = &m_host;
-            AddPage(&m_first);
-            AddPage(&m_second);
-        }
-        CMdb m_host;
-        dlgcircuit m_first;
-        dlgcircuit m_second;
-    };
-
-    HWND Edit() { return m_sheet.m_first.GetDlgItem(IDC_START_X)->m_hWnd; }
-    void Type(const char* text) {
-        ::SetFocus(Edit());
-        SendMessageA(Edit(), EM_SETSEL, 0, -1);
-        SendMessageA(Edit(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
-    }
-
-    BoxAnswerer m_boxes;
-    Sheet m_sheet;
-};
-
-TEST_F(TwoPages, AreNotLeftWhileTheForcedCheckFails) {
-    m_boxes.WhenIdle([this] {
-        Type("1;2");
-        EXPECT_FALSE(m_sheet.SetActivePage(1));
-        EXPECT_EQ(m_boxes.Take(), (Boxes{{kFaultyField, Invalid(';'), nullptr}}));
-        EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
-        EXPECT_EQ(GetFocus(), Edit());
-        Type("");
-        EXPECT_FALSE(m_sheet.SetActivePage(1)) << "refused each time, not only the first";
-        EXPECT_EQ(m_boxes.Take(), (Boxes{{kFaultyField, kEmpty, nullptr}}));
-        Type("12");
-        EXPECT_TRUE(m_sheet.SetActivePage(1));
-        EXPECT_TRUE(m_boxes.Take().empty());
-        EXPECT_TRUE(m_sheet.SetActivePage(0));
-        m_sheet.PressButton(PSBTN_OK);
-    });
-    EXPECT_EQ(m_sheet.DoModal(), IDOK);
-    CString value;
-    EXPECT_EQ(CSettingsSheet::GetSetting(&m_sheet.m_workSettings, "X-COORD", value), 1);
-    EXPECT_STREQ(value, "12");
-}
-
-TEST_F(TwoPages, ReadTheSheetsNumbersAgainWhenShownAgain) {
-    m_boxes.WhenIdle([this] {
-        HWND functionOriented = m_sheet.m_first.GetDlgItem(IDC_FUNCTION_ORIENTED)->m_hWnd;
-        EXPECT_TRUE(IsWindowEnabled(functionOriented));
-        m_sheet.SetActivePage(1);
-        CMdb changes;
-        m_sheet.PutSetting(&changes, "BET_PREFIX", "1");
-        m_sheet.SetActivePage(0);
-        EXPECT_FALSE(IsWindowEnabled(functionOriented));
-        HWND combo = m_sheet.m_first.GetDlgItem(IDC_SYMBOL_STANDARD)->m_hWnd;
-        EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 3) << "one blank entry, however often the page is shown";
-        m_sheet.PressButton(PSBTN_CANCEL);
-    });
-    EXPECT_EQ(m_sheet.DoModal(), IDCANCEL);
-    EXPECT_EQ(m_sheet.m_workSettings.GetFirst(), nullptr);
-}
-
-// The pixels of a control's client area, or of a bitmap placed in its middle on the dialog's colour.
-std::vector<COLORREF> PixelsOf(HDC context, SIZE size) {
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < size.cy; ++y) {
-        for (int x = 0; x < size.cx; ++x) {
-            pixels.push_back(GetPixel(context, x, y));
-        }
-    }
-    return pixels;
-}
-
-std::vector<COLORREF> ExpectedPreview(UINT bitmapId, SIZE size) {
-    CDC memory;
-    memory.CreateCompatibleDC(nullptr);
-    CClientDC screen(nullptr);
-    CBitmap canvas;
-    canvas.CreateCompatibleBitmap(&screen, size.cx, size.cy);
-    const CSelectObject selected(memory, canvas.GetSafeHandle());
-    const RECT all{0, 0, size.cx, size.cy};
-    ::FillRect(memory, &all, GetSysColorBrush(COLOR_BTNFACE));
-    CBitmap bitmap;
-    BITMAP info{};
-    if (bitmapId != 0 && bitmap.LoadBitmap(bitmapId) && bitmap.GetBitmap(&info) != 0) {
-        CDC source;
-        source.CreateCompatibleDC(&memory);
-        const CSelectObject selectedSource(source, bitmap.GetSafeHandle());
-        memory.BitBlt((size.cx - info.bmWidth) / 2, (size.cy - info.bmHeight) / 2, info.bmWidth, info.bmHeight, &source,
-                      0, 0, SRCCOPY);
-    }
-    return PixelsOf(memory, size);
-}
-
-TEST_F(TwoPages, PreviewsShowTheBitmapOfTheChoice) {
-    struct Case {
-        const char* marking;
-        const char* core;
-        const char* label;
-        UINT markingBitmap;
-        UINT cableBitmap;
-    };
-    const Case cases[] = {
-        {"0", "0", "0", 150, 2007}, {"1", "0", "2", 152, 2008}, {"2", "0", "4", 152, 2009}, {"0", "4", "0", 150, 2010},
-        {"0", "4", "2", 150, 2011}, {"0", "4", "4", 150, 2014}, {"0", "8", "0", 150, 0},    {"0", "0", "6", 150, 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.core) + " " + c.label);
-        Sheet sheet;
-        sheet.PutSetting(&sheet.m_host, "A2-A1", c.marking);
-        sheet.PutSetting(&sheet.m_host, "CCT_CAB_CORE", c.core);
-        sheet.PutSetting(&sheet.m_host, "CCT_CAB_BALLOON", c.label);
-        sheet.m_first.LoadSettings(&sheet.m_host);
-        m_boxes.WhenIdle([&] {
-            sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-            for (const auto& [id, bitmap] :
-                 {std::pair(IDC_MARKING_PREVIEW, c.markingBitmap), std::pair(IDC_CABLE_PREVIEW, c.cableBitmap)}) {
-                CWnd* preview = sheet.m_first.GetDlgItem(id);
-                RECT client{};
-                preview->GetClientRect(&client);
-                CClientDC context(preview);
-                const SIZE size{client.right, client.bottom};
-                EXPECT_TRUE(PixelsOf(context, size) == ExpectedPreview(bitmap, size)) << "control " << id;
-            }
-            sheet.PressButton(PSBTN_CANCEL);
-        });
-        EXPECT_EQ(sheet.DoModal(), IDCANCEL);
-    }
 }
 
 }  // namespace

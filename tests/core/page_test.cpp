@@ -1,0 +1,536 @@
+// What all pages do alike, on sheets of the component's own pages and of a page with one row of each kind.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "core/settings_page.h"
+#include "pages/circuit/dlgcircuit.h"
+#include "resources/resource.h"
+#include "tests/core/box_answerer.h"
+
+namespace {
+
+constexpr char kFaultyField[] = "Felaktigt textf\xE4lt";
+constexpr char kEmpty[] = "Textstr\xE4ngen kan inte vara tom!";
+constexpr char kSemicolonIsInvalid[] = ";\xE4r ogiltigt!";
+
+using Boxes = std::vector<BoxSeen>;
+
+// An editable sheet of any pages; it notes what the pages tell it of their modification.
+class Sheet : public CSettingsSheet {
+public:
+    explicit Sheet(std::initializer_list<CSettingsPage*> pages) : CSettingsSheet("sheet", nullptr, 0) {
+        m_bEditable = 1;
+        m_nDesignationOption = 1;
+        m_nHostMode = 0;
+        m_pHostSettings = &m_host;
+        for (CSettingsPage* page : pages) {
+            AddPage(page);
+        }
+    }
+
+    void Load(std::initializer_list<std::pair<const char*, const char*>> settings) {
+        for (const auto& [key, value] : settings) {
+            PutSetting(&m_host, key, value);
+        }
+        for (int i = 0; i < GetPageCount(); ++i) {
+            static_cast<CSettingsPage*>(GetPage(i))->LoadSettings(&m_host);
+        }
+    }
+
+    std::string Applied(const char* key) {
+        CString value;
+        return GetSetting(&m_workSettings, key, value) != 0 ? value.GetString() : "(none)";
+    }
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == PSM_CHANGED || message == PSM_UNCHANGED) {
+            m_notices += message == PSM_CHANGED ? '+' : '-';
+        }
+        return CSettingsSheet::WindowProc(message, wParam, lParam);
+    }
+
+    CMdb m_host;
+    // One sign a notice: + modified, - unmodified.
+    std::string m_notices;
+};
+
+class Pages : public testing::Test {
+protected:
+    void Run(Sheet& sheet, const std::function<void()>& action, INT_PTR result) {
+        m_boxes.WhenIdle(action);
+        EXPECT_EQ(sheet.DoModal(), result);
+    }
+
+    static HWND Control(const CSettingsPage& page, UINT id) { return ::GetDlgItem(page.m_hWnd, static_cast<int>(id)); }
+
+    static void Replace(HWND field, const char* text) {
+        if (GetWindow(field, GW_CHILD) != nullptr) {
+            field = GetWindow(field, GW_CHILD);  // The edit inside a combo box.
+        }
+        ::SetFocus(field);
+        SendMessageA(field, EM_SETSEL, 0, -1);
+        SendMessageA(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
+    }
+
+    static std::string TextOf(HWND window) {
+        char text[200] = "";
+        GetWindowTextA(window, text, sizeof text);
+        return text;
+    }
+
+    static bool IsChecked(HWND button) { return SendMessageA(button, BM_GETCHECK, 0, 0) == BST_CHECKED; }
+
+    BoxAnswerer m_boxes;
+};
+
+// Loads every row of a page, changes it with the user's means, and looks for what is applied. No two rows share a key
+// or a control.
+class RowWalk : public Pages {
+protected:
+    // Values for every row: the loaded ones first, then what the user makes of them.
+    static const char* TextValue(size_t index, bool edited) {
+        static std::string value;
+        value = std::to_string(index + (edited ? 201 : 101));
+        return value.c_str();
+    }
+
+    void Walk(CSettingsPage& page) {
+        Sheet sheet({&page});
+        const PageRows& rows = page.Rows();
+        for (size_t i = 0; i < rows.texts.size(); ++i) {
+            sheet.PutSetting(&sheet.m_host, rows.texts[i].key, TextValue(i, false));
+        }
+        for (const CheckRow& row : rows.checks) {
+            sheet.PutSetting(&sheet.m_host, row.key, row.unchecked);
+        }
+        for (const ChoiceRow& row : rows.choices) {
+            sheet.PutSetting(&sheet.m_host, row.key, std::to_string(row.step).c_str());
+        }
+        page.LoadSettings(&sheet.m_host);
+        Run(
+            sheet,
+            [&] {
+                for (size_t i = 0; i < rows.texts.size(); ++i) {
+                    SCOPED_TRACE(rows.texts[i].key);
+                    const HWND field = Control(page, rows.texts[i].control);
+                    EXPECT_EQ(TextOf(field), TextValue(i, false));
+                    Replace(field, TextValue(i, true));
+                }
+                for (const CheckRow& row : rows.checks) {
+                    SCOPED_TRACE(row.key);
+                    const HWND box = Control(page, row.control);
+                    EXPECT_FALSE(IsChecked(box));
+                    // Rows may disable one another.
+                    ::EnableWindow(box, TRUE);
+                    SendMessageA(box, BM_CLICK, 0, 0);
+                }
+                for (const ChoiceRow& row : rows.choices) {
+                    SCOPED_TRACE(row.key);
+                    EXPECT_TRUE(IsChecked(Control(page, row.buttons[1])));
+                    SendMessageA(Control(page, row.buttons.back()), BM_CLICK, 0, 0);
+                }
+                sheet.PressButton(PSBTN_OK);
+            },
+            IDOK);
+        EXPECT_TRUE(m_boxes.Take().empty());
+        std::set<std::string> keys;
+        std::set<UINT> controls;
+        for (size_t i = 0; i < rows.texts.size(); ++i) {
+            EXPECT_EQ(sheet.Applied(rows.texts[i].key), TextValue(i, true)) << rows.texts[i].key;
+            EXPECT_TRUE(keys.insert(rows.texts[i].key).second && controls.insert(rows.texts[i].control).second);
+        }
+        for (const CheckRow& row : rows.checks) {
+            EXPECT_EQ(sheet.Applied(row.key), row.checked) << row.key;
+            EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.control).second);
+        }
+        for (const ChoiceRow& row : rows.choices) {
+            const int last = static_cast<int>(row.buttons.size() - 1) * row.step;
+            EXPECT_EQ(sheet.Applied(row.key), std::to_string(last)) << row.key;
+            EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.buttons.front()).second);
+        }
+    }
+};
+
+TEST_F(RowWalk, General) {
+    dlgcircuit page;
+    Walk(page);
+}
+
+// The general page's dialog with one row of each kind that departs from the usual.
+class OddPage : public CSettingsPage {
+public:
+    OddPage() : CSettingsPage(IDD_GENERAL, kRows) {}
+
+    void OnReset() override {
+        CSettingsPage::OnReset();
+        if (m_focusAtReset != nullptr) {
+            ::SetFocus(m_focusAtReset);
+        }
+    }
+    BOOL OnSetActive() override {
+        const BOOL result = CSettingsPage::OnSetActive();
+        ++m_activations;
+        return result;
+    }
+
+    CString m_strPicked;
+    CString m_strTyped;
+    int m_nRecorded = 0;
+    int m_nUndone = 0;
+    int m_nChoice = -1;
+    int m_activations = 0;
+    HWND m_focusAtReset = nullptr;
+
+private:
+    static int RefuseSemicolons(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& field) {
+        EXPECT_TRUE(refocus == nullptr || refocus == &field);
+        return page.GetSheet()->CheckTextField(text, refocus, ";", 0);
+    }
+    static const TextRow kTexts[];
+    static const CheckRow kChecks[];
+    static const ChoiceRow kChoices[];
+    static const PageRows kRows;
+};
+
+constexpr UINT kChoiceButtons[] = {IDC_CORE_ARROW, IDC_CORE_SLASH};
+const TextRow OddPage::kTexts[] = {
+    {.control = IDC_START_X, .key = "TYPED", .member = PageMember(&OddPage::m_strTyped), .check = &RefuseSemicolons},
+    {.control = IDC_SYMBOL_STANDARD,
+     .key = "PICKED",
+     .member = PageMember(&OddPage::m_strPicked),
+     .exchange = &DDX_CBString,
+     .maxLength = 7,
+     .pick = &CSettingsPage::PickEntry},
+};
+const CheckRow OddPage::kChecks[] = {
+    {IDC_FUNCTION_ORIENTED, "RECORDED", PageMember(&OddPage::m_nRecorded), ReadOnlyClick::Recorded, SheetNotice::None,
+     "3", "2", [](int number) { return number == 3 ? 1 : 0; }},
+    {IDC_CAPITAL_DESIGNATIONS, "UNDONE", PageMember(&OddPage::m_nUndone)},
+};
+const ChoiceRow OddPage::kChoices[] = {
+    {"CHOICE", 5, kChoiceButtons, PageMember(&OddPage::m_nChoice), 0, ReadOnlyClick::Recorded}};
+const PageRows OddPage::kRows = {OddPage::kTexts, OddPage::kChecks, OddPage::kChoices};
+
+class OddPages : public Pages {
+protected:
+    HWND Typed() { return Control(m_page, IDC_START_X); }
+    HWND Combo() { return Control(m_page, IDC_SYMBOL_STANDARD); }
+    void Click(UINT id) { SendMessageA(Control(m_page, id), BM_CLICK, 0, 0); }
+
+    OddPage m_page;
+    OddPage m_other;
+    Sheet m_sheet{&m_page, &m_other};
+};
+
+TEST_F(OddPages, RecordTheTextsOfTheirRowsAndTellTheSheetWhereTheRowSaysSo) {
+    m_sheet.Load({{"RECORDED", "2"}, {"UNDONE", "1"}, {"CHOICE", "7"}});
+    Run(
+        m_sheet,
+        [this] {
+            EXPECT_FALSE(IsChecked(Control(m_page, IDC_FUNCTION_ORIENTED)));
+            EXPECT_TRUE(IsChecked(Control(m_page, IDC_CAPITAL_DESIGNATIONS)));
+            EXPECT_TRUE(IsChecked(Control(m_page, IDC_CORE_SLASH)));
+            m_sheet.m_notices.clear();
+            Click(IDC_FUNCTION_ORIENTED);
+            EXPECT_EQ(m_sheet.m_notices, "");
+            Click(IDC_CAPITAL_DESIGNATIONS);
+            Click(IDC_CORE_ARROW);
+            EXPECT_EQ(m_sheet.m_notices, "++");
+            m_sheet.PressButton(PSBTN_OK);
+        },
+        IDOK);
+    EXPECT_EQ(m_sheet.Applied("RECORDED"), "3");
+    EXPECT_EQ(m_sheet.Applied("UNDONE"), "0");
+    EXPECT_EQ(m_sheet.Applied("CHOICE"), "0");
+    EXPECT_EQ(m_sheet.Applied("TYPED"), "(none)");
+}
+
+TEST_F(OddPages, UndoClicksInAReadOnlySheetWhereTheRowSaysSo) {
+    m_sheet.m_bEditable = 0;
+    m_sheet.Load({});
+    Run(
+        m_sheet,
+        [this] {
+            for (const UINT id : {IDC_FUNCTION_ORIENTED, IDC_CAPITAL_DESIGNATIONS, IDC_CORE_SLASH}) {
+                Click(id);
+            }
+            EXPECT_TRUE(IsChecked(Control(m_page, IDC_FUNCTION_ORIENTED)));
+            EXPECT_FALSE(IsChecked(Control(m_page, IDC_CAPITAL_DESIGNATIONS)));
+            EXPECT_TRUE(IsChecked(Control(m_page, IDC_CORE_SLASH)));
+            EXPECT_FALSE(IsWindowEnabled(Typed()) || IsWindowEnabled(Combo()));
+            EXPECT_EQ(m_sheet.m_notices.find('+'), std::string::npos);
+            m_sheet.PressButton(PSBTN_OK);
+        },
+        IDOK);
+    EXPECT_EQ(m_sheet.Applied("RECORDED"), "(none)");
+}
+
+TEST_F(OddPages, MarkTheSheetModifiedUntilTheyAreApplied) {
+    Run(
+        m_sheet,
+        [this] {
+            Replace(Typed(), "1");
+            EXPECT_EQ(m_sheet.m_notices, "+");
+            EXPECT_TRUE(m_page.OnApply());
+            EXPECT_EQ(m_sheet.m_notices, "+-");
+            Replace(Typed(), "2");
+            EXPECT_EQ(m_sheet.m_notices, "+--") << "not before the page is shown again";
+            EXPECT_TRUE(m_sheet.SetActivePage(1));
+            EXPECT_TRUE(m_sheet.SetActivePage(0));
+            Replace(Typed(), "3");
+            EXPECT_EQ(m_sheet.m_notices.back(), '+');
+            m_sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+}
+
+// Picks an entry of an open list without ending the pick, as the arrow keys do.
+void MoveInOpenList(HWND combo, int moves) {
+    ::SetFocus(combo);
+    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    for (int i = 0; i < moves; ++i) {
+        SendMessageA(GetWindow(combo, GW_CHILD), WM_KEYDOWN, VK_DOWN, 0);
+    }
+}
+
+TEST_F(OddPages, PutBackWhatStoodInAComboBoxWhenThePickIsCancelled) {
+    m_sheet.Load({{"PICKED", "typed"}});
+    Run(
+        m_sheet,
+        [this] {
+            MoveInOpenList(Combo(), 2);
+            EXPECT_EQ(TextOf(Combo()), "iec617");
+            ::SetFocus(Typed());
+            EXPECT_EQ(TextOf(Combo()), "typed");
+            EXPECT_EQ(SendMessageA(Combo(), CB_GETCURSEL, 0, 0), CB_ERR);
+            // A pick that is confirmed stays; the entry is recorded, as this row says.
+            MoveInOpenList(Combo(), 1);
+            SendMessageA(GetWindow(Combo(), GW_CHILD), WM_CHAR, VK_RETURN, 0);
+            EXPECT_EQ(TextOf(Combo()), "iec1082");
+            ::SetFocus(Typed());
+            EXPECT_EQ(TextOf(Combo()), "iec1082");
+            m_sheet.PressButton(PSBTN_OK);
+        },
+        IDOK);
+    EXPECT_EQ(m_sheet.Applied("PICKED"), "iec1082");
+}
+
+TEST_F(OddPages, AreNotLeftWhileTheForcedCheckFails) {
+    Run(
+        m_sheet,
+        [this] {
+            for (const char* refused : {"1;2", ";"}) {
+                Replace(Typed(), refused);
+                EXPECT_FALSE(m_sheet.SetActivePage(1)) << "refused each time, not only the first";
+                EXPECT_EQ(m_boxes.Take(), (Boxes{{kFaultyField, kSemicolonIsInvalid, nullptr}}));
+                EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
+                EXPECT_EQ(GetFocus(), Typed());
+            }
+            Replace(Typed(), "12");
+            EXPECT_TRUE(m_sheet.SetActivePage(1));
+            EXPECT_TRUE(m_boxes.Take().empty());
+            EXPECT_TRUE(m_sheet.SetActivePage(0));
+            m_sheet.PressButton(PSBTN_OK);
+        },
+        IDOK);
+    EXPECT_EQ(m_sheet.Applied("TYPED"), "12");
+}
+
+TEST_F(OddPages, ShowOneBoxForAClickedTabWhetherTheFieldOrTheTransferRefuses) {
+    m_sheet.Load({});
+    const auto clickOtherTab = [this] {
+        const HWND tabs = m_sheet.GetTabControl()->m_hWnd;
+        RECT tab{};
+        SendMessageA(tabs, TCM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&tab));
+        const LPARAM point = MAKELPARAM((tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2);
+        ++m_sheet.m_nInput;
+        SendMessageA(tabs, WM_LBUTTONDOWN, MK_LBUTTON, point);
+        SendMessageA(tabs, WM_LBUTTONUP, 0, point);
+    };
+    Run(
+        m_sheet,
+        [&] {
+            Replace(Typed(), ";");
+            clickOtherTab();
+            EXPECT_EQ(m_boxes.Take(), (Boxes{{kFaultyField, kSemicolonIsInvalid, nullptr}}));
+            EXPECT_EQ(GetFocus(), Typed());
+            Replace(Typed(), "1");
+            // Too long for the row; only the program can put it there.
+            SetWindowTextA(Combo(), "123456789");
+            clickOtherTab();
+            EXPECT_EQ(m_boxes.Take().size(), 1U);
+            EXPECT_FALSE(m_sheet.SetActivePage(1)) << "forced, without a click";
+            EXPECT_EQ(m_boxes.Take().size(), 1U);
+            EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
+            SetWindowTextA(Combo(), "1234567");
+            clickOtherTab();
+            EXPECT_TRUE(m_boxes.Take().empty());
+            EXPECT_EQ(m_sheet.GetActiveIndex(), 1);
+            m_sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+}
+
+TEST_F(OddPages, CheckOneFieldAtATime) {
+    Run(
+        m_sheet,
+        [this] {
+            // A second wrong field gets the focus from the first and loses it when the first takes it back.
+            Replace(Typed(), ";");
+            SetWindowTextA(Control(m_page, IDC_START_Y), ";");
+            ::SetFocus(Control(m_page, IDC_START_Y));
+            EXPECT_EQ(m_boxes.Take().size(), 1U);
+            EXPECT_EQ(GetFocus(), Typed());
+            m_sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+}
+
+TEST_F(OddPages, CheckNothingOnTheWayToAButtonThatCancels) {
+    for (const char* caption : {"Avbryt", "Cancel"}) {
+        Run(
+            m_sheet,
+            [&] {
+                const HWND button = ::GetDlgItem(m_sheet.m_hWnd, IDCANCEL);
+                Replace(Typed(), ";");
+                SetWindowTextA(button, caption);
+                ::SetFocus(button);
+                EXPECT_TRUE(m_boxes.Take().empty()) << caption;
+                ::SetFocus(Typed());
+                SetWindowTextA(button, "Annat");
+                ::SetFocus(button);
+                EXPECT_EQ(m_boxes.Take().size(), 1U) << "a sheet that runs again checks again";
+                // The focus leaves the field while the sheet is being cancelled.
+                m_page.m_focusAtReset = button;
+                m_sheet.PressButton(PSBTN_CANCEL);
+            },
+            IDCANCEL);
+        EXPECT_TRUE(m_boxes.Take().empty()) << caption;
+        m_page.m_focusAtReset = nullptr;
+    }
+}
+
+TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
+    using Leaving = std::function<void()>;
+    const Leaving leavings[] = {
+        [this] { ::SetFocus(Combo()); },
+        [this] { m_sheet.SetActivePage(1); },
+        [this] { m_page.OnApply(); },
+        [this] {
+            SetWindowTextA(Combo(), "123456789");
+            m_page.OnApply();
+        },
+        [this] {
+            SetWindowTextA(Combo(), "123456789");
+            Click(IDC_CAPITAL_DESIGNATIONS);
+        },
+    };
+    for (const Leaving& leave : leavings) {
+        m_sheet.Load({});
+        m_boxes.WhenIdle([&] {
+            Replace(Typed(), ";");
+            m_boxes.BeforeAnswer([this] { m_sheet.DestroyWindow(); });
+            leave();
+        });
+        EXPECT_EQ(m_sheet.DoModal(), -1);
+        EXPECT_FALSE(m_boxes.Take().empty());
+    }
+}
+
+// The pixels of a control's client area, or of a bitmap placed in its middle on the dialog's colour.
+std::vector<COLORREF> PixelsOf(HDC context, SIZE size) {
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < size.cy; ++y) {
+        for (int x = 0; x < size.cx; ++x) {
+            pixels.push_back(GetPixel(context, x, y));
+        }
+    }
+    return pixels;
+}
+
+std::vector<COLORREF> ExpectedPreview(UINT bitmapId, SIZE size) {
+    CDC memory;
+    memory.CreateCompatibleDC(nullptr);
+    CClientDC screen(nullptr);
+    CBitmap canvas;
+    canvas.CreateCompatibleBitmap(&screen, size.cx, size.cy);
+    const CSelectObject selected(memory, canvas.GetSafeHandle());
+    const RECT all{0, 0, size.cx, size.cy};
+    ::FillRect(memory, &all, GetSysColorBrush(COLOR_BTNFACE));
+    CBitmap bitmap;
+    BITMAP info{};
+    if (bitmapId != 0 && bitmap.LoadBitmap(bitmapId) && bitmap.GetBitmap(&info) != 0) {
+        CDC source;
+        source.CreateCompatibleDC(&memory);
+        const CSelectObject selectedSource(source, bitmap.GetSafeHandle());
+        memory.BitBlt((size.cx - info.bmWidth) / 2, (size.cy - info.bmHeight) / 2, info.bmWidth, info.bmHeight, &source,
+                      0, 0, SRCCOPY);
+    }
+    return PixelsOf(memory, size);
+}
+
+bool Shows(const CSettingsPage& page, UINT preview, UINT bitmap) {
+    CWnd* control = page.GetDlgItem(static_cast<int>(preview));
+    RECT client{};
+    control->GetClientRect(&client);
+    CClientDC context(control);
+    const SIZE size{client.right, client.bottom};
+    return PixelsOf(context, size) == ExpectedPreview(bitmap, size);
+}
+
+TEST_F(Pages, GeneralShowsTheBitmapsOfItsChoices) {
+    struct Case {
+        const char* marking;
+        const char* core;
+        const char* label;
+        UINT markingBitmap;
+        UINT cableBitmap;
+    };
+    const Case cases[] = {
+        {"0", "0", "0", 150, 2007}, {"1", "0", "2", 152, 2008}, {"2", "0", "4", 152, 2009}, {"0", "4", "0", 150, 2010},
+        {"0", "4", "2", 150, 2011}, {"0", "4", "4", 150, 2014}, {"0", "8", "0", 150, 0},    {"0", "0", "6", 150, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.core) + " " + c.label);
+        dlgcircuit page;
+        Sheet sheet({&page});
+        sheet.Load({{"A2-A1", c.marking}, {"CCT_CAB_CORE", c.core}, {"CCT_CAB_BALLOON", c.label}});
+        Run(
+            sheet,
+            [&] {
+                sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+                EXPECT_TRUE(Shows(page, IDC_MARKING_PREVIEW, c.markingBitmap));
+                EXPECT_TRUE(Shows(page, IDC_CABLE_PREVIEW, c.cableBitmap));
+                // A choice is painted at once.
+                SendMessageA(Control(page, IDC_MARKING_A2_A1), BM_CLICK, 0, 0);
+                EXPECT_TRUE(Shows(page, IDC_MARKING_PREVIEW, 152));
+                sheet.PressButton(PSBTN_CANCEL);
+            },
+            IDCANCEL);
+    }
+}
+
+TEST_F(Pages, GeneralReadsTheSheetsNumbersAgainWhenShownAgain) {
+    dlgcircuit page;
+    dlgcircuit other;
+    Sheet sheet({&page, &other});
+    Run(
+        sheet,
+        [&] {
+            HWND functionOriented = Control(page, IDC_FUNCTION_ORIENTED);
+            EXPECT_TRUE(IsWindowEnabled(functionOriented));
+            sheet.SetActivePage(1);
+            CMdb changes;
+            sheet.PutSetting(&changes, "BET_PREFIX", "1");
+            sheet.SetActivePage(0);
+            EXPECT_FALSE(IsWindowEnabled(functionOriented));
+            HWND combo = Control(page, IDC_SYMBOL_STANDARD);
+            EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 3) << "one blank entry, however often the page is shown";
+            sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+    EXPECT_EQ(sheet.m_workSettings.GetFirst(), nullptr);
+}
+
+}  // namespace
