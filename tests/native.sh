@@ -1,6 +1,6 @@
 # The native part of ./test. Read with "." after steps.sh and packages.sh.
 
-run_ctest() { ctest --test-dir "build/$1" --output-on-failure -j 2; }
+run_ctest() { ctest --test-dir "build/$1" --output-on-failure -j 2 --timeout 120; }
 
 if step "build, native" build_preset native; then
     step "tests, native" run_ctest native

@@ -176,6 +176,7 @@ public:
 
     CString m_strPicked;
     CString m_strTyped;
+    CString m_strAlsoTyped;
     int m_nRecorded = 0;
     int m_nUndone = 0;
     int m_nChoice = -1;
@@ -195,7 +196,8 @@ private:
 
 constexpr UINT kChoiceButtons[] = {IDC_CORE_ARROW, IDC_CORE_SLASH};
 const TextRow OddPage::kTexts[] = {
-    {.control = IDC_START_X, .key = "TYPED", .member = PageMember(&OddPage::m_strTyped), .check = &RefuseSemicolons},
+    {IDC_START_X, "TYPED", PageMember(&OddPage::m_strTyped), &RefuseSemicolons},
+    {IDC_START_Y, "ALSO_TYPED", PageMember(&OddPage::m_strAlsoTyped), &RefuseSemicolons},
     {.control = IDC_SYMBOL_STANDARD,
      .key = "PICKED",
      .member = PageMember(&OddPage::m_strPicked),
@@ -413,28 +415,27 @@ TEST_F(OddPages, CheckNothingOnTheWayToAButtonThatCancels) {
 
 TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
     using Leaving = std::function<void()>;
+    const auto spoil = [this] {
+        Replace(Typed(), ";");
+        m_boxes.BeforeAnswer([this] { m_sheet.DestroyWindow(); });
+    };
+    const auto spoilTransfer = [this] {
+        ::SetFocus(Control(m_page, IDC_CORE_ARROW));
+        SetWindowTextA(Combo(), "123456789");
+        m_boxes.BeforeAnswer([this] { m_sheet.DestroyWindow(); });
+    };
     const Leaving leavings[] = {
-        [this] { ::SetFocus(Combo()); },
-        [this] { m_sheet.SetActivePage(1); },
-        [this] { m_page.OnApply(); },
-        [this] {
-            SetWindowTextA(Combo(), "123456789");
-            m_page.OnApply();
-        },
-        [this] {
-            SetWindowTextA(Combo(), "123456789");
-            Click(IDC_CAPITAL_DESIGNATIONS);
-        },
+        [&] { spoil(), ::SetFocus(Combo()); },
+        [&] { spoil(), m_sheet.SetActivePage(1); },
+        [&] { spoil(), m_page.OnApply(); },
+        [&] { spoilTransfer(), m_page.OnApply(); },
+        [&] { spoilTransfer(), m_sheet.SetActivePage(1); },
+        [&] { spoilTransfer(), Click(IDC_CAPITAL_DESIGNATIONS); },
     };
     for (const Leaving& leave : leavings) {
         m_sheet.Load({});
-        m_boxes.WhenIdle([&] {
-            Replace(Typed(), ";");
-            m_boxes.BeforeAnswer([this] { m_sheet.DestroyWindow(); });
-            leave();
-        });
-        EXPECT_EQ(m_sheet.DoModal(), -1);
-        EXPECT_FALSE(m_boxes.Take().empty());
+        Run(m_sheet, leave, -1);
+        EXPECT_EQ(m_boxes.Take().size(), 1U);
     }
 }
 
