@@ -181,6 +181,12 @@ void ComboBox::onListKey(UINT key) {
         flip();
         return;
     }
+    if (key == VK_TAB) {
+        if (open_) {
+            rollUp(true);
+        }
+        return;
+    }
     const HWND window = window_;
     trackingKey_ = open_;
     askList(WM_KEYDOWN, key);
@@ -357,7 +363,7 @@ bool ComboBox::rollUp(bool accept) {
 
 void ComboBox::flip() {
     if (open_) {
-        rollUp(false);
+        rollUp(true);
     } else {
         open();
     }

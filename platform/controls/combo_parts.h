@@ -13,7 +13,7 @@ constexpr int kComboEditId = 1001;
 // Style of the edit that is the field of its parent, a combo box.
 constexpr DWORD kComboEditStyle = 0x0200;
 
-// Edit to combo: a key that moves in the list or opens and closes it; wParam is the virtual key.
+// Edit to combo: a key that moves in the list, opens or closes it; wParam is the virtual key.
 constexpr UINT kComboListKey = WM_USER + 1;
 // Edit to combo: Alt with an arrow key opens or closes the list.
 constexpr UINT kComboFlip = WM_USER + 2;

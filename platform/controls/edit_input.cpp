@@ -100,6 +100,7 @@ bool Edit::onComboKey(UINT message, UINT key, LPARAM lParam) {
         case VK_PRIOR:
         case VK_NEXT:
         case VK_F4:
+        case VK_TAB:
             SendMessageA(combo_, kComboListKey, key, 0);
             return true;
         default:

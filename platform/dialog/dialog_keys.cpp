@@ -78,7 +78,32 @@ bool pressMnemonicKey(HWND dialog, WPARAM character) {
     return key != '\0' && key != ' ' && pressMnemonicIn(dialog, dialog, key);
 }
 
-void onTab(HWND dialog) {
+// The combo box that the control is, or whose field it is; null for any other control.
+HWND comboOf(HWND control) {
+    for (HWND window : {control, GetParent(control)}) {
+        std::array<char, 16> name{};
+        GetClassNameA(window, name.data(), static_cast<int>(name.size()));
+        if (std::strcmp(name.data(), "ComboBox") == 0) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+// Tab keeps what is picked in an open list, which another loss of the focus would cancel. So the list gets the key
+// first.
+void endPick(const MSG& tab) {
+    HWND combo = comboOf(tab.hwnd);
+    if (combo != nullptr && SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) != FALSE) {
+        SendMessageA(tab.hwnd, WM_KEYDOWN, tab.wParam, tab.lParam);
+    }
+}
+
+void onTab(HWND dialog, const MSG& message) {
+    endPick(message);
+    if (!IsWindow(dialog)) {
+        return;
+    }
     if (dialogState(dialog) != nullptr) {
         SendMessageA(dialog, WM_NEXTDLGCTL, isShiftDown() ? TRUE : FALSE, 0);
         return;
@@ -138,7 +163,7 @@ bool onWmKeyDown(HWND dialog, const MSG& message) {
             if ((code & DLGC_WANTTAB) != 0) {
                 return false;
             }
-            onTab(dialog);
+            onTab(dialog, message);
             return true;
         case VK_LEFT:
         case VK_UP:

@@ -228,22 +228,24 @@ constexpr ComboKeys kComboKeys[] = {
     {"combo typing open",
      CBS_DROPDOWN | CBS_AUTOHSCROLL,
      {"{f4}", "c", "h", "x", "{bs}{bs}{bs}", "d", "{enter}", "{A-down}", "f", "{esc}"}},
+    {"combo opened on a typed text",
+     CBS_DROPDOWN | CBS_AUTOHSCROLL,
+     {"AP", "{f4}", "{esc}", "{home}{S-end}{del}xy", "{f4}", "{down}", "{esc}", "{home}{S-end}{del}z", "{A-down}",
+      "{enter}"}},
     {"combo keys closed",
      CBS_DROPDOWN | CBS_AUTOHSCROLL,
      {"{down}", "{down}", "{up}", "{pgdn}", "{pgup}", "{end}", "{home}", "{right}", "{C-end}", "{up}", "{enter}",
       "{esc}"}},
     {"combo keys open",
      CBS_DROPDOWN | CBS_AUTOHSCROLL,
-     {"{f4}", "{down}", "{down}", "{up}", "{enter}", "{A-down}", "{down}", "{esc}", "{f4}", "{down}", "{f4}",
-      "{A-down}", "{down}", "{A-up}", "{A-down}", "{pgdn}", "{end}", "{enter}"}},
+     {"{f4}", "{down}", "{down}", "{up}", "{enter}", "{A-down}", "{pgdn}", "{end}", "{enter}"}},
     {"list combo keys closed",
      CBS_DROPDOWNLIST,
      {"{down}", "{down}", "{up}", "{right}", "{left}", "{pgdn}", "{pgup}", "{end}", "{home}", "a", "a", "a", "z", "q",
       "\xE4", "{enter}", "{esc}", "{del}"}},
     {"list combo keys open",
      CBS_DROPDOWNLIST,
-     {"{f4}", "{down}", "{down}", "{enter}", "{A-down}", "{down}",  "{esc}", "{f4}",   "{down}", "{f4}",   "{A-down}",
-      "z",    "{A-up}", "{f4}",   "{end}",   "{home}",   "{enter}", "{f4}",  "{down}", "{tab}",  "{enter}"}},
+     {"{f4}", "{down}", "{down}", "{enter}", "{A-down}", "z", "{A-up}", "{end}", "{home}", "{enter}"}},
     {"combo typing after a pick",
      CBS_DROPDOWN | CBS_AUTOHSCROLL,
      {"{down}", "x", "y", "{f4}", "{down}", "b", "a", "{enter}", "{bs}"}},
@@ -261,6 +263,63 @@ void traceComboKeys(Trace& trace) {
         }
         SetFocus(stage.other());
         stage.state("focus away");
+    }
+}
+
+// Ways to end a pick in the open list.
+struct PickEnding {
+    const char* name;
+    void (*end)(ComboStage& stage);
+};
+
+void pressElsewhere(ComboStage& stage) {
+    SendMessageA(stage.info().hwndList, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(-50, -50));
+}
+
+void tabAway(ComboStage& stage) {
+    for (const HWND control : {stage.control(), stage.other()}) {
+        SetWindowLongA(control, GWL_STYLE, GetWindowLongA(control, GWL_STYLE) | WS_TABSTOP);
+    }
+    postKey(stage.keyboardTarget(), VK_TAB);
+    drainQueue(stage.parent().handle());
+}
+
+constexpr PickEnding kPickEndings[] = {
+    {"Enter", [](ComboStage& stage) { typeKeys(stage.keyboardTarget(), "{enter}"); }},
+    {"Enter after a move of the mouse",
+     [](ComboStage& stage) {
+         SendMessageA(stage.info().hwndList, WM_MOUSEMOVE, 0, stage.entryPoint(4));
+         typeKeys(stage.keyboardTarget(), "{enter}");
+     }},
+    {"Esc", [](ComboStage& stage) { typeKeys(stage.keyboardTarget(), "{esc}"); }},
+    {"press elsewhere", pressElsewhere},
+    {"focus elsewhere", [](ComboStage& stage) { SetFocus(stage.other()); }},
+    {"button", [](ComboStage& stage) { stage.ask(WM_LBUTTONDOWN, MK_LBUTTON, stage.buttonPoint()); }},
+    {"CB_SHOWDROPDOWN", [](ComboStage& stage) { stage.ask(CB_SHOWDROPDOWN, FALSE); }},
+};
+
+// The real system's users close a list by these keys to keep what they picked.
+constexpr PickEnding kAcceptingKeys[] = {
+    {"F4", [](ComboStage& stage) { typeKeys(stage.keyboardTarget(), "{f4}"); }},
+    {"Alt+Up", [](ComboStage& stage) { typeKeys(stage.keyboardTarget(), "{A-up}"); }},
+    {"Alt+Down", [](ComboStage& stage) { typeKeys(stage.keyboardTarget(), "{A-down}"); }},
+    {"Tab", tabAway},
+};
+
+template <std::size_t count>
+void tracePicks(Trace& trace, const char* section, const PickEnding (&endings)[count]) {
+    trace.section(section);
+    for (const DWORD style : kKinds) {
+        for (const PickEnding& ending : endings) {
+            ComboStage stage(trace, style | WS_VSCROLL);
+            stage.ask(CB_SETCURSEL, 1);
+            SetFocus(stage.control());
+            stage.type("{A-down}");
+            stage.type("{down}");
+            ending.end(stage);
+            stage.state(ending.name);
+            trace.line("focus stays %d", GetFocus() == stage.keyboardTarget());
+        }
     }
 }
 
@@ -433,6 +492,8 @@ void traceCombos(Trace& trace) {
         }
     }
     traceComboKeys(trace);
+    tracePicks(trace, "combo picks", kPickEndings);
+    tracePicks(trace, "combo picks ended by an accepting key", kAcceptingKeys);
     traceComboFocus(trace);
     traceComboMouse(trace);
     traceOwnerDrawn(trace);
