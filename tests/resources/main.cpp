@@ -1,0 +1,151 @@
+// Checks all dialog templates of the resources, after the checks themselves: each has to find the fault that is put
+// into a sound template.
+#include "automation/codepage.h"
+#include "tests/conformance/template_builder.h"
+#include "tests/resources/template_lint.h"
+
+#ifndef _WIN32
+#include <tavrikdisplay.h>  // Windows has one display; natively the dialogs are made in memory.
+#endif
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+struct Item {
+    WORD windowClass;
+    int id;
+    const char* caption;
+    DWORD style;
+    short x, y, width, height;
+};
+
+constexpr WORD kComboBox = 0x85;
+constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
+constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
+
+// Of 120 by 90 units.
+constexpr Item kSound[] = {
+    {kButton, -1, "Boxes", BS_GROUPBOX | WS_GROUP, 5, 5, 110, 40},
+    {kButton, 1, "First", kCheckBox | WS_GROUP | WS_TABSTOP, 12, 16, 45, 10},
+    {kButton, 2, "Second", kCheckBox, 12, 28, 45, 10},
+    {kButton, -1, "Choice", BS_GROUPBOX | WS_GROUP, 5, 49, 50, 36},
+    {kButton, 3, "One", kRadio | WS_GROUP, 12, 59, 40, 10},
+    {kButton, 4, "Two", kRadio, 12, 71, 40, 10},
+    {kStatic, -1, "Text:", WS_GROUP, 60, 51, 25, 8},
+    {kEdit, 5, "", WS_TABSTOP, 88, 49, 27, 13},
+    {kButton, 6, "Press", WS_GROUP | WS_TABSTOP, 60, 68, 50, 14},
+};
+
+// What is complained of when an item of the sound template is another; null for nothing.
+struct Fault {
+    std::size_t index;
+    Item item;
+    const char* complaint;
+};
+
+constexpr Fault kFaults[] = {
+    {0, kSound[0], nullptr},
+    {6, {kStatic, -1, "Two words", WS_GROUP, 60, 51, 25, 16}, nullptr},
+    {7, {kComboBox, 5, "", CBS_DROPDOWN | WS_TABSTOP, 88, 49, 27, 80}, nullptr},
+    {5, {kButton, 3, "Two", kRadio, 12, 71, 40, 10}, "3 \"Two\" has the number of another control"},
+    {8, {kButton, 6, "Press", WS_GROUP | WS_TABSTOP, 60, 77, 50, 14}, "6 \"Press\" lies outside of the page"},
+    {7, {kEdit, 5, "", WS_TABSTOP, 84, 49, 27, 13}, "5 \"\" lies over unnumbered \"Text:\""},
+    {1,
+     {kButton, 1, "First", kCheckBox | WS_GROUP | WS_TABSTOP, 12, 12, 45, 10},
+     "1 \"First\" covers the caption of unnumbered \"Boxes\""},
+    {6, {kStatic, -1, "Two words", WS_GROUP, 60, 51, 25, 8}, "unnumbered \"Two words\" is cut off"},
+    {2, {kButton, 2, "Second box", kCheckBox, 12, 28, 45, 10}, "2 \"Second box\" is cut off"},
+    {5, {kButton, 4, "Two and more", kRadio, 12, 71, 40, 10}, "4 \"Two and more\" is cut off"},
+    {8, {kButton, 6, "Press the button", WS_GROUP | WS_TABSTOP, 60, 68, 50, 14}, "6 \"Press the button\" is cut off"},
+    {3,
+     {kButton, -1, "Choice of two", BS_GROUPBOX | WS_GROUP, 5, 49, 50, 36},
+     "unnumbered \"Choice of two\" is cut off"},
+    {4, {kButton, 3, "One", kRadio, 12, 59, 40, 10}, "3 \"One\" does not begin its group"},
+    {6, {kStatic, -1, "Text:", 0, 60, 51, 25, 8}, "unnumbered \"Text:\" goes on with the group of 4 \"Two\""},
+    {1,
+     {kButton, 1, "First", kCheckBox | WS_GROUP | WS_TABSTOP, 66, 28, 45, 10},
+     "2 \"Second\" is read before 1 \"First\", which Tab reaches first"},
+    {1, {kButton, 1, "First", kCheckBox | WS_TABSTOP, 12, 16, 45, 10}, "unnumbered \"Boxes\" gets the focus"},
+    {2,
+     {kButton, 2, "Second", BS_PUSHBUTTON, 12, 28, 45, 10},
+     "2 \"Second\" is where the arrow keys go from 1 \"First\""},
+    {2, {kButton, 2, "Second", kCheckBox | WS_GROUP, 12, 28, 45, 10}, "2 \"Second\" is out of reach of the keyboard"},
+};
+
+class Program {
+public:
+    Program()
+        : popup_(CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 900, 700, nullptr, nullptr, nullptr,
+                                 nullptr)) {
+        SetActiveWindow(popup_);
+    }
+    ~Program() { DestroyWindow(popup_); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    bool run() {
+        testChecks();
+        int dialogs = 0;
+        for (WORD id = 1; id != 0; ++id) {
+            if (HRSRC resource = FindResourceA(nullptr, MAKEINTRESOURCEA(id), RT_DIALOG)) {
+                lintResource(id, resource);
+                ++dialogs;
+            }
+        }
+        std::printf("%d dialogs, %d complaints\n", dialogs, complaints_);
+        return dialogs > 0 && complaints_ == 0;
+    }
+
+private:
+    void complain(const std::string& complaint) {
+        std::printf("%s\n", automation::ConvertFrom1252(complaint).c_str());
+        ++complaints_;
+    }
+
+    void lintResource(WORD id, HRSRC resource) {
+        std::vector<std::uint16_t> words(SizeofResource(nullptr, resource) / sizeof(std::uint16_t));
+        std::memcpy(words.data(), LockResource(LoadResource(nullptr, resource)), words.size() * sizeof(std::uint16_t));
+        for (const std::string& complaint : lintTemplate("dialog " + std::to_string(id), words, popup_)) {
+            complain(complaint);
+        }
+    }
+
+    void testChecks() {
+        for (const Fault& fault : kFaults) {
+            testWith(fault);
+        }
+    }
+
+    void testWith(const Fault& fault) {
+        TemplateBuilder dialog(TemplateBuilder::Form::Classic, 0, 120, 90, "");
+        for (std::size_t i = 0; i < std::size(kSound); ++i) {
+            const Item& item = i == fault.index ? fault.item : kSound[i];
+            dialog.add(item.windowClass, item.id, item.caption, item.style, item.x, item.y, item.width, item.height);
+        }
+        const std::vector<std::string> found = lintTemplate("test", dialog.words(), popup_);
+        if (!fault.complaint) {
+            for (const std::string& complaint : found) {
+                complain("Wrongly found: " + complaint);
+            }
+        } else if (std::find(found.begin(), found.end(), std::string("test: ") + fault.complaint) == found.end()) {
+            complain(std::string("Not found: ") + fault.complaint);
+        }
+    }
+
+    HWND popup_;
+    int complaints_ = 0;
+};
+
+}  // namespace
+
+int main() {
+#ifndef _WIN32
+    TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
+#endif
+    const bool sound = Program().run();
+    return sound ? 0 : 1;
+}
