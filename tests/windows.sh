@@ -10,6 +10,7 @@ if step "build, 64-bit Windows" build_preset win64; then
     step "exports and imports, 64 bit" tests/dll_interface.sh win64
     if step "Wine" start_wine; then
         step "scenarios under Wine" play_under_wine
+        step "fields left under Wine" wine build/win64/bin/tavrikleaving.exe
         step "dialog templates under Wine" wine build/win64/bin/tavriktemplates.exe
         step "conformance of the window layer" tests/conformance/compare.sh
         step "random user, native against Wine" tests/random/compare.sh "$seeds"
