@@ -304,6 +304,10 @@ private:
             m_input.Press(*automation::ParseKey(step.key));
         } else if (step.place == &kCloseBox) {
             PostMessageA(m_sheet, WM_SYSCOMMAND, SC_CLOSE, 0);
+        } else if (step.place == &kCancelLetGo) {
+            HWND button = SpotOf(kCancel).window;
+            m_input.Add([button] { PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4)); });
+            m_input.Add([button] { PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(4, -20)); });
         } else if (step.place == &kOtherWindow) {
             m_other.Show();
         } else if (step.place == &kOtherProgram) {

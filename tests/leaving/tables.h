@@ -59,6 +59,7 @@ inline constexpr Place kOwnTab{"a click on its own tab"};
 inline constexpr Place kOtherTab{"a click on another tab"};
 inline constexpr Place kOk{"a click on OK", nullptr, IDOK};
 inline constexpr Place kCancel{"a click on Cancel", nullptr, IDCANCEL};
+inline constexpr Place kCancelLetGo{"a press on Cancel let go beside it"};
 inline constexpr Place kCloseBox{"the close box"};
 inline constexpr Place kOtherWindow{"another window of the program"};
 inline constexpr Place kOtherProgram{"another program"};
@@ -111,6 +112,7 @@ inline const std::vector<Way> kWays = {
 #endif
     {{kOk}, Goes::Accepts},
     {{"ENTER"}, Goes::Accepts},
+    {{kCancelLetGo, kOk}, Goes::Accepts},
     {{kCancel}, Goes::Cancels},
     {{"ESC"}, Goes::Cancels},
     {{kCloseBox}, Goes::Cancels},
