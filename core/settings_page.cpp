@@ -46,7 +46,7 @@ ON_WM_DRAWITEM()
 END_MESSAGE_MAP()
 
 CSettingsPage::CSettingsPage(UINT templateId, const PageRows& rows)
-    : CPropertyPage(templateId), m_rows(rows), m_changed(rows.texts.size()) {}
+    : CPropertyPage(templateId), m_rows(rows), m_textStates(rows.texts.size()) {}
 
 int CSettingsPage::LoadSettings(const CMdb* store) {
     for (const TextRow& row : m_rows.texts) {
@@ -65,6 +65,7 @@ int CSettingsPage::LoadSettings(const CMdb* store) {
 // The window's object is used again when a sheet runs again.
 void CSettingsPage::PreSubclassWindow() {
     m_leaveCheck.Begin();
+    std::fill(m_textStates.begin(), m_textStates.end(), TextState{});
     CPropertyPage::PreSubclassWindow();
 }
 
@@ -110,9 +111,23 @@ BOOL CSettingsPage::OnSetActive() {
 // have been refused already by the same press; and what the field's handler has just refused is not to be prompted for
 // again by the transfer that would follow here.
 BOOL CSettingsPage::OnKillActive() {
-    const BOOL mayLeave = !IsRefused() && m_leaveCheck.MayLeave() && !IsRefused();
+    const BOOL mayLeave = !IsRefused() && m_leaveCheck.MayLeave() && !IsRefused() && CheckUncheckedFields();
     m_nRefusedInput = 0;
     return mayLeave && CPropertyPage::OnKillActive();
+}
+
+// A user who goes to the button that cancels, and then presses OK after all, means what the field shows.
+BOOL CSettingsPage::CheckUncheckedFields() {
+    for (const TextRow& row : m_rows.texts) {
+        if (!StateOf(row).m_bUnchecked) {
+            continue;
+        }
+        ::SetFocus(HandleOf(row.control));
+        if (!m_leaveCheck.MayLeave() || IsRefused()) {
+            return FALSE;
+        }
+    }
+    return TRUE;
 }
 
 BOOL CSettingsPage::OnApply() {
@@ -174,10 +189,6 @@ BOOL CSettingsPage::BeginClick(ReadOnlyClick readOnlyClick) {
     return ReadMembers();
 }
 
-int& CSettingsPage::ChangedFlag(const TextRow& row) {
-    return m_changed[static_cast<size_t>(&row - m_rows.texts.data())];
-}
-
 void CSettingsPage::OnTextChange(UINT control) {
     if (const TextRow* row = FindRow(m_rows.texts, control)) {
         PickAsTyping(*row);
@@ -193,8 +204,12 @@ void CSettingsPage::OnTextKillFocus(UINT control) {
 // The changed flag stays set after a commit: from the first change on the field is committed whenever it is left.
 void CSettingsPage::CommitText(const TextRow& row) {
     CWnd* field = GetDlgItem(static_cast<int>(row.control));
-    if (m_leaveCheck.IsCancelPending() == 0 && ChangedFlag(row) != 0) {
-        CheckAndRecord(row, *field);
+    TextState& state = StateOf(row);
+    if (state.m_bChanged != 0) {
+        state.m_bUnchecked = m_leaveCheck.IsCancelPending() != 0;
+        if (!state.m_bUnchecked) {
+            CheckAndRecord(row, *field);
+        }
     }
     m_leaveCheck.m_pLastEditControl = field;
 }
@@ -222,7 +237,7 @@ void CSettingsPage::CheckAndRecord(const TextRow& row, CWnd& field) {
 
 void CSettingsPage::PickAsTyping(const TextRow& row) {
     SetModifiedByUser();
-    ChangedFlag(row) = m_bModifyAllowed;
+    StateOf(row).m_bChanged = m_bModifyAllowed;
 }
 
 void CSettingsPage::PickShownText(const TextRow& row) {

@@ -98,13 +98,20 @@ protected:
 
 private:
     HWND HandleOf(UINT control) const { return ::GetDlgItem(m_hWnd, static_cast<int>(control)); }
-    int& ChangedFlag(const TextRow& row);
+    struct TextState {
+        // The user has changed the field.
+        int m_bChanged = 0;
+        // It was left unchecked since: the user was about to cancel, or another field was being checked.
+        bool m_bUnchecked = false;
+    };
+
+    TextState& StateOf(const TextRow& row) { return m_textStates[static_cast<size_t>(&row - m_rows.texts.data())]; }
     void CheckAndRecord(const TextRow& row, CWnd& field);
+    BOOL CheckUncheckedFields();
     BOOL IsRefused() const;
 
     const PageRows& m_rows;
-    // By text row: the user has changed the field.
-    std::vector<int> m_changed;
+    std::vector<TextState> m_textStates;
     COpenedList m_openedList;
     // The input of the sheet on which a field was refused; 0 for none.
     unsigned m_nRefusedInput = 0;

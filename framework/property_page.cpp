@@ -22,16 +22,13 @@ UINT CALLBACK AfxPropPageCallback(HWND, UINT message, PROPSHEETPAGEA* page) {
     return TRUE;
 }
 
-CPropertyPage::CPropertyPage(UINT templateId, UINT captionId) : CDialog(templateId), m_psp() {
+CPropertyPage::CPropertyPage(UINT templateId) : CDialog(templateId), m_psp() {
     m_psp.dwSize = sizeof m_psp;
     m_psp.dwFlags = PSP_USECALLBACK;
     m_psp.pszTemplate = MAKEINTRESOURCEA(templateId);
     m_psp.pfnDlgProc = AfxDlgProc;
     m_psp.lParam = reinterpret_cast<LPARAM>(this);
     m_psp.pfnCallback = AfxPropPageCallback;
-    if (captionId != 0 && m_strCaption.LoadString(captionId)) {
-        m_psp.dwFlags |= PSP_USETITLE;
-    }
 }
 
 BOOL CPropertyPage::OnSetActive() {

@@ -9,8 +9,8 @@ class CPropertyPage : public CDialog {
     DECLARE_MESSAGE_MAP()
 
 public:
-    // The tab's caption is the template's unless a string resource is named.
-    explicit CPropertyPage(UINT templateId, UINT captionId = 0);
+    // The tab's caption is the template's.
+    explicit CPropertyPage(UINT templateId);
 
     PROPSHEETPAGEA m_psp;
 
@@ -41,7 +41,6 @@ private:
     friend class CPropertySheet;
     friend UINT CALLBACK AfxPropPageCallback(HWND, UINT, PROPSHEETPAGEA*);
 
-    CString m_strCaption;
     // The window has not been activated yet.
     bool m_firstSetActive = true;
 };
