@@ -4,7 +4,6 @@
 
 #include "platform/controls/control_base.h"
 #include "platform/window/builtin_classes.h"
-#include "platform/window/window.h"
 
 namespace platform {
 namespace {

@@ -1,4 +1,5 @@
-// Activation: which top-level window is the active one. The order of the messages is that of the real system.
+// Activation: which top-level window is the active one, and the focus that a program gives together with it. The order
+// of the messages is that of the real system.
 #include "platform/window/activation.h"
 
 #include "platform/window/focus.h"
@@ -70,6 +71,20 @@ void settleFocus(HWND top) {
     if (!focusTop || focusTop->handle != top) {
         moveFocus(top);
     }
+}
+
+// The top-level window to activate with the focus, null when the window cannot have it: a window that is disabled, or
+// lies in one that is, does not get it; a hidden one does.
+Window* focusableTop(Window& window) {
+    for (Window* up = &window; up->parent; up = up->parent) {
+        if (up->has(WS_DISABLED)) {
+            return nullptr;
+        }
+        if (isTopLevel(*up)) {
+            return up;
+        }
+    }
+    return nullptr;
 }
 
 bool isOwnedBy(const Window& owner, const Window& window) {
@@ -169,6 +184,13 @@ void dropActivationOf(const Window& window) {
     }
 }
 
+void showTopLevel(Window& window, bool visible) {
+    showOnDisplay(window, visible);
+    if (visible && g_active == window.handle) {
+        focusOnDisplay(window);
+    }
+}
+
 void raiseTopLevel(Window& window) {
     if (isInFront(window)) {
         return;
@@ -202,6 +224,36 @@ HWND SetActiveWindow(HWND window) {
         return previous;
     }
     return platform::activate(window, platform::ActivationCause::Program) ? previous : nullptr;
+}
+
+HWND SetFocus(HWND window) {
+    const HWND previous = platform::focusWindow();
+    if (previous == window) {
+        return previous;
+    }
+    if (!window) {
+        if (!platform::callCbtHooks(HCBT_SETFOCUS, nullptr, reinterpret_cast<LPARAM>(previous))) {
+            platform::moveFocus(nullptr);
+        }
+        return previous;
+    }
+    platform::Window* found = platform::requireWindow(window);
+    const platform::Window* top = found ? platform::focusableTop(*found) : nullptr;
+    if (!top) {
+        return nullptr;
+    }
+    const HWND topHandle = top->handle;
+    if (platform::callCbtHooks(HCBT_SETFOCUS, window, reinterpret_cast<LPARAM>(previous))) {
+        return nullptr;
+    }
+    if (topHandle != platform::activeWindow() && !platform::activate(topHandle, platform::ActivationCause::Focus)) {
+        return nullptr;
+    }
+    if (!platform::isAlive(window)) {
+        return nullptr;
+    }
+    platform::moveFocus(window);
+    return previous;
 }
 
 HWND GetLastActivePopup(HWND window) {

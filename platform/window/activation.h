@@ -17,6 +17,9 @@ void activateOther(const Window& leaving);
 // Forgets a window that is gone.
 void dropActivationOf(const Window& window);
 
+// Shows or hides the top-level window on the display. The active one gets the server's focus as it is shown: a dialog
+// is active before, when its first control gets the focus.
+void showTopLevel(Window& window, bool visible);
 // Brings the top-level window with its owners and owned windows to the front.
 void raiseTopLevel(Window& window);
 

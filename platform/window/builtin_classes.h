@@ -1,6 +1,8 @@
-// The window classes that the system itself offers. Each control room registers its own; the window room calls
-// them once, before the first window is created. The controls are written against the window API alone.
+// What the window room and the system's own window classes know of each other beside the window API. Each control room
+// registers its classes; the window room calls them once, before the first window is created.
 #pragma once
+
+#include <windows.h>
 
 namespace platform {
 
@@ -11,5 +13,8 @@ void registerEditClass();       // "Edit"
 void registerListBoxClasses();  // "ListBox" and the drop-down list "ComboLBox"
 void registerComboBoxClass();   // "ComboBox"
 void registerTabClass();        // "SysTabControl32"
+
+// Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
+void setStyleQuietly(HWND window, DWORD style);
 
 }  // namespace platform

@@ -3,7 +3,6 @@
 #include "platform/window/caret.h"
 
 #include "platform/window/display_choice.h"
-#include "platform/window/painting.h"
 
 #include <algorithm>
 

@@ -5,9 +5,9 @@
 #include "platform/window/input_queue.h"
 #include "platform/window/message_queue.h"
 #include "platform/window/mouse.h"
-#include "platform/window/painting.h"
 #include "platform/window/position.h"
 #include "platform/window/top_level.h"
+#include "platform/window/update_region.h"
 #include "platform/window/window.h"
 
 #include <algorithm>

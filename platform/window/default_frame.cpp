@@ -2,7 +2,6 @@
 // the window manager's business.
 #include "platform/window/default_frame.h"
 
-#include "platform/window/painting.h"
 #include "platform/window/position.h"
 #include "platform/window/window.h"
 

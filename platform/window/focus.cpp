@@ -1,8 +1,5 @@
-// The keyboard focus. A window that is disabled, or lies in one that is, does not get it; a hidden one does.
+// The window with the keyboard focus and the messages when it changes.
 #include "platform/window/focus.h"
-
-#include "platform/window/activation.h"
-#include "platform/window/hooks.h"
 
 #include <utility>
 
@@ -10,19 +7,6 @@ namespace platform {
 namespace {
 
 HWND g_focus = nullptr;
-
-// The top-level window to activate with the focus, null when the window cannot have it.
-Window* focusableTop(Window& window) {
-    for (Window* up = &window; up->parent; up = up->parent) {
-        if (up->has(WS_DISABLED)) {
-            return nullptr;
-        }
-        if (isTopLevel(*up)) {
-            return up;
-        }
-    }
-    return nullptr;
-}
 
 }  // namespace
 
@@ -57,34 +41,4 @@ void dropFocusOf(const Window& window) {
 
 HWND GetFocus(void) {
     return platform::focusWindow();
-}
-
-HWND SetFocus(HWND window) {
-    const HWND previous = platform::focusWindow();
-    if (previous == window) {
-        return previous;
-    }
-    if (!window) {
-        if (!platform::callCbtHooks(HCBT_SETFOCUS, nullptr, reinterpret_cast<LPARAM>(previous))) {
-            platform::moveFocus(nullptr);
-        }
-        return previous;
-    }
-    platform::Window* found = platform::requireWindow(window);
-    const platform::Window* top = found ? platform::focusableTop(*found) : nullptr;
-    if (!top) {
-        return nullptr;
-    }
-    const HWND topHandle = top->handle;
-    if (platform::callCbtHooks(HCBT_SETFOCUS, window, reinterpret_cast<LPARAM>(previous))) {
-        return nullptr;
-    }
-    if (topHandle != platform::activeWindow() && !platform::activate(topHandle, platform::ActivationCause::Focus)) {
-        return nullptr;
-    }
-    if (!platform::isAlive(window)) {
-        return nullptr;
-    }
-    platform::moveFocus(window);
-    return previous;
 }

@@ -4,6 +4,7 @@
 
 #include "platform/window/activation.h"
 #include "platform/window/display_choice.h"
+#include "platform/window/input_event.h"
 #include "platform/window/keyboard.h"
 #include "platform/window/mouse.h"
 #include "platform/window/position.h"
@@ -95,7 +96,6 @@ public:
         std::erase_if(events_, [top](const InputEvent& event) { return top && event.top == top; });
         std::erase_if(server_, [top](const ServerEvent& event) { return event.top == top; });
     }
-    POINT pointer() const { return pointer_; }
 
 private:
     InputEvent makeMouse(HWND top, InputEvent::Kind kind, POINT at, DWORD timeMs) {
@@ -129,26 +129,7 @@ private:
     std::deque<ServerEvent> server_;
     unsigned modifiers_ = 0;
     bool modifiersKnown_ = false;
-    POINT pointer_{};
 };
-
-// A request for the focus that the server has not answered yet. Reports about other windows are older than it, but
-// a server need not answer, so they are believed again after a while.
-struct FocusRequest {
-    HWND top = nullptr;
-    DWORD time = 0;
-};
-constexpr DWORD kFocusAnswerMs = 500;
-FocusRequest g_focusRequest;
-
-bool isOutdated(const ServerEvent& event) {
-    const bool waiting = g_focusRequest.top && GetTickCount() - g_focusRequest.time < kFocusAnswerMs;
-    if (waiting && (event.top != g_focusRequest.top || event.kind == ServerEvent::Kind::FocusOut)) {
-        return true;
-    }
-    g_focusRequest.top = nullptr;
-    return false;
-}
 
 InputQueue& input() {
     static InputQueue only;
@@ -186,7 +167,8 @@ bool InputQueue::take(MSG& message, const MessageFilter& filter, bool remove) {
         }
         // The messages that go along with a click may run a loop of their own, so the event leaves the queue first.
         const InputEvent event = events_[index];
-        const POINT oldPointer = std::exchange(pointer_, event.at);
+        const POINT oldPointer = lastPointerPosition();
+        setLastPointerPosition(event.at);
         if (remove) {
             events_.erase(events_.begin() + static_cast<std::ptrdiff_t>(index));
         }
@@ -195,7 +177,7 @@ bool InputQueue::take(MSG& message, const MessageFilter& filter, bool remove) {
             return true;
         }
         if (outcome == MouseOutcome::Filtered) {
-            pointer_ = oldPointer;
+            setLastPointerPosition(oldPointer);
             if (remove) {
                 events_.insert(events_.begin() + static_cast<std::ptrdiff_t>(index), event);
             }
@@ -227,12 +209,12 @@ void onServerFocus(HWND handle) {
 void carryOut(const ServerEvent& event) {
     switch (event.kind) {
         case ServerEvent::Kind::FocusIn:
-            if (!isOutdated(event)) {
+            if (!isFocusReportOutdated(event.top, true)) {
                 onServerFocus(event.top);
             }
             break;
         case ServerEvent::Kind::FocusOut:
-            if (!isOutdated(event) && activeWindow() == event.top) {
+            if (!isFocusReportOutdated(event.top, false) && activeWindow() == event.top) {
                 activate(nullptr, ActivationCause::Server);
             }
             break;
@@ -262,14 +244,6 @@ void pumpDisplay(int timeoutMs) {
 
 bool takeInput(MSG& message, const MessageFilter& filter, bool remove) {
     return input().take(message, filter, remove);
-}
-
-POINT lastPointerPosition() {
-    return input().pointer();
-}
-
-void expectServerFocus(HWND top) {
-    g_focusRequest = {top, GetTickCount()};
 }
 
 void dropInputOf(HWND top) {

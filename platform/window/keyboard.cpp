@@ -2,6 +2,7 @@
 #include "platform/window/keyboard.h"
 
 #include "platform/window/activation.h"
+#include "platform/window/message_queue.h"
 #include "platform/window/window.h"
 
 #include <cstring>

@@ -1,7 +1,7 @@
 // Keyboard state and key messages.
 #pragma once
 
-#include "platform/window/input_queue.h"
+#include "platform/window/input_event.h"
 
 namespace platform {
 

@@ -6,8 +6,8 @@
 #include "platform/window/input_queue.h"
 #include "platform/window/keyboard.h"
 #include "platform/window/message_queue.h"
-#include "platform/window/painting.h"
 #include "platform/window/top_level.h"
+#include "platform/window/update_region.h"
 #include "platform/window/window.h"
 
 namespace platform {

@@ -1,7 +1,6 @@
 // Posted messages in their order. There is one queue; messages posted from another thread are refused.
 #include "platform/window/message_queue.h"
 
-#include "platform/window/input_queue.h"
 #include "platform/window/window.h"
 
 namespace platform {
@@ -69,6 +68,7 @@ struct Queue {
     bool quit = false;
     int exitCode = 0;
     DWORD thread = 0;
+    POINT pointer{};
 };
 
 Queue& queue() {
@@ -100,6 +100,14 @@ bool MessageFilter::acceptsWindow(HWND handle) const {
     const Window* asked = findWindow(window);
     const Window* owner = findWindow(handle);
     return asked && owner && isDescendant(*asked, *owner);
+}
+
+POINT lastPointerPosition() {
+    return queue().pointer;
+}
+
+void setLastPointerPosition(POINT at) {
+    queue().pointer = at;
 }
 
 bool takePosted(MSG& message, const MessageFilter& filter, bool remove) {

@@ -24,6 +24,10 @@ struct MessageFilter {
     bool accepts(HWND handle, UINT message) const { return acceptsMessage(message) && acceptsWindow(handle); }
 };
 
+// Screen position of the last mouse event that was taken; each message carries it.
+POINT lastPointerPosition();
+void setLastPointerPosition(POINT at);
+
 bool takePosted(MSG& message, const MessageFilter& filter, bool remove);
 // The quit request, which is seen when no posted message is left.
 bool takeQuit(MSG& message, bool remove);

@@ -1,7 +1,8 @@
 // Mouse messages: which window gets them, capture, clicks that activate.
 #pragma once
 
-#include "platform/window/input_queue.h"
+#include "platform/window/input_event.h"
+#include "platform/window/message_queue.h"
 #include "platform/window/window.h"
 
 namespace platform {

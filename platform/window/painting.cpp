@@ -4,6 +4,7 @@
 #include "platform/graphics/window_dc.h"
 #include "platform/window/caret.h"
 #include "platform/window/top_level.h"
+#include "platform/window/update_region.h"
 
 namespace platform {
 namespace {
@@ -78,8 +79,7 @@ Region updateOnSurface(const Window& window) {
     return region;
 }
 
-}  // namespace
-
+// The part of the window (with `wholeWindow` the borders too) that is seen, in coordinates of the surface.
 Region visibleRegion(const Window& window, bool wholeWindow) {
     const Window* top = &window;
     while (top->parent && !isTopLevel(*top)) {
@@ -103,6 +103,7 @@ Region visibleRegion(const Window& window, bool wholeWindow) {
     return region;
 }
 
+// A device context for the window, limited to `clip` where it is given. Closed by closeWindowDc.
 HDC openDc(Window& window, bool wholeWindow, const Region* clip) {
     Region region = visibleRegion(window, wholeWindow);
     if (clip) {
@@ -115,9 +116,11 @@ HDC openDc(Window& window, bool wholeWindow, const Region* clip) {
     return openWindowDc(window.handle, drawable ? &surfaceOf(*top) : nullptr, origin, region);
 }
 
+}  // namespace
+
 void eraseNow(HWND handle, bool withChildren) {
     Window* window = findWindow(handle);
-    if (!window || !isShown(*window) || !hasPaint()) {
+    if (!window || !isShown(*window) || !hasPending()) {
         return;
     }
     if (!window->paint.update.isEmpty() && !waitsForParent(*window)) {

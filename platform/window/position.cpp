@@ -6,6 +6,7 @@
 #include "platform/window/caret.h"
 #include "platform/window/painting.h"
 #include "platform/window/top_level.h"
+#include "platform/window/update_region.h"
 
 namespace platform {
 namespace {
@@ -189,7 +190,7 @@ void showChange(Window& window, const WINDOWPOS& pos) {
         placeOnDisplay(window);
     }
     if (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) {
-        showOnDisplay(window, window.has(WS_VISIBLE));
+        showTopLevel(window, window.has(WS_VISIBLE));
     }
 }
 

@@ -1,6 +1,5 @@
 // Showing, hiding, enabling.
 #include "platform/window/activation.h"
-#include "platform/window/painting.h"
 #include "platform/window/window.h"
 
 namespace platform {

@@ -17,6 +17,7 @@ set(ROOM_SOURCES
   mouse.cpp
   painting.cpp
   position.cpp
+  redraw.cpp
   show_window.cpp
   system_metrics.cpp
   timers.cpp

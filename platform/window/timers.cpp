@@ -1,6 +1,5 @@
 // Timers of programs. A timer that has run out gives one WM_TIMER when nothing else waits, however late it is asked
 // for.
-#include "platform/window/input_queue.h"
 #include "platform/window/message_queue.h"
 #include "platform/window/window.h"
 

@@ -2,9 +2,7 @@
 // drop-down lists above all, cost nothing there.
 #include "platform/window/top_level.h"
 
-#include "platform/window/activation.h"
 #include "platform/window/display_choice.h"
-#include "platform/window/input_queue.h"
 
 #include <algorithm>
 
@@ -36,6 +34,15 @@ void createOnDisplay(Window& top) {
     top.top.onDisplay = true;
 }
 
+// A request for the focus that the server has not answered yet. Reports about other windows are older than it, but
+// a server need not answer, so they are believed again after a while.
+struct FocusRequest {
+    HWND top = nullptr;
+    DWORD time = 0;
+};
+constexpr DWORD kFocusAnswerMs = 500;
+FocusRequest g_focusRequest;
+
 }  // namespace
 
 bool isPopupKind(const Window& top) {
@@ -57,10 +64,6 @@ void showOnDisplay(Window& top, bool visible) {
         createOnDisplay(top);
     }
     display().show(top.handle, visible);
-    // A dialog is active before it is shown, when its first control gets the focus.
-    if (visible && activeWindow() == top.handle) {
-        focusOnDisplay(top);
-    }
 }
 
 void placeOnDisplay(Window& top) {
@@ -97,10 +100,19 @@ void focusOnDisplay(const Window& top) {
         return;
     }
     // What the display still reports about other windows is out of date, also while this one is yet to be shown.
-    expectServerFocus(top.handle);
+    g_focusRequest = {top.handle, GetTickCount()};
     if (top.top.onDisplay) {
         display().focus(top.handle);
     }
+}
+
+bool isFocusReportOutdated(HWND top, bool gained) {
+    const bool waiting = g_focusRequest.top && GetTickCount() - g_focusRequest.time < kFocusAnswerMs;
+    if (waiting && (top != g_focusRequest.top || !gained)) {
+        return true;
+    }
+    g_focusRequest.top = nullptr;
+    return false;
 }
 
 void removeFromDisplay(Window& top) {

@@ -14,6 +14,8 @@ void titleOnDisplay(const Window& top);
 void raiseOnDisplay(const Window& top);
 void topmostOnDisplay(const Window& top, bool topmost);
 void focusOnDisplay(const Window& top);
+// Whether the server said that the window gained or lost the focus before it saw the last focusOnDisplay.
+bool isFocusReportOutdated(HWND top, bool gained);
 void removeFromDisplay(Window& top);
 // Whether the window system treats it as a drop-down list: without frame, and never focused by the server.
 bool isPopupKind(const Window& top);

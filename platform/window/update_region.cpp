@@ -1,7 +1,5 @@
-// What is invalid: invalidation, validation, and the order in which it is painted.
-#include "platform/window/input_queue.h"
-#include "platform/window/painting.h"
-#include "platform/window/top_level.h"
+// What is invalid: invalidation, validation, and which window a WM_PAINT is due for.
+#include "platform/window/update_region.h"
 
 namespace platform {
 namespace {
@@ -66,30 +64,6 @@ void invalidateTree(Window& window, const RECT& rect, UINT flags) {
     }
 }
 
-void validateTree(Window& window, const RECT* rect, UINT flags) {
-    const bool before = window.paint.isPending();
-    if (rect) {
-        window.paint.update.subtract(*rect);
-    } else {
-        window.paint = PaintState{};
-    }
-    if (window.paint.update.isEmpty()) {
-        window.paint.erase = window.paint.frame = false;
-    }
-    countPending(before, window.paint.isPending());
-    if (!reachesChildren(window, flags)) {
-        return;
-    }
-    for (Window* child = window.firstChild; child; child = child->next) {
-        RECT part;
-        if (!rect) {
-            validateTree(*child, nullptr, flags);
-        } else if (partOfChild(window, *child, *rect, part)) {
-            validateTree(*child, &part, flags);
-        }
-    }
-}
-
 // The first window of the tree, parents first, that has something to paint and that the filter accepts.
 Window* findPending(Window& window, const MessageFilter& filter) {
     if (!window.has(WS_VISIBLE)) {
@@ -106,25 +80,6 @@ Window* findPending(Window& window, const MessageFilter& filter) {
     return nullptr;
 }
 
-void paintTree(HWND handle, bool withChildren) {
-    Window* window = findWindow(handle);
-    if (!window || !window->has(WS_VISIBLE) || g_pending == 0) {
-        return;
-    }
-    if (window->paint.isPending()) {
-        window->paint.internal = false;
-        countPending(true, window->paint.isPending());
-        SendMessageA(handle, WM_PAINT, 0, 0);
-        window = findWindow(handle);
-    }
-    if (!window || !withChildren || g_pending == 0) {
-        return;
-    }
-    for (const HWND child : childHandles(*window)) {
-        paintTree(child, true);
-    }
-}
-
 }  // namespace
 
 void invalidate(Window& window, const RECT* rect, UINT flags) {
@@ -132,6 +87,30 @@ void invalidate(Window& window, const RECT* rect, UINT flags) {
         return;
     }
     invalidateTree(window, rect ? *rect : wholeRect(window), flags);
+}
+
+void validate(Window& window, const RECT* rect, UINT flags) {
+    const bool before = window.paint.isPending();
+    if (rect) {
+        window.paint.update.subtract(*rect);
+    } else {
+        window.paint = PaintState{};
+    }
+    if (window.paint.update.isEmpty()) {
+        window.paint.erase = window.paint.frame = false;
+    }
+    countPending(before, window.paint.isPending());
+    if (!reachesChildren(window, flags)) {
+        return;
+    }
+    for (Window* child = window.firstChild; child; child = child->next) {
+        RECT part;
+        if (!rect) {
+            validate(*child, nullptr, flags);
+        } else if (partOfChild(window, *child, *rect, part)) {
+            validate(*child, &part, flags);
+        }
+    }
 }
 
 void exposeBehind(Window& parent, const RECT& rect) {
@@ -145,6 +124,16 @@ void clearPaint(Window& window) {
     window.paint = PaintState{};
 }
 
+void clearInternalPaint(Window& window) {
+    const bool before = window.paint.isPending();
+    window.paint.internal = false;
+    countPending(before, window.paint.isPending());
+}
+
+bool hasPending() {
+    return g_pending > 0;
+}
+
 bool takePaint(MSG& message, const MessageFilter& filter) {
     if (g_pending == 0 || !filter.acceptsMessage(WM_PAINT)) {
         return false;
@@ -153,93 +142,9 @@ bool takePaint(MSG& message, const MessageFilter& filter) {
     if (!window) {
         return false;
     }
-    if (window->paint.internal) {
-        window->paint.internal = false;
-        countPending(true, window->paint.isPending());
-    }
+    clearInternalPaint(*window);
     message = MSG{window->handle, WM_PAINT, 0, 0, GetTickCount(), lastPointerPosition()};
     return true;
 }
 
-bool hasPaint() {
-    return g_pending > 0 && findPending(desktop(), MessageFilter{});
-}
-
-void updateNow(HWND handle, bool withChildren) {
-    Window* window = findWindow(handle);
-    if (!window || g_pending == 0 || !isShown(*window)) {
-        return;
-    }
-    // A parent that draws below its children has to do so before them.
-    HWND first = handle;
-    for (const Window* up = window->parent; up && up->parent; up = up->parent) {
-        if (up->paint.isPending() && !up->has(WS_CLIPCHILDREN)) {
-            first = up->handle;
-        }
-    }
-    if (first != handle) {
-        paintTree(first, false);
-    }
-    paintTree(handle, withChildren);
-    presentAll();
-}
-
 }  // namespace platform
-
-BOOL InvalidateRect(HWND window, LPCRECT rect, BOOL erase) {
-    return RedrawWindow(window, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
-}
-
-BOOL ValidateRect(HWND window, LPCRECT rect) {
-    return RedrawWindow(window, rect, nullptr, RDW_VALIDATE | RDW_NOCHILDREN);
-}
-
-BOOL UpdateWindow(HWND window) {
-    return RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-}
-
-// Regions cannot be created in this system, so there is never one to respect.
-BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN, UINT flags) {
-    platform::Window* found = window ? platform::requireWindow(window) : &platform::desktop();
-    if (!found) {
-        return FALSE;
-    }
-    RECT part{};
-    if (rect) {
-        part = *rect;
-        OffsetRect(&part, found->client.left - found->rect.left, found->client.top - found->rect.top);
-    }
-    if (flags & (RDW_INVALIDATE | RDW_INTERNALPAINT)) {
-        platform::invalidate(*found, rect ? &part : nullptr, flags);
-    } else if (flags & RDW_VALIDATE) {
-        platform::validateTree(*found, rect ? &part : nullptr, flags);
-    }
-    if ((flags & RDW_NOERASE) && !(flags & RDW_ERASE)) {
-        found->paint.erase = false;
-    }
-    const HWND handle = found->handle;
-    if (flags & RDW_ERASENOW) {
-        platform::eraseNow(handle, !(flags & RDW_NOCHILDREN));
-    }
-    if (flags & RDW_UPDATENOW) {
-        platform::updateNow(handle, !(flags & RDW_NOCHILDREN));
-    }
-    return TRUE;
-}
-
-BOOL GetUpdateRect(HWND window, LPRECT rect, BOOL erase) {
-    const platform::Window* found = platform::requireWindow(window);
-    if (!found) {
-        return FALSE;
-    }
-    RECT bounds = found->paint.update.bounds();
-    OffsetRect(&bounds, found->rect.left - found->client.left, found->rect.top - found->client.top);
-    const bool invalid = !found->paint.update.isEmpty();
-    if (rect) {
-        *rect = invalid ? bounds : RECT{};
-    }
-    if (erase && invalid) {
-        platform::eraseNow(window, false);
-    }
-    return invalid ? TRUE : FALSE;
-}

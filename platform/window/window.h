@@ -95,8 +95,6 @@ bool isDescendant(const Window& ancestor, const Window& window);
 // Visible itself and so are all its ancestors.
 bool isShown(const Window& window);
 bool isAlive(HWND handle);
-// Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
-void setStyleQuietly(HWND handle, DWORD style);
 
 // Screen coordinates of the upper left corner of the window, and of its client area.
 POINT windowOrigin(const Window& window);

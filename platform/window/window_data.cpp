@@ -1,5 +1,6 @@
 // What is stored with a window: styles, identifier, procedure, extra bytes.
-#include "platform/window/top_level.h"
+#include "platform/window/activation.h"
+#include "platform/window/builtin_classes.h"
 #include "platform/window/window.h"
 
 #include <cstring>
@@ -44,7 +45,7 @@ DWORD changeStyle(HWND handle, int index, DWORD value) {
         const bool shown = isShown(*window);
         window->style = styles.styleNew;
         if (shown != isShown(*window) && isTopLevel(*window)) {
-            showOnDisplay(*window, !shown);
+            showTopLevel(*window, !shown);
         }
     } else {
         const auto topmost = static_cast<DWORD>(WS_EX_TOPMOST);  // Changed by SetWindowPos alone.
@@ -57,6 +58,13 @@ DWORD changeStyle(HWND handle, int index, DWORD value) {
 }
 
 }  // namespace
+
+void setStyleQuietly(HWND handle, DWORD style) {
+    if (Window* window = findWindow(handle)) {
+        window->style = style;
+    }
+}
+
 }  // namespace platform
 
 using platform::requireWindow;

@@ -180,12 +180,6 @@ bool isShown(const Window& window) {
     return !up;
 }
 
-void setStyleQuietly(HWND handle, DWORD style) {
-    if (Window* window = findWindow(handle)) {
-        window->style = style;
-    }
-}
-
 bool isAlive(HWND handle) {
     return findWindow(handle) != nullptr;
 }
