@@ -1,7 +1,6 @@
-// Bitmaps: making them, from nothing or from device-independent bits, and reading them back.
+// Bitmaps: making them, from nothing, device-independent bits or a resource, and reading them back.
 #include "platform/graphics/device_context.h"
 #include "platform/graphics/dib.h"
-#include "platform/graphics/window_dc.h"
 
 #include <windows.h>
 
@@ -76,6 +75,11 @@ HBITMAP CreateCompatibleBitmap(HDC handle, int width, int height) {
         return static_cast<HBITMAP>(defaultBitmap().handle);
     }
     return static_cast<HBITMAP>(adoptObject(makeBitmap(width, height)));
+}
+
+HBITMAP LoadBitmapA(HINSTANCE instance, LPCSTR name) {
+    const HRSRC resource = FindResourceA(instance, name, RT_BITMAP);
+    return bitmapFromPackedDib(LockResource(LoadResource(instance, resource)), SizeofResource(instance, resource));
 }
 
 int GetDIBits(HDC handle, HBITMAP bitmapHandle, UINT firstLine, UINT lines, LPVOID bits, LPBITMAPINFO info,

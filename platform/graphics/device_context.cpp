@@ -1,5 +1,6 @@
 #include "platform/graphics/device_context.h"
 
+#include "platform/graphics/stock_objects.h"
 #include "platform/graphics/window_dc.h"
 
 #include <utility>

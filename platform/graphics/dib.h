@@ -34,4 +34,8 @@ using DibPalette = std::array<Pixel, 256>;  // Unused entries are black.
 DibPalette dibPalette(const DibFormat& format, const BYTE* colourTable);
 std::unique_ptr<Bitmap> readDib(const DibFormat& format, const DibPalette& palette, const BYTE* bits);
 
+// A bitmap made from a packed device-independent bitmap as it stands in a resource (header, colour table, bits);
+// null when the data are not a bitmap of 1, 4, 8, 24 or 32 bits a pixel that fits into `size` bytes.
+HBITMAP bitmapFromPackedDib(const void* data, std::size_t size);
+
 }  // namespace platform

@@ -1,5 +1,6 @@
 // Filling, framing and inverting rectangles, and single pixels.
 #include "platform/graphics/painting.h"
+#include "platform/graphics/system_colours.h"
 
 #include <windows.h>
 

@@ -1,10 +1,6 @@
 // The handle table, and creating, describing and deleting objects.
 #include "platform/graphics/gdi_objects.h"
 
-#include "platform/graphics/device_context.h"
-#include "platform/graphics/system_colours.h"
-#include "platform/graphics/window_dc.h"
-
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -34,33 +30,6 @@ HandleTable& handles() {
 
 HGDIOBJ handleOf(std::size_t index, WORD generation) {
     return reinterpret_cast<HGDIOBJ>((static_cast<ULONG_PTR>(generation) << 16) | index);
-}
-
-template <class Object>
-struct StockEntry {
-    int index;
-    Object* object;
-};
-
-HGDIOBJ stockHandle(int index) {
-    static const auto brush = [](Pixel colour, bool hollow = false) -> GdiObject* {
-        return &makePermanent(std::make_unique<Brush>(colour, hollow));
-    };
-    static const auto pen = [](int style, Pixel colour) -> GdiObject* {
-        return &makePermanent(std::make_unique<Pen>(style, 1, colour));
-    };
-    static const StockEntry<GdiObject> kStock[] = {
-        {WHITE_BRUSH, brush(kWhite)},       {LTGRAY_BRUSH, brush(0x00C0C0C0)}, {GRAY_BRUSH, brush(0x00808080)},
-        {BLACK_BRUSH, brush(kBlack)},       {NULL_BRUSH, brush(kBlack, true)}, {WHITE_PEN, pen(PS_SOLID, kWhite)},
-        {BLACK_PEN, pen(PS_SOLID, kBlack)}, {NULL_PEN, pen(PS_NULL, kBlack)},  {SYSTEM_FONT, &defaultFont()},
-        {DEFAULT_GUI_FONT, &defaultFont()},
-    };
-    for (const auto& entry : kStock) {
-        if (entry.index == index) {
-            return entry.object->handle;
-        }
-    }
-    return nullptr;
 }
 
 // Copies as much of a description as the caller has room for.
@@ -150,30 +119,6 @@ void release(GdiObject& object) {
     }
 }
 
-const Brush* brushFromHandle(HBRUSH handle) {
-    const auto value = reinterpret_cast<ULONG_PTR>(handle);
-    if (value != 0 && value <= kSystemColourCount) {
-        return findObject<Brush>(GetSysColorBrush(static_cast<int>(value) - 1));
-    }
-    return findObject<Brush>(handle);
-}
-
-Pen& defaultPen() {
-    static Pen& pen = *findObject<Pen>(stockHandle(BLACK_PEN));
-    return pen;
-}
-
-Brush& defaultBrush() {
-    static Brush& brush = *findObject<Brush>(stockHandle(WHITE_BRUSH));
-    return brush;
-}
-
-Font& defaultFont() {
-    constexpr int kDialogPointSize = 8;
-    static Font& font = *findObject<Font>(dialogFont(kDialogPointSize));
-    return font;
-}
-
 Bitmap& defaultBitmap() {
     static Bitmap& bitmap = makePermanent(std::make_unique<Bitmap>(1, 1));
     return bitmap;
@@ -190,10 +135,6 @@ std::unique_ptr<Bitmap> makeBitmap(int width, int height) {
 }  // namespace platform
 
 using namespace platform;
-
-HGDIOBJ GetStockObject(int index) {
-    return stockHandle(index);
-}
 
 HBRUSH CreateSolidBrush(COLORREF colour) {
     return static_cast<HBRUSH>(adoptObject(std::make_unique<Brush>(pixelOf(colour))));

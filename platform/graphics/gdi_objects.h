@@ -94,12 +94,6 @@ T& makePermanent(std::unique_ptr<T> object) {
     return *object.release();
 }
 
-// A brush as FillRect takes it: a handle, or a system colour's index plus 1. Null for neither.
-const Brush* brushFromHandle(HBRUSH handle);
-
-Pen& defaultPen();
-Brush& defaultBrush();
-Font& defaultFont();
 // What a new memory context draws into: one black pixel.
 Bitmap& defaultBitmap();
 

@@ -1,7 +1,5 @@
 #include "platform/graphics/system_colours.h"
 
-#include "platform/graphics/gdi_objects.h"
-
 #include <array>
 
 namespace platform {
@@ -43,6 +41,14 @@ constexpr std::array<Pixel, kSystemColourCount> kSystemColours = {
 
 Pixel systemPixel(int index) {
     return index >= 0 && index < kSystemColourCount ? kSystemColours[static_cast<std::size_t>(index)] : kBlack;
+}
+
+const Brush* brushFromHandle(HBRUSH handle) {
+    const auto value = reinterpret_cast<ULONG_PTR>(handle);
+    if (value != 0 && value <= kSystemColourCount) {
+        return findObject<Brush>(GetSysColorBrush(static_cast<int>(value) - 1));
+    }
+    return findObject<Brush>(handle);
 }
 
 }  // namespace platform

@@ -17,8 +17,4 @@ void closeWindowDc(HDC dc);
 // Owned by the graphics room; DeleteObject on it does nothing.
 HFONT dialogFont(int pointSize);
 
-// A bitmap made from a packed device-independent bitmap as it stands in a resource (header, colour table, bits);
-// null when the data are not a bitmap of 1, 4, 8, 24 or 32 bits a pixel that fits into `size` bytes.
-HBITMAP bitmapFromPackedDib(const void* data, std::size_t size);
-
 }  // namespace platform

@@ -1,17 +1,15 @@
-// The modules of the process and the resources that they registered.
-
-#include "platform/resources/module.h"
+// The modules of the process and the compiled resources that they registered: read in place from the image that each
+// module carries.
 
 #include "platform/include/tavrikdisplay.h"
 #include "platform/resources/code_page.h"
 #include "platform/resources/loaded_modules.h"
 #include "platform/resources/resource_index.h"
 
-#include "platform/graphics/window_dc.h"
-
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace platform {
@@ -67,12 +65,6 @@ std::string stringOfBlock(std::span<const std::byte> block, unsigned number) {
 }
 
 }  // namespace
-
-std::span<const std::byte> findResource(HMODULE module, LPCSTR name, LPCSTR type) {
-    const ResourceEntry* entry = findEntry(module, name, type);
-    return entry != nullptr ? entry->data : std::span<const std::byte>{};
-}
-
 }  // namespace platform
 
 using namespace platform;
@@ -166,13 +158,4 @@ int LoadStringA(HINSTANCE instance, UINT id, LPSTR text, int size) {
     std::memcpy(text, found.data(), copied);
     text[copied] = '\0';
     return static_cast<int>(copied);
-}
-
-HBITMAP LoadBitmapA(HINSTANCE instance, LPCSTR name) {
-    const HRSRC resource = FindResourceA(instance, name, RT_BITMAP);
-    if (resource == nullptr) {
-        return nullptr;
-    }
-    const auto data = reinterpret_cast<const ResourceEntry*>(resource)->data;
-    return bitmapFromPackedDib(data.data(), data.size());
 }

@@ -1,6 +1,8 @@
 // Device-independent bitmaps: reading every depth, refusing what is malformed, writing back.
 #include "canvas.h"
 
+#include "platform/graphics/dib.h"
+
 #include <cstring>
 
 namespace {
