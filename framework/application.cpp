@@ -7,7 +7,8 @@
 #include <new>
 #include <string>
 
-#include "framework/window.h"
+#include "framework/cstring.h"
+#include "framework/safe_owner.h"
 
 IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
 
@@ -59,8 +60,8 @@ int ShowMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
         fullType |= buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? MB_ICONQUESTION : MB_ICONEXCLAMATION;
     }
     HWND topLevel = nullptr;
-    CWnd* owner = CWnd::GetSafeOwner(nullptr, &topLevel);
-    const int result = MessageBoxA(AfxSafeHandle(owner), prompt, caption, fullType);
+    const HWND owner = AfxGetSafeOwner(nullptr, &topLevel);
+    const int result = MessageBoxA(owner, prompt, caption, fullType);
     if (topLevel != nullptr) {
         EnableWindow(topLevel, TRUE);
     }
@@ -83,12 +84,6 @@ LPCSTR AfxGetAppName() {
     }
     static const std::string title = ModuleTitle(AfxGetInstanceHandle());
     return title.c_str();
-}
-
-CWnd* AfxGetMainWnd() {
-    CWinApp* application = AfxGetApp();
-    return application != nullptr && application->m_pMainWnd != nullptr ? application->m_pMainWnd
-                                                                        : CWnd::GetActiveWindow();
 }
 
 int AfxMessageBox(LPCSTR text, UINT type) {

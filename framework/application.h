@@ -1,11 +1,10 @@
 // The application object of a module, and the message boxes whose caption is its name.
-// Deliberately missing: starting up and running a program; the module is a library that a host calls.
+// Deliberately missing: starting up and running a program, and a main window; the module is a library that a host
+// calls.
 #pragma once
 
 #include "framework/command_target.h"
 #include "framework/module_state.h"
-
-class CWnd;
 
 class CWinApp : public CCmdTarget {
     DECLARE_DYNAMIC(CWinApp)
@@ -18,10 +17,8 @@ public:
     // Owned, allocated with malloc, never null; whoever replaces it frees the old one and allocates alike.
     char* m_pszAppName;
     HINSTANCE m_hInstance;
-    // Not owned; null in a library, whose main window is then the active window of the host's thread.
-    CWnd* m_pMainWnd = nullptr;
 
-    // Shows a message box owned by the front window of the main window's group. Without an icon in the type a
+    // Shows a message box owned by the front window of the active window's group. Without an icon in the type a
     // question gets the question mark and anything else the exclamation mark.
     virtual int DoMessageBox(LPCSTR prompt, UINT type);
 };
@@ -30,8 +27,6 @@ public:
 CWinApp* AfxGetApp();
 // Its name; that of the module's file when there is no application object.
 LPCSTR AfxGetAppName();
-// The application's main window, else the active window; null when there is neither.
-CWnd* AfxGetMainWnd();
 
 int AfxMessageBox(LPCSTR text, UINT type = MB_OK);
 // The text is a string resource; an empty box is shown when it is missing.

@@ -31,6 +31,11 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* ha
     return TRUE;
 }
 
+AfxRoutingState& AfxGetRoutingState() {
+    static AfxRoutingState state;
+    return state;
+}
+
 const AFX_MSGMAP_ENTRY* AfxFindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id) {
     while (map != nullptr) {
         for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->pfnHandler != nullptr; ++entry) {

@@ -105,8 +105,6 @@ BOOL CWnd::UpdateData(BOOL saveAndValidate) {
     return FALSE;
 }
 
-void CWnd::DoDataExchange(CDataExchange*) {}
-
 HWND CDataExchange::PrepareCtrl(int id) {
     m_hWndLastControl = ::GetDlgItem(m_pDlgWnd->m_hWnd, id);
     m_bEditLastControl = FALSE;

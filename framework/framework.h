@@ -15,3 +15,4 @@
 #include "framework/property_sheet.h"
 #include "framework/runtime_class.h"
 #include "framework/window.h"
+#include "framework/window_contexts.h"

@@ -6,14 +6,11 @@
 
 #include "framework/message_routing.h"
 #include "framework/module_state.h"
-#include "framework/window.h"
 
 IMPLEMENT_DYNAMIC(CGdiObject, CObject)
 IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
 IMPLEMENT_DYNAMIC(CBrush, CGdiObject)
 IMPLEMENT_DYNAMIC(CDC, CObject)
-IMPLEMENT_DYNAMIC(CClientDC, CDC)
-IMPLEMENT_DYNAMIC(CPaintDC, CDC)
 
 namespace {
 
@@ -175,21 +172,4 @@ COLORREF CDC::SetBkColor(COLORREF color) {
 }
 int CDC::SetBkMode(int mode) {
     return ::SetBkMode(m_hDC, mode);
-}
-
-CClientDC::CClientDC(CWnd* window) : m_window(AfxSafeHandle(window)) {
-    m_hDC = ::GetDC(m_window);
-}
-
-CClientDC::~CClientDC() {
-    ::ReleaseDC(m_window, Detach());
-}
-
-CPaintDC::CPaintDC(CWnd* window) : m_ps(), m_window(window->m_hWnd) {
-    m_hDC = ::BeginPaint(m_window, &m_ps);
-}
-
-CPaintDC::~CPaintDC() {
-    Detach();
-    ::EndPaint(m_window, &m_ps);
 }

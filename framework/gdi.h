@@ -7,7 +7,6 @@
 #include "framework/runtime_class.h"
 
 class CDC;
-class CWnd;
 
 // A drawing object; deleted with its owner.
 class CGdiObject : public CObject {
@@ -88,33 +87,6 @@ public:
     COLORREF SetTextColor(COLORREF color);
     COLORREF SetBkColor(COLORREF color);
     int SetBkMode(int mode);
-};
-
-// The context of a window's client area for a scope.
-class CClientDC : public CDC {
-    DECLARE_DYNAMIC(CClientDC)
-
-public:
-    // A null window stands for the screen.
-    explicit CClientDC(CWnd* window);
-    ~CClientDC() override;
-
-private:
-    HWND m_window;
-};
-
-// The context of a window's invalid area while it handles a paint message.
-class CPaintDC : public CDC {
-    DECLARE_DYNAMIC(CPaintDC)
-
-public:
-    explicit CPaintDC(CWnd* window);
-    ~CPaintDC() override;
-
-    PAINTSTRUCT m_ps;
-
-private:
-    HWND m_window;
 };
 
 // An object selected into a context for a scope; the former one is put back at its end.

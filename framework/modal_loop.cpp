@@ -1,10 +1,6 @@
-// Modal loops: pumping messages until a window ends its loop, and the owner that is disabled meanwhile.
+// Modal loops: pumping messages until a window ends its loop.
 
-#include <utility>
-
-#include "framework/application.h"
 #include "framework/message_routing.h"
-#include "framework/modal_owner.h"
 #include "framework/window.h"
 
 namespace {
@@ -105,61 +101,4 @@ void CWnd::EndModalLoop(int result) {
 
 BOOL CWnd::PreTranslateMessage(MSG*) {
     return FALSE;
-}
-
-CWnd* CWnd::GetSafeOwner(CWnd* parent, HWND* topLevel) {
-    HWND owner = AfxSafeHandle(parent != nullptr ? parent : AfxGetMainWnd());
-    while (owner != nullptr && IsChildWindow(owner)) {
-        owner = ::GetParent(owner);
-    }
-    HWND top = owner;
-    for (HWND above = owner; above != nullptr; above = ::GetParent(above)) {
-        top = above;
-    }
-    if (parent == nullptr && owner != nullptr) {
-        owner = ::GetLastActivePopup(owner);
-    }
-    if (topLevel != nullptr) {
-        const bool disable = top != nullptr && top != owner && ::IsWindowEnabled(top);
-        *topLevel = disable ? top : nullptr;
-        if (disable) {
-            ::EnableWindow(top, FALSE);
-        }
-    }
-    return FromHandle(owner);
-}
-
-AfxModalOwner::AfxModalOwner(CWnd* parent) : m_owner(AfxSafeHandle(CWnd::GetSafeOwner(parent, &m_topLevel))) {
-    if (m_owner == ::GetDesktopWindow()) {
-        m_owner = nullptr;
-    }
-    m_ownerDisabled = m_owner != nullptr && ::IsWindowEnabled(m_owner);
-    if (m_ownerDisabled) {
-        ::EnableWindow(m_owner, FALSE);
-    }
-}
-
-void AfxModalOwner::EnableOwner() {
-    if (std::exchange(m_ownerDisabled, false)) {
-        ::EnableWindow(m_owner, TRUE);
-    }
-    if (m_topLevel != nullptr) {
-        ::EnableWindow(std::exchange(m_topLevel, nullptr), TRUE);
-    }
-}
-
-void AfxModalOwner::CloseModal(CWnd& modal) {
-    if (modal.m_hWnd == nullptr) {
-        return;
-    }
-    HWND& closing = AfxGetRoutingState().closingWindow;
-    const HWND former = std::exchange(closing, modal.m_hWnd);
-    const bool handOver = m_ownerDisabled && ::GetActiveWindow() == modal.m_hWnd;
-    // Before the window goes, since the system would otherwise pass the activation to some other window.
-    EnableOwner();
-    if (handOver) {
-        ::SetActiveWindow(m_owner);
-    }
-    modal.DestroyWindow();
-    closing = former;
 }

@@ -4,7 +4,6 @@
 
 #include "framework/exception.h"
 #include "framework/message_routing.h"
-#include "framework/property_sheet.h"
 
 IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
 
@@ -72,8 +71,8 @@ BOOL CPropertyPage::PreTranslateMessage(MSG*) {
 }
 
 void CPropertyPage::EndDialog(int result) {
-    if (CPropertySheet* sheet = DYNAMIC_DOWNCAST(CPropertySheet, GetParent())) {
-        sheet->EndDialog(result);
+    if (CWnd* sheet = GetParent()) {
+        sheet->EndModalLoop(result);
     }
 }
 

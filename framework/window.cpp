@@ -61,11 +61,6 @@ LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace
 
-AfxRoutingState& AfxGetRoutingState() {
-    static AfxRoutingState state;
-    return state;
-}
-
 void AfxHookWindowCreate(CWnd* object) {
     AfxRoutingState& state = AfxGetRoutingState();
     state.creating = object;
@@ -155,6 +150,8 @@ HWND CWnd::UnsubclassWindow() {
 BOOL CWnd::DestroyWindow() {
     return m_hWnd != nullptr && ::DestroyWindow(m_hWnd);
 }
+
+void CWnd::DoDataExchange(CDataExchange*) {}
 
 void CWnd::PreSubclassWindow() {}
 

@@ -42,11 +42,6 @@ public:
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
     virtual void DoDataExchange(CDataExchange* exchange);
 
-    // The window that a modal window of this parent must have as its owner, the parent's top-level window or, for no
-    // parent, the front popup of the main window. *topLevel, if asked for, gets a further window that was disabled for
-    // the time and is to be enabled afterwards, or null.
-    static CWnd* GetSafeOwner(CWnd* parent = nullptr, HWND* topLevel = nullptr);
-
     // Runs messages until EndModalLoop, or until ContinueModal says no; returns what EndModalLoop was given, -1 after a
     // quit message. With MLF_SHOWONIDLE a hidden window is shown when the queue is first empty.
     int RunModalLoop(DWORD flags = 0);
