@@ -15,15 +15,8 @@ constexpr std::array<char16_t, 32> kOwnCharacters = {0x20AC, 0x0081, 0x201A, 0x0
                                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 constexpr char32_t kMalformed = 0xFFFFFFFF;
-
-void appendByte(std::string& text, char32_t character, Unmapped unmapped) {
-    const int byte = byteOfCharacter(character);
-    if (byte >= 0) {
-        text += static_cast<char>(byte);
-    } else if (unmapped == Unmapped::QuestionMark) {
-        text += '?';
-    }
-}
+constexpr char16_t kReplacement = 0xFFFD;
+constexpr char32_t kFirstPair = 0x10000;
 
 // Number of bytes that follow a leading byte in UTF-8; -1 when the byte leads nothing.
 int followingBytes(unsigned char lead) {
@@ -36,34 +29,50 @@ int followingBytes(unsigned char lead) {
     return lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
 }
 
-// Reads one character and moves `at` behind it; behind a malformed sequence's first byte only.
+// The second byte of three or four shows that a shorter sequence would do, or that there is no such character. `begun`
+// holds the bits of the first two.
+bool isHopeless(char32_t begun, int following) {
+    if (following == 2) {
+        return begun < 0x800 >> 6 || (begun >= 0xD800 >> 6 && begun < 0xE000 >> 6);
+    }
+    return following == 3 && (begun < 0x10000 >> 12 || begun >= 0x110000 >> 12);
+}
+
+// Reads one character and moves `at` behind it; of a malformed sequence, behind what could have been a character.
 char32_t nextCharacter(std::string_view text, std::size_t& at) {
     const auto lead = static_cast<unsigned char>(text[at++]);
     const int following = followingBytes(lead);
     if (following <= 0) {
         return following == 0 ? lead : kMalformed;
     }
-    const auto count = static_cast<std::size_t>(following);
-    if (text.size() - at < count) {
-        return kMalformed;
-    }
     char32_t character = lead & (0x3FU >> following);
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto byte = static_cast<unsigned char>(text[at + i]);
+    for (int i = 0; i < following; ++i) {
+        const auto byte = at < text.size() ? static_cast<unsigned char>(text[at]) : '\0';
         if ((byte & 0xC0U) != 0x80) {
             return kMalformed;
         }
+        ++at;
         character = (character << 6) | (byte & 0x3FU);
+        if (i == 0 && isHopeless(character, following)) {
+            return kMalformed;
+        }
     }
-    constexpr std::array<char32_t, 4> kSmallest = {0, 0x80, 0x800, 0x10000};
-    if (character < kSmallest[count]) {
-        return kMalformed;
-    }
-    at += count;
     return character;
 }
 
-bool isSurrogate(char32_t unit, char32_t first) {
+void appendUtf8(std::string& utf8, char32_t character) {
+    if (character < 0x80) {
+        utf8 += static_cast<char>(character);
+        return;
+    }
+    const int following = character < 0x800 ? 1 : character < kFirstPair ? 2 : 3;
+    utf8 += static_cast<char>((0xF0U << (3 - following)) | (character >> (6 * following)));
+    for (int i = following - 1; i >= 0; --i) {
+        utf8 += static_cast<char>(0x80U | ((character >> (6 * i)) & 0x3FU));
+    }
+}
+
+bool isHalf(char16_t unit, char16_t first) {
     return unit >= first && unit < first + 0x400;
 }
 
@@ -85,13 +94,13 @@ int byteOfCharacter(char32_t character) {
 std::string utf16ToCodePage(std::u16string_view text, Unmapped unmapped) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        // Both halves of a pair are one character, and none of those is in the code page.
-        const bool pair = isSurrogate(text[at], 0xD800) && at + 1 < text.size() && isSurrogate(text[at + 1], 0xDC00);
-        if (pair) {
-            ++at;
+    for (const char16_t unit : text) {
+        const int byte = byteOfCharacter(unit);
+        if (byte >= 0) {
+            bytes += static_cast<char>(byte);
+        } else if (unmapped == Unmapped::QuestionMark) {
+            bytes += '?';
         }
-        appendByte(bytes, text[at], unmapped);
     }
     return bytes;
 }
@@ -105,33 +114,48 @@ std::u16string codePageToUtf16(std::string_view text) {
     return units;
 }
 
-std::string utf8ToCodePage(std::string_view text, Unmapped unmapped) {
-    std::string bytes;
-    bytes.reserve(text.size());
+bool utf8ToUtf16(std::string_view text, std::u16string& units) {
+    bool wellFormed = true;
+    units.clear();
+    units.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        appendByte(bytes, nextCharacter(text, at), unmapped);
+        const char32_t character = nextCharacter(text, at);
+        if (character == kMalformed) {
+            wellFormed = false;
+            units += kReplacement;
+        } else if (character < kFirstPair) {
+            units += static_cast<char16_t>(character);
+        } else {
+            units += static_cast<char16_t>(0xD800 + ((character - kFirstPair) >> 10));
+            units += static_cast<char16_t>(0xDC00 + ((character - kFirstPair) & 0x3FF));
+        }
     }
-    return bytes;
+    return wellFormed;
+}
+
+std::string utf16ToUtf8(std::u16string_view text) {
+    std::string utf8;
+    utf8.reserve(text.size() * 2);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at];
+        if (isHalf(unit, 0xD800) && at + 1 < text.size() && isHalf(text[at + 1], 0xDC00)) {
+            ++at;
+            appendUtf8(utf8, kFirstPair + ((unit - 0xD800U) << 10) + (text[at] - 0xDC00U));
+        } else {
+            appendUtf8(utf8, isHalf(unit, 0xD800) || isHalf(unit, 0xDC00) ? kReplacement : unit);
+        }
+    }
+    return utf8;
+}
+
+std::string utf8ToCodePage(std::string_view text, Unmapped unmapped) {
+    std::u16string units;
+    utf8ToUtf16(text, units);
+    return utf16ToCodePage(units, unmapped);
 }
 
 std::string codePageToUtf8(std::string_view text) {
-    std::string utf8;
-    utf8.reserve(text.size() * 2);
-    for (const char byte : text) {
-        const char32_t character = characterOfByte(static_cast<unsigned char>(byte));
-        if (character < 0x80) {
-            utf8 += static_cast<char>(character);
-            continue;
-        }
-        if (character < 0x800) {
-            utf8 += static_cast<char>(0xC0U | (character >> 6));
-        } else {
-            utf8 += static_cast<char>(0xE0U | (character >> 12));
-            utf8 += static_cast<char>(0x80U | ((character >> 6) & 0x3FU));
-        }
-        utf8 += static_cast<char>(0x80U | (character & 0x3FU));
-    }
-    return utf8;
+    return utf16ToUtf8(codePageToUtf16(text));
 }
 
 char codePageUpper(char byte) {

@@ -8,17 +8,20 @@
 
 namespace platform {
 
-// What becomes of a character outside the code page.
-enum class Unmapped { Drop, QuestionMark };
-
 // The character of a byte.
 char32_t characterOfByte(unsigned char byte);
 // The byte of a character, or -1 when the code page has none.
 int byteOfCharacter(char32_t character);
 
+// What becomes of a unit of UTF-16 that the code page has no byte for. A character of two units is two of them.
+enum class Unmapped { Drop, QuestionMark };
+
 std::string utf16ToCodePage(std::u16string_view text, Unmapped unmapped);
 std::u16string codePageToUtf16(std::string_view text);
-// Malformed sequences count as characters outside the code page, one for each byte that begins none.
+// False when the text is not well-formed throughout; U+FFFD stands for what is not.
+bool utf8ToUtf16(std::string_view text, std::u16string& units);
+// U+FFFD stands for half a pair.
+std::string utf16ToUtf8(std::u16string_view text);
 std::string utf8ToCodePage(std::string_view text, Unmapped unmapped);
 std::string codePageToUtf8(std::string_view text);
 

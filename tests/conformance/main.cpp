@@ -18,8 +18,9 @@ struct Section {
 };
 
 constexpr Section kSections[] = {
-    {"windows", traceWindows}, {"system", traceSystem}, {"buttons", traceButtons}, {"tabs", traceTabs},
-    {"edits", traceEdits},     {"combos", traceCombos}, {"dialogs", traceDialogs}, {"sheets", traceSheets},
+    {"windows", traceWindows}, {"system", traceSystem}, {"buttons", traceButtons},
+    {"tabs", traceTabs},       {"edits", traceEdits},   {"combos", traceCombos},
+    {"dialogs", traceDialogs}, {"sheets", traceSheets}, {"texts", traceTexts},
 };
 
 }  // namespace

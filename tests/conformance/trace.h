@@ -110,3 +110,4 @@ void traceEdits(Trace& trace);
 void traceCombos(Trace& trace);
 void traceDialogs(Trace& trace);
 void traceSheets(Trace& trace);
+void traceTexts(Trace& trace);

@@ -1,4 +1,4 @@
-// Modules and resources, clipboard, memory, time and system figures.
+// Modules and resources, texts, clipboard, memory, time and system figures.
 #pragma once
 
 #include "tavrikwin/types.h"
@@ -24,6 +24,9 @@
 #define CF_TEXT 1
 #define GMEM_MOVEABLE 0x0002
 #define SPI_GETWORKAREA 0x0030
+#define CP_UTF8 65001
+#define MB_ERR_INVALID_CHARS 0x08
+#define WC_NO_BEST_FIT_CHARS 0x0400
 #define ERROR_SUCCESS 0
 #define ERROR_INSUFFICIENT_BUFFER 122
 #define ERROR_MOD_NOT_FOUND 126
@@ -43,6 +46,11 @@ HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 LPVOID LockResource(HGLOBAL data);
 DWORD SizeofResource(HMODULE module, HRSRC resource);
 int LoadStringA(HINSTANCE instance, UINT id, LPSTR text, int size);
+
+// Texts of code page 1252 and of UTF-8.
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR units, int room);
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LPSTR bytes, int room, LPCSTR fallback,
+                        BOOL* usedFallback);
 
 // Clipboard.
 BOOL OpenClipboard(HWND owner);
