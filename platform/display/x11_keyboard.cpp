@@ -109,8 +109,8 @@ int X11Keyboard::virtualKeyOf(XKeyEvent& event, KeySym symbol) const {
     if (IsKeypadKey(symbol)) {
         return virtualKeyOfSymbol(symbol);
     }
-    const unsigned group = XkbGroupForCoreState(event.state);
-    for (const unsigned level : {0U, 1U}) {
+    const int group = static_cast<int>(XkbGroupForCoreState(event.state));
+    for (const int level : {0, 1}) {
         const KeySym plain = XkbKeycodeToKeysym(display_, static_cast<KeyCode>(event.keycode), group, level);
         if (const int key = virtualKeyOfSymbol(plain)) {
             return key;
