@@ -2,6 +2,7 @@
 
 run_ctest() { ctest --test-dir "build/$1" --output-on-failure -j 2 --timeout 120; }
 
+step "who includes whom" tests/rooms.sh
 if step "build, native" build_preset native; then
     step "tests, native" run_ctest native
     step "one visible symbol" tests/visible_symbols.sh build/native/bin/libtavrikconfig.so
