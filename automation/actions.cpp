@@ -50,7 +50,7 @@ void SelectAll(HWND control) {
     }
 }
 
-size_t FindEntry(HWND combo, const Argument& entry, const std::string& text) {
+size_t FindEntry(const Stage& stage, HWND combo, const Argument& entry) {
     const std::vector<std::string> entries = ComboEntries(combo);
     if (entry.kind == Argument::Kind::Word) {
         size_t index = entries.size();
@@ -60,13 +60,15 @@ size_t FindEntry(HWND combo, const Argument& entry, const std::string& text) {
         }
         return index;
     }
-    const auto found = std::find(entries.begin(), entries.end(), text);
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const std::string& each) {
+        return each == ExpandLike(stage, entry.text, each);
+    });
     if (found == entries.end()) {
         std::string all;
         for (const std::string& each : entries) {
             all += (all.empty() ? "" : " ") + Quote(each);
         }
-        FailExpectation("an entry " + Quote(text), all.empty() ? "an empty list" : all);
+        FailExpectation("an entry " + Quote(ExpandText(stage, entry.text)), all.empty() ? "an empty list" : all);
     }
     return static_cast<size_t>(found - entries.begin());
 }
@@ -81,7 +83,7 @@ COMBOBOXINFO InfoOf(HWND combo) {
 }
 
 void ClickListEntry(InputQueue& input, HWND combo, HWND list, size_t index) {
-    if (SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) == 0) {
+    if (OpenListOf(combo) != list) {
         FailExpectation("the list of control " + std::to_string(GetDlgCtrlID(combo)) + " to open", "it closed");
     }
     RECT entry{};
@@ -165,9 +167,10 @@ void AddTabClick(InputQueue& input, HWND tabControl, int index) {
 void ClickTab(Stage& stage, const Command& command) {
     HWND tabs = TabsOf(stage);
     const std::vector<std::string> captions = TabCaptions(tabs);
-    const auto found = std::find(captions.begin(), captions.end(), command.arguments[0].text);
+    const std::string caption = ExpandText(stage, command.arguments[0].text);
+    const auto found = std::find(captions.begin(), captions.end(), caption);
     if (found == captions.end()) {
-        FailExpectation("a tab " + Quote(command.arguments[0].text), "none");
+        FailExpectation("a tab " + Quote(caption), "none");
     }
     AddTabClick(stage.input, tabs, static_cast<int>(found - captions.begin()));
 }
@@ -204,9 +207,9 @@ void PressKey(Stage& stage, const Command& command) {
 
 void Select(Stage& stage, const Command& command) {
     HWND combo = UsableControl(stage, command.arguments[0]);
-    const size_t index = FindEntry(combo, command.arguments[1], ExpandText(stage, command.arguments[1].text));
+    const size_t index = FindEntry(stage, combo, command.arguments[1]);
     const COMBOBOXINFO info = InfoOf(combo);
-    if (SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) == 0) {
+    if (OpenListOf(combo) == nullptr) {
         stage.input.Click(
             combo, {(info.rcButton.left + info.rcButton.right) / 2, (info.rcButton.top + info.rcButton.bottom) / 2});
     }
@@ -215,9 +218,12 @@ void Select(Stage& stage, const Command& command) {
 }
 
 void Answer(Stage& stage, const Command& command) {
-    const std::string caption = ExpandText(stage, command.arguments[0].text);
-    const std::string text = ExpandText(stage, command.arguments[1].text);
     const std::optional<MessageBoxText> box = ReadMessageBox(stage.front);
+    const auto expand = [&](size_t i, const std::string& got) {
+        return ExpandLike(stage, command.arguments[i].text, got);
+    };
+    const std::string caption = expand(0, box ? box->caption : "");
+    const std::string text = expand(1, box ? box->text : "");
     const std::string expected = "message box " + Quote(caption) + " " + Quote(text);
     if (!box) {
         FailExpectation(expected, "none");

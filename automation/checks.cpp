@@ -23,16 +23,13 @@ std::string QuoteAll(const std::vector<std::string>& texts) {
     return all.empty() ? "nothing" : all;
 }
 
-std::vector<std::string> ExpandAll(const Stage& stage, const std::vector<Argument>& arguments, size_t first) {
-    std::vector<std::string> texts;
-    for (size_t i = first; i < arguments.size(); ++i) {
-        texts.push_back(ExpandText(stage, arguments[i].text));
-    }
-    return texts;
-}
-
-void ExpectEqualTexts(const std::string& what, const std::vector<std::string>& expected,
+// Compares the command's arguments from that one on with what was seen.
+void ExpectEqualTexts(const Stage& stage, const std::string& what, const Command& command, size_t first,
                       const std::vector<std::string>& got) {
+    std::vector<std::string> expected;
+    for (size_t i = first; i < command.arguments.size(); ++i) {
+        expected.push_back(ExpandLike(stage, command.arguments[i].text, i - first < got.size() ? got[i - first] : ""));
+    }
     if (expected != got) {
         FailExpectation(what + " " + QuoteAll(expected), QuoteAll(got));
     }
@@ -54,8 +51,19 @@ void ExpectState(const Stage& stage, const Command& command, bool expected, bool
     }
 }
 
-bool IsChecked(HWND control) {
-    return SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+void ExpectCheck(const Stage& stage, const Command& command, LRESULT expected) {
+    const Argument& id = command.arguments[0];
+    HWND control = ControlOf(stage, id);
+    if (!HoldsCheck(control)) {
+        FailExpectation("control " + id.text + " to be a check box or radio button", "class " + ClassOf(control));
+    }
+    const auto describe = [](LRESULT state) {
+        return state == BST_CHECKED ? "checked" : state == BST_UNCHECKED ? "unchecked" : "undetermined";
+    };
+    const LRESULT got = SendMessageA(control, BM_GETCHECK, 0, 0);
+    if (got != expected) {
+        FailExpectation("control " + id.text + " " + describe(expected), describe(got));
+    }
 }
 
 bool IsEnabled(HWND control) {
@@ -91,17 +99,16 @@ void ExpectComboBox(HWND control, const Argument& id) {
 }  // namespace
 
 void ExpectText(Stage& stage, const Command& command) {
-    const std::string expected = ExpandText(stage, command.arguments[1].text);
-    const std::string got = TextOf(ControlOf(stage, command.arguments[0]));
-    ExpectEqualTexts("text of " + command.arguments[0].text, {expected}, {got});
+    HWND control = ControlOf(stage, command.arguments[0]);
+    ExpectEqualTexts(stage, "text of " + command.arguments[0].text, command, 1, {TextOf(control)});
 }
 
 void ExpectChecked(Stage& stage, const Command& command) {
-    ExpectState(stage, command, true, IsChecked, "checked", "unchecked");
+    ExpectCheck(stage, command, BST_CHECKED);
 }
 
 void ExpectUnchecked(Stage& stage, const Command& command) {
-    ExpectState(stage, command, false, IsChecked, "checked", "unchecked");
+    ExpectCheck(stage, command, BST_UNCHECKED);
 }
 
 void ExpectEnabled(Stage& stage, const Command& command) {
@@ -129,8 +136,7 @@ void ExpectFocus(Stage& stage, const Command& command) {
 void ExpectItems(Stage& stage, const Command& command) {
     HWND combo = ControlOf(stage, command.arguments[0]);
     ExpectComboBox(combo, command.arguments[0]);
-    ExpectEqualTexts("items of " + command.arguments[0].text, ExpandAll(stage, command.arguments, 1),
-                     ComboEntries(combo));
+    ExpectEqualTexts(stage, "items of " + command.arguments[0].text, command, 1, ComboEntries(combo));
 }
 
 void ExpectCount(Stage& stage, const Command& command) {
@@ -148,18 +154,18 @@ void ExpectSelection(Stage& stage, const Command& command) {
 }
 
 void ExpectTabs(Stage& stage, const Command& command) {
-    ExpectEqualTexts("tabs", ExpandAll(stage, command.arguments, 0), TabCaptions(TabsOf(stage)));
+    ExpectEqualTexts(stage, "tabs", command, 0, TabCaptions(TabsOf(stage)));
 }
 
 void ExpectTab(Stage& stage, const Command& command) {
     HWND tabs = TabsOf(stage);
     const std::vector<std::string> captions = TabCaptions(tabs);
     const auto current = static_cast<size_t>(SendMessageA(tabs, TCM_GETCURSEL, 0, 0));
-    ExpectEqualTexts("tab", {command.arguments[0].text}, {current < captions.size() ? captions[current] : ""});
+    ExpectEqualTexts(stage, "tab", command, 0, {current < captions.size() ? captions[current] : ""});
 }
 
 void ExpectCaption(Stage& stage, const Command& command) {
-    ExpectEqualTexts("caption", {ExpandText(stage, command.arguments[0].text)}, {TextOf(stage.front)});
+    ExpectEqualTexts(stage, "caption", command, 0, {TextOf(stage.front)});
 }
 
 void ExpectPixel(Stage& stage, const Command& command) {
@@ -183,8 +189,11 @@ void ExpectPixel(Stage& stage, const Command& command) {
     }
 }
 
-// A box in front has failed any command before it is carried out.
-void ExpectNoBox(Stage& /*stage*/, const Command& /*command*/) {}
+void ExpectNoBox(Stage& stage, const Command& /*command*/) {
+    if (const std::optional<MessageBoxText> box = ReadMessageBox(stage.front)) {
+        FailExpectation("no message box", Quote(box->caption) + " " + Quote(box->text));
+    }
+}
 
 void ExpectResult(Stage& stage, const Command& command) {
     if (!stage.lastResult) {
@@ -197,7 +206,7 @@ void ExpectStore(Stage& stage, const Command& command) {
     const std::optional<std::string> got = stage.store.Find(command.arguments[0].text);
     const Argument& value = command.arguments[1];
     const bool missing = value.kind == Argument::Kind::Word;
-    const std::string expected = ExpandText(stage, value.text);
+    const std::string expected = ExpandLike(stage, value.text, got.value_or(""));
     if (missing ? got.has_value() : got != expected) {
         FailExpectation(command.arguments[0].text + " " + (missing ? "missing" : Quote(expected)),
                         got ? Quote(*got) : "missing");

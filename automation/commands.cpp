@@ -45,7 +45,7 @@ constexpr CommandRow kCommands[] = {
     {"expect tab", "t", When::DuringRun, Kind::Check, ExpectTab},
     {"expect caption", "t", When::DuringRunOrBox, Kind::Check, ExpectCaption},
     {"expect pixel", "nnnnnn", When::DuringRun, Kind::Check, ExpectPixel},
-    {"expect no-box", "", When::DuringRun, Kind::Check, ExpectNoBox},
+    {"expect no-box", "", When::AlwaysOverBox, Kind::Check, ExpectNoBox},
 
     {"result", "n", When::BetweenRuns, Kind::Check, ExpectResult},
     {"store", "kv", When::Always, Kind::Check, ExpectStore},

@@ -11,7 +11,8 @@ enum class When {
     BetweenRuns,     // only while no sheet is open
     DuringRun,       // needs a window in front, which is no message box
     DuringRunOrBox,  // needs a window in front
-    Always,
+    Always,          // a message box is in its way all the same
+    AlwaysOverBox,
 };
 
 enum class Kind {

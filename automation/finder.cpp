@@ -15,6 +15,7 @@ namespace automation {
 namespace {
 
 constexpr const char* kDialogClass = "#32770";
+constexpr const char* kComboBoxClass = "ComboBox";
 constexpr const char* kDropDownListClass = "ComboLBox";
 
 BOOL CALLBACK CollectWindow(HWND window, LPARAM param) {
@@ -30,9 +31,17 @@ std::vector<HWND> VisibleChildren(HWND window) {
     return children;
 }
 
+// The BS_ value of a button's style; nothing for another control.
+std::optional<LONG> ButtonKind(HWND window) {
+    if (ClassOf(window) != "Button") {
+        return std::nullopt;
+    }
+    return GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK;
+}
+
 bool IsPushButton(HWND window) {
-    const LONG kind = GetWindowLongA(window, GWL_STYLE) & 0xF;
-    return ClassOf(window) == "Button" && (kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON);
+    const std::optional<LONG> kind = ButtonKind(window);
+    return kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON;
 }
 
 bool IsStatic(HWND window) {
@@ -94,6 +103,11 @@ bool HasFocus(HWND control) {
     return focus != nullptr && (focus == control || IsChild(control, focus));
 }
 
+bool HoldsCheck(HWND control) {
+    const std::optional<LONG> kind = ButtonKind(control);
+    return kind >= BS_CHECKBOX && kind <= BS_AUTORADIOBUTTON && kind != BS_GROUPBOX;
+}
+
 HWND TabControl(HWND window) {
     if (window == nullptr || ClassOf(window) != kDialogClass) {
         return nullptr;
@@ -145,12 +159,12 @@ std::optional<MessageBoxText> ReadMessageBox(HWND window) {
     const std::vector<HWND> children = VisibleChildren(window);
     const bool onlyItsKinds = std::all_of(children.begin(), children.end(),
                                           [](HWND child) { return IsPushButton(child) || IsStatic(child); });
-    const auto text = std::find_if(children.begin(), children.end(),
-                                   [](HWND child) { return IsStatic(child) && !TextOf(child).empty(); });
-    if (!onlyItsKinds || text == children.end() || MessageBoxButton(window) == nullptr) {
+    if (!onlyItsKinds || MessageBoxButton(window) == nullptr) {
         return std::nullopt;
     }
-    return MessageBoxText{TextOf(window), TextOf(*text)};
+    const auto text = std::find_if(children.begin(), children.end(),
+                                   [](HWND child) { return IsStatic(child) && !TextOf(child).empty(); });
+    return MessageBoxText{TextOf(window), text != children.end() ? TextOf(*text) : ""};
 }
 
 HWND MessageBoxButton(HWND window) {
@@ -162,6 +176,21 @@ HWND MessageBoxButton(HWND window) {
         }
     }
     return nullptr;
+}
+
+HWND OpenListOf(HWND control) {
+    HWND combo = ClassOf(control) == kComboBoxClass ? control : GetParent(control);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    const bool isOpen = combo != nullptr && ClassOf(combo) == kComboBoxClass &&
+                        SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) != 0 &&
+                        SendMessageA(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info)) != 0;
+    return isOpen ? info.hwndList : nullptr;
+}
+
+HWND ListWithMouse() {
+    HWND capture = GetCapture();
+    return capture != nullptr && ClassOf(capture) == kDropDownListClass ? capture : nullptr;
 }
 
 std::vector<std::string> ComboEntries(HWND combo) {

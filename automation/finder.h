@@ -24,6 +24,9 @@ bool CanTakeInput(HWND window);
 // True when the focus is on the control, or inside it.
 bool HasFocus(HWND control);
 
+// True for a check box or radio button.
+bool HoldsCheck(HWND control);
+
 // Whether the window is a property sheet that still runs.
 bool IsSheet(HWND window);
 
@@ -51,6 +54,12 @@ std::optional<MessageBoxText> ReadMessageBox(HWND window);
 
 // The button that accepts a message box.
 HWND MessageBoxButton(HWND window);
+
+// The open list of a combo box, which is given by itself or by a control inside it; null when there is none.
+HWND OpenListOf(HWND control);
+
+// An open drop-down list, which gets whatever the mouse does; null when none is open.
+HWND ListWithMouse();
 
 // The texts of a combo box's list, in order. Entries of an owner-drawn list without texts read as empty.
 std::vector<std::string> ComboEntries(HWND combo);

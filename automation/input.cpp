@@ -1,13 +1,15 @@
-// Input as the messages that a mouse and a keyboard cause. Keys that mean a character are posted as the character
+// Input as the messages that a mouse and a keyboard cause. Most keys that mean a character are posted as the character
 // alone: whether a key gives it depends on the keyboard layout, which a scenario does not know.
 
 #include "automation/input.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
-#include "automation/codepage.h"
 #include "automation/finder.h"
 
 namespace automation {
@@ -18,14 +20,35 @@ constexpr LPARAM kAltBit = 1 << 29;
 constexpr LPARAM kReleasedBits = static_cast<LPARAM>(0xC0000000);
 constexpr BYTE kHeldDown = 0x80;
 
-LPARAM PointParam(POINT point) {
-    return MAKELPARAM(point.x, point.y);
+// Points are given in the client coordinates of `window`.
+void PostButton(HWND target, UINT message, HWND window, POINT point) {
+    if (!CanTakeInput(target)) {
+        return;
+    }
+    MapWindowPoints(window, target, &point, 1);
+    PostMessageA(target, message, message == WM_LBUTTONDOWN ? MK_LBUTTON : 0, MAKELPARAM(point.x, point.y));
+}
+
+// The child that covers the point, or the window itself: in most of a combo box the mouse meets its edit.
+HWND ChildAt(HWND window, POINT point) {
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        RECT place{};
+        GetWindowRect(child, &place);
+        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+        if (IsWindowVisible(child) && PtInRect(&place, point)) {
+            return child;
+        }
+    }
+    return window;
 }
 
 HWND KeyTarget() {
     HWND focus = GetFocus();
     return focus != nullptr ? focus : FrontWindow();
 }
+
+// The characters whose keys every keyboard layout has in the same place.
+constexpr std::pair<char, unsigned> kKeysOfAnyLayout[] = {{' ', VK_SPACE}, {'\n', VK_RETURN}, {'\t', VK_TAB}};
 
 // The modifiers as the windows will see them when they ask for the key state.
 void SetModifiers(const Key& key, BYTE held) {
@@ -85,26 +108,31 @@ void InputQueue::DoNext() {
 }
 
 void InputQueue::Click(HWND window, POINT point) {
-    Add([window, point] {
-        if (CanTakeInput(window)) {
-            PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, PointParam(point));
+    Add([this, window, point] {
+        HWND list = ListWithMouse();
+        if (list == nullptr || list == window) {
+            PostButton(window, WM_LBUTTONDOWN, window, point);
+            return;
+        }
+        // A press beside an open list only closes it: who wants another control then presses once more.
+        const bool isOwnList = OpenListOf(window) == list;
+        PostButton(list, WM_LBUTTONDOWN, window, point);
+        if (!isOwnList) {
+            m_pieces.push_front([window, point] { PostButton(window, WM_LBUTTONDOWN, window, point); });
         }
     });
     // The release belongs to whoever captured the mouse; a box that came up meanwhile has taken it away.
     Add([window, point] {
         HWND capture = GetCapture();
-        HWND target = capture != nullptr ? capture : window;
-        if (!CanTakeInput(target)) {
-            return;
-        }
-        POINT there = point;
-        MapWindowPoints(window, target, &there, 1);
-        PostMessageA(target, WM_LBUTTONUP, 0, PointParam(there));
+        PostButton(capture != nullptr ? capture : window, WM_LBUTTONUP, window, point);
     });
 }
 
 void InputQueue::ClickMiddle(HWND window) {
-    Click(window, MiddleOf(window));
+    POINT point = MiddleOf(window);
+    HWND target = ChildAt(window, point);
+    MapWindowPoints(window, target, &point, 1);
+    Click(target, point);
 }
 
 void InputQueue::Press(const Key& key) {
@@ -118,25 +146,30 @@ void InputQueue::Press(const Key& key) {
 
 void InputQueue::Type(const std::string& text) {
     for (const char c : text) {
-        Add([c] { PostMessageA(KeyTarget(), WM_CHAR, static_cast<unsigned char>(c), 1); });
+        const auto* key = std::find_if(std::begin(kKeysOfAnyLayout), std::end(kKeysOfAnyLayout),
+                                       [c](const auto& row) { return row.first == c; });
+        if (key != std::end(kKeysOfAnyLayout)) {
+            Press({key->second});
+        } else {
+            Add([c] { PostMessageA(KeyTarget(), WM_CHAR, static_cast<unsigned char>(c), 1); });
+        }
     }
 }
 
 void InputQueue::Focus(HWND control) {
     Add([control] { PostFocusMove(control); });
     Add([control] {
-        if (HasFocus(control)) {
-            return;
+        if (!HasFocus(control)) {
+            throw Failure("expected the focus on control " + std::to_string(GetDlgCtrlID(control)) +
+                          ", got it on another");
         }
-        const std::optional<MessageBoxText> box = ReadMessageBox(FrontWindow());
-        throw Failure(
-            "expected the focus on control " + std::to_string(GetDlgCtrlID(control)) + ", got " +
-            (box ? "message box \"" + ConvertFrom1252(box->caption) + "\" \"" + ConvertFrom1252(box->text) + "\""
-                 : "it on another"));
     });
 }
 
 void PostFocusMove(HWND control) {
+    if (HasFocus(control)) {
+        return;
+    }
     PostMessageA(DialogOf(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 

@@ -31,8 +31,11 @@ public:
     // Any piece of work to be done in its turn.
     void Add(std::function<void()> piece) { m_pieces.push_back(std::move(piece)); }
 
-    // Presses and releases the left button there (client coordinates). What cannot take input is left alone.
+    // Presses and releases the left button there (client coordinates). What cannot take input is left alone. A list
+    // that is open elsewhere is closed by a press of its own first.
     void Click(HWND window, POINT point);
+
+    // Clicks the control in its middle, or what it has there inside it.
     void ClickMiddle(HWND window);
 
     // Presses and releases a key; the messages go to whatever has the focus then.
@@ -52,7 +55,7 @@ private:
     Key m_held;  // whose modifiers are down
 };
 
-// Asks the control's dialog to move the focus there, as the Tab key would.
+// Asks the control's dialog to move the focus there, as the Tab key would; not when it is there or inside already.
 void PostFocusMove(HWND control);
 
 // The middle of the window's client area.

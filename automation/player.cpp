@@ -3,6 +3,7 @@
 #include "automation/player.h"
 
 #include <cstdlib>
+#include <utility>
 
 #include "automation/actions.h"
 #include "automation/commands.h"
@@ -18,9 +19,9 @@ constexpr int kExitCannotClose = 3;
 
 class Player : public StepClient {
 public:
-    Player(const Scenario& scenario, StoreAccess& store, const OpenFunction& open, std::ostream& out,
-           const PlayerOptions& options)
-        : m_scenario(scenario), m_open(open), m_out(out), m_stage{store, options, {}, nullptr, {}, {}, {}} {}
+    Player(const std::string& fileName, const CommandSource& source, StoreAccess& store, const OpenFunction& open,
+           std::ostream& out, const PlayerOptions& options)
+        : m_fileName(fileName), m_source(source), m_open(open), m_out(out), m_stage{store, options} {}
 
     Totals Play();
     bool OnStep() override;
@@ -28,38 +29,50 @@ public:
 
 private:
     void Run();
-    void CarryOut(const Command& command);
+    bool HasNext();
     void CarryOutNext();
+    void CarryOut(const CommandRow& row, const Command& command);
     bool IsBoxInTheWay();
     bool IsOutOfPlace(const CommandRow& row, const Command& command);
     void CloseSheet();
     [[noreturn]] void GiveUp();
     void Fail(int line, const std::string& message);
+    void PrintTotals();
 
-    const Scenario& m_scenario;
+    const std::string& m_fileName;
+    const CommandSource& m_source;
     const OpenFunction& m_open;
     std::ostream& m_out;
     Stage m_stage;
     Driver m_driver{*this};
     Totals m_totals;
-    size_t m_nNext = 0;        // the command to be carried out next
-    int m_nLine = 0;           // of the command that is being carried out
-    int m_nBoxes = 0;          // message boxes pressed away since the last command
-    int m_nCloseAttempts = 0;  // since the commands ended with the sheet open
+    std::optional<Command> m_next;
+    HWND m_hAimedAt = nullptr;  // the window in front when the input was queued
+    int m_nLine = 0;            // of the command that is being carried out
+    int m_nBoxes = 0;           // message boxes pressed away since the last command
+    int m_nCloseAttempts = 0;   // since the commands ended with the sheet open
     bool m_bRunning = false;
-    bool m_bStuck = false;  // told once; the sheet is only to be closed
+    bool m_bGivenUp = false;  // no more commands; the sheet is only to be closed
+    bool m_bStuck = false;    // told once
 };
 
 Totals Player::Play() {
-    while (m_nNext < m_scenario.commands.size()) {
-        m_stage.front = nullptr;
+    m_stage.front = nullptr;
+    while (HasNext()) {
         CarryOutNext();
         if (m_stage.opening) {
             Run();
         }
     }
-    m_out << m_totals.passed << " passed, " << m_totals.failed << " failed\n" << std::flush;
+    PrintTotals();
     return m_totals;
+}
+
+bool Player::HasNext() {
+    if (!m_next && !m_bGivenUp) {
+        m_next = m_source();
+    }
+    return m_next && !m_bGivenUp;
 }
 
 void Player::Run() {
@@ -71,6 +84,7 @@ void Player::Run() {
     m_bRunning = true;
     m_driver.RunDuring([this, &arguments] { m_stage.lastResult = m_open(arguments); });
     m_bRunning = false;
+    m_stage.front = nullptr;
     // What a command still wanted to do when the sheet closed is no use any more.
     m_stage.input.Clear();
     if (!m_stage.lastResult) {
@@ -80,13 +94,17 @@ void Player::Run() {
 
 bool Player::OnStep() {
     m_stage.front = FrontWindow();
+    if (m_stage.front != m_hAimedAt && ReadMessageBox(m_stage.front)) {
+        // The box is for the next command; the rest of this one would go to the box.
+        m_stage.input.Clear();
+    }
     if (!m_stage.input.IsEmpty()) {
         try {
             m_stage.input.DoNext();
         } catch (const Failure& failure) {
             Fail(m_nLine, failure.what());
         }
-    } else if (m_nNext < m_scenario.commands.size()) {
+    } else if (HasNext()) {
         CarryOutNext();
     } else if (!IsBoxInTheWay()) {
         CloseSheet();
@@ -101,29 +119,29 @@ void Player::OnStuck() {
     }
     m_bStuck = true;
     m_stage.input.Clear();
-    m_nNext = m_scenario.commands.size();
+    m_bGivenUp = true;
 }
 
 void Player::CarryOutNext() {
-    const Command& command = m_scenario.commands[m_nNext];
-    const CommandRow& row = *FindCommand(command.name);
+    const CommandRow& row = *FindCommand(m_next->name);
+    const bool seesBoxes = row.when == When::DuringRunOrBox || row.when == When::AlwaysOverBox;
     m_driver.OnProgress();
-    if (m_bRunning && row.when != When::DuringRunOrBox && IsBoxInTheWay()) {
+    if (m_bRunning && !seesBoxes && IsBoxInTheWay()) {
         return;
     }
-    ++m_nNext;
+    const Command command = *std::exchange(m_next, std::nullopt);
     m_nBoxes = 0;
     m_nLine = command.line;
+    m_hAimedAt = m_stage.front;
     if (!IsOutOfPlace(row, command)) {
-        CarryOut(command);
+        CarryOut(row, command);
     }
 }
 
-void Player::CarryOut(const Command& command) {
+void Player::CarryOut(const CommandRow& row, const Command& command) {
     if (m_stage.options.isVerbose) {
-        m_out << m_scenario.fileName << ":" << command.line << ": " << command.source << "\n" << std::flush;
+        m_out << m_fileName << ":" << command.line << ": " << command.source << "\n" << std::flush;
     }
-    const CommandRow& row = *FindCommand(command.name);
     try {
         row.carryOut(m_stage, command);
         if (row.kind == Kind::Check) {
@@ -141,10 +159,11 @@ bool Player::IsBoxInTheWay() {
         return false;
     }
     Fail(m_nLine, "expected no message box, got " + Quote(box->caption) + " " + Quote(box->text));
+    m_hAimedAt = m_stage.front;
     m_stage.input.ClickMiddle(MessageBoxButton(m_stage.front));
     if (++m_nBoxes == kMaxBoxesPerCommand) {
         Fail(m_nLine, "expected no more message boxes, got one after the other");
-        m_nNext = m_scenario.commands.size();
+        m_bGivenUp = true;
     }
     return true;
 }
@@ -168,6 +187,7 @@ void Player::CloseSheet() {
     if (++m_nCloseAttempts > kMaxCloseAttempts) {
         GiveUp();
     }
+    m_hAimedAt = m_stage.front;
     // Clicking Cancel takes the focus from a field, which may object again and again; the close box does not.
     HWND button = GetDlgItem(m_stage.front, IDCANCEL);
     if (button != nullptr && m_nCloseAttempts == 1) {
@@ -179,20 +199,37 @@ void Player::CloseSheet() {
 
 // The modal call cannot be left by any other way than closing its windows.
 void Player::GiveUp() {
-    m_out << m_scenario.fileName << ": the sheet cannot be closed\n" << std::flush;
+    m_out << m_fileName << ": the sheet cannot be closed\n";
+    PrintTotals();
     std::_Exit(kExitCannotClose);
 }
 
 void Player::Fail(int line, const std::string& message) {
     ++m_totals.failed;
-    m_out << m_scenario.fileName << ":" << line << ": " << message << "\n" << std::flush;
+    m_out << m_fileName << ":" << line << ": " << message << "\n" << std::flush;
+}
+
+void Player::PrintTotals() {
+    m_out << m_totals.passed << " passed, " << m_totals.failed << " failed\n" << std::flush;
 }
 
 }  // namespace
 
+Totals PlayCommands(const std::string& fileName, const CommandSource& next, StoreAccess& store,
+                    const OpenFunction& open, std::ostream& out, const PlayerOptions& options) {
+    return Player(fileName, next, store, open, out, options).Play();
+}
+
 Totals PlayScenario(const Scenario& scenario, StoreAccess& store, const OpenFunction& open, std::ostream& out,
                     const PlayerOptions& options) {
-    return Player(scenario, store, open, out, options).Play();
+    auto command = scenario.commands.begin();
+    const CommandSource next = [&]() -> std::optional<Command> {
+        if (command == scenario.commands.end()) {
+            return std::nullopt;
+        }
+        return *command++;
+    };
+    return PlayCommands(scenario.fileName, next, store, open, out, options);
 }
 
 }  // namespace automation

@@ -24,6 +24,16 @@ struct LineError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// Arguments in code page 1252 are made of words and texts in UTF-8; a comment may hold any character.
+std::string To1252(std::string_view utf8) {
+    std::string bytes;
+    std::string problem;
+    if (!ConvertTo1252(utf8, bytes, problem)) {
+        throw LineError(problem);
+    }
+    return bytes;
+}
+
 // @ and the entry's number.
 bool IsEntryNumber(const std::string& word) {
     return word.size() > 1 && word[0] == '@' && word.find_first_not_of("0123456789", 1) == std::string::npos;
@@ -36,7 +46,7 @@ std::string TakeQuoted(std::string_view& rest) {
         char c = rest[i];
         if (c == '"') {
             rest.remove_prefix(i + 1);
-            return text;
+            return To1252(text);
         }
         if (c == '\\') {
             constexpr std::string_view kEscapes = "\"\\nt";
@@ -58,8 +68,8 @@ Argument TakeArgument(std::string_view& rest) {
         argument.kind = Argument::Kind::Text;
         argument.text = TakeQuoted(rest);
     } else {
-        const size_t end = std::min(rest.find_first_of(" \t\""), rest.size());
-        argument.text = rest.substr(0, end);
+        const size_t end = std::min(rest.find_first_of(" \t\"#"), rest.size());
+        argument.text = To1252(rest.substr(0, end));
         rest.remove_prefix(end);
         const size_t equals = argument.text.find('=');
         if (equals != std::string::npos) {
@@ -71,7 +81,7 @@ Argument TakeArgument(std::string_view& rest) {
             }
         }
     }
-    if (!rest.empty() && kBlanks.find(rest.front()) == std::string_view::npos) {
+    if (!rest.empty() && kBlanks.find(rest.front()) == std::string_view::npos && rest.front() != '#') {
         throw LineError("arguments must be separated by blanks");
     }
     return argument;
@@ -99,7 +109,7 @@ const char* Mismatch(char shape, const Argument& argument) {
         case 't':
             return text ? nullptr : "a text in double quotes";
         case 'k':
-            return (word || text) && !value.empty() ? nullptr : "a key";
+            return word || text ? nullptr : "a key";
         case 'e':
             return text || (word && IsEntryNumber(value)) ? nullptr : "an entry's text or @N";
         case 'v':
@@ -131,13 +141,8 @@ void CheckShape(const Command& command, std::string_view shape) {
 }
 
 std::optional<Command> ParseLine(std::string_view utf8, const ShapeOf& shapeOf) {
-    std::string bytes;
-    std::string problem;
-    if (!ConvertTo1252(utf8, bytes, problem)) {
-        throw LineError(problem);
-    }
     Command command;
-    command.arguments = SplitLine(bytes);
+    command.arguments = SplitLine(utf8);
     if (command.arguments.empty()) {
         return std::nullopt;
     }

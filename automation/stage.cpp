@@ -3,7 +3,7 @@
 #include "automation/stage.h"
 
 #include <array>
-#include <ctime>
+#include <cctype>
 
 #include "automation/codepage.h"
 #include "automation/finder.h"
@@ -14,10 +14,35 @@ namespace {
 constexpr std::string_view kScratch = "%SCRATCH%";
 constexpr std::string_view kToday = "%TODAY:";
 
-std::string FormatToday(const std::string& format) {
-    const std::time_t now = std::time(nullptr);
+// A date conversion in those that every system knows.
+std::string PlainConversion(char conversion, const std::tm& day) {
+    switch (conversion) {
+        case 'D':
+        case 'x':
+            return "%m/%d/%y";
+        case 'F':
+            return "%Y-%m-%d";
+        case 'e':
+            return (day.tm_mday < 10 ? " " : "") + std::to_string(day.tm_mday);
+        case 'h':
+            return "%b";
+        default:
+            if (std::string_view("aAbBdjmUwWyY").find(conversion) == std::string_view::npos) {
+                FailExpectation("a conversion of dates", std::string("%") + conversion);
+            }
+            return std::string("%") + conversion;
+    }
+}
+
+std::string FormatDay(const std::string& format, std::time_t when) {
+    const std::tm day = *std::localtime(&when);
+    std::string plain;
+    for (size_t i = 0; i < format.size(); ++i) {
+        // Behind each % is a letter, as the search for the format's end has seen.
+        plain += format[i] == '%' ? PlainConversion(format[++i], day) : std::string(1, format[i]);
+    }
     std::array<char, 256> text{};
-    const size_t length = std::strftime(text.data(), text.size(), format.c_str(), std::localtime(&now));
+    const size_t length = std::strftime(text.data(), text.size(), plain.c_str(), &day);
     return {text.data(), length};
 }
 
@@ -75,7 +100,9 @@ HWND TabsOf(const Stage& stage) {
     return tabs;
 }
 
-std::string ExpandText(const Stage& stage, const std::string& text) {
+namespace {
+
+std::string Expand(const Stage& stage, const std::string& text, std::time_t when) {
     std::string result = text;
     for (size_t at = 0; (at = result.find(kScratch, at)) != std::string::npos;) {
         std::string folder;
@@ -90,11 +117,22 @@ std::string ExpandText(const Stage& stage, const std::string& text) {
     for (size_t at = 0; (at = result.find(kToday, at)) != std::string::npos;) {
         const size_t begin = at + kToday.size();
         const size_t end = EndOfToday(result, begin);
-        const std::string today = FormatToday(result.substr(begin, end - begin));
-        result.replace(at, end + 1 - at, today);
-        at += today.size();
+        const std::string day = FormatDay(result.substr(begin, end - begin), when);
+        result.replace(at, end + 1 - at, day);
+        at += day.size();
     }
     return result;
+}
+
+}  // namespace
+
+std::string ExpandText(const Stage& stage, const std::string& text) {
+    return Expand(stage, text, std::time(nullptr));
+}
+
+std::string ExpandLike(const Stage& stage, const std::string& text, const std::string& got) {
+    std::string atBegin = Expand(stage, text, stage.began);
+    return atBegin == got ? atBegin : ExpandText(stage, text);
 }
 
 }  // namespace automation

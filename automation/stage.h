@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <ctime>
 #include <optional>
 #include <string>
 
@@ -14,11 +15,12 @@ namespace automation {
 struct Stage {
     StoreAccess& store;
     const PlayerOptions& options;
-    InputQueue input;
-    HWND front = nullptr;                  // the window in front when the command began; null between runs
-    std::optional<OpenArguments> opening;  // set by `open`: the player is to start a run
-    std::optional<int> lastResult;         // of the last run
-    std::string snapshotAtOpen;            // the store's bytes when the last run began
+    InputQueue input{};
+    HWND front = nullptr;                    // the window in front when the command began; null between runs
+    std::optional<OpenArguments> opening{};  // set by `open`: the player is to start a run
+    std::optional<int> lastResult{};         // of the last run
+    std::string snapshotAtOpen{};            // the store's bytes when the last run began
+    std::time_t began = std::time(nullptr);
 };
 
 // "expected ..., got ..."; texts are given in code page 1252.
@@ -35,5 +37,9 @@ HWND TabsOf(const Stage& stage);
 
 // The argument's text with %SCRATCH% and %TODAY:FORMAT% replaced, in code page 1252.
 std::string ExpandText(const Stage& stage, const std::string& text);
+
+// The same for a text that is compared with one that was seen: when midnight has come since the play began, the seen
+// one may hold either day.
+std::string ExpandLike(const Stage& stage, const std::string& text, const std::string& got);
 
 }  // namespace automation

@@ -112,6 +112,12 @@ void OnCommand(HWND page, WORD id, WORD code, Log& log) {
     }
     const std::string text = ReadText(page, id);
     switch (code) {
+        case CBN_KILLFOCUS:
+            log.notifications.push_back("focus-lost");
+            break;
+        case CBN_SELENDCANCEL:
+            log.notifications.push_back("selection-end-cancel");
+            break;
         case CBN_SELENDOK:
             log.notifications.push_back("selection-end-OK '" + text + "'");
             break;
