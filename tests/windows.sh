@@ -1,15 +1,15 @@
 # The Windows part of ./test. Read with "." after steps.sh and packages.sh.
 . tests/wine.sh
 
-play_under_wine() { wine build/win64/bin/tavrikplayer.exe tests/scenarios/*.scn; }
-
 if step "build, 32-bit Windows" build_preset win32; then
     step "exports and imports, 32 bit" tests/dll_interface.sh win32
 fi
 if step "build, 64-bit Windows" build_preset win64; then
     step "exports and imports, 64 bit" tests/dll_interface.sh win64
     if step "Wine" start_wine; then
-        step "scenarios under Wine" play_under_wine
+        step "scripted user under Wine" tests/play.sh build/win64/bin/sampleplayer.exe tests/automation/sample.scn
+        step "verdicts of the player under Wine" tests/player/verdicts.sh build/win64/bin/tavrikplayer.exe
+        step "scenarios under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/scenarios/*.scn
         step "fields left under Wine" wine build/win64/bin/tavrikleaving.exe
         step "dialog templates under Wine" wine build/win64/bin/tavriktemplates.exe
         step "conformance of the window layer" tests/conformance/compare.sh

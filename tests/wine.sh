@@ -3,7 +3,7 @@
 # start_wine [PREFIX]: starts an X server and makes a Wine prefix below build/, for all programs of this shell that
 # follow. A second prefix is a desktop of its own: programs there do not take the focus from those in the first one.
 start_wine() {
-    export WINEPREFIX=$PWD/build/${1:-wine} WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= LC_ALL=C.UTF-8
+    export WINEPREFIX=$PWD/build/${1:-wine} WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml,winedbg.exe= LC_ALL=C.UTF-8
     start_display "$WINEPREFIX-display" || return 1
     [ ! -f "$WINEPREFIX/ready" ] || return 0
     rm -rf "$WINEPREFIX"

@@ -1,5 +1,5 @@
-// The test player: plays scenario files on the component's own library, and on a read-only sheet, which only a
-// program that has the sheet itself can construct.
+// The test player: plays a scenario file on the component's own library, and on a read-only sheet, which only a
+// program that has the sheet itself can construct. One file, because the library's state lives as long as the process.
 
 #include <iostream>
 #include <string>
@@ -13,16 +13,16 @@
 
 namespace {
 
-enum ExitStatus { kOk = 0, kChecksFailed = 1, kMalformed = 2 };
+enum ExitStatus { kOk = 0, kFailed = 1, kCannotPlay = 2 };
 
 struct Options {
-    std::vector<std::string> scenarios;
+    std::string scenario;
     host::Display display = host::Display::Memory;
     bool isVerbose = false;
 };
 
 constexpr const char* kUsage =
-    "usage: tavrikplayer [-v] [--memory | --display] FILE.scn...\n"
+    "usage: tavrikplayer [-v] [--memory | --display] FILE.scn\n"
     "  -v          print each command\n"
     "  --memory    windows in memory (the default); means nothing on Windows\n"
     "  --display   windows on the X server that DISPLAY names\n";
@@ -35,48 +35,46 @@ bool ParseOptions(const std::vector<std::string>& arguments, Options& options) {
             options.display = host::Display::Memory;
         } else if (argument == "--display") {
             options.display = host::Display::Screen;
-        } else if (argument.starts_with('-')) {
+        } else if (argument.starts_with('-') || !options.scenario.empty()) {
             return false;
         } else {
-            options.scenarios.push_back(argument);
+            options.scenario = argument;
         }
     }
-    return !options.scenarios.empty();
+    return !options.scenario.empty();
+}
+
+// Each line that is no command has failed, and a file that cannot be read has one failure.
+int ReportErrors(const automation::Scenario& scenario) {
+    for (const std::string& error : scenario.errors) {
+        std::cout << error << "\n";
+    }
+    std::cout << "0 passed, " << scenario.errors.size() << " failed\n";
+    return kFailed;
 }
 
 int Play(const Options& options) {
-    std::vector<automation::Scenario> scenarios;
-    bool isMalformed = false;
-    for (const std::string& name : options.scenarios) {
-        scenarios.push_back(automation::ReadScenario(name, automation::ShapeOfCommand));
-        for (const std::string& error : scenarios.back().errors) {
-            std::cerr << error << "\n";
-        }
-        isMalformed = isMalformed || !scenarios.back().errors.empty();
+    const automation::Scenario scenario = automation::ReadScenario(options.scenario, automation::ShapeOfCommand);
+    if (!scenario.errors.empty()) {
+        return ReportErrors(scenario);
     }
-    if (isMalformed) {
-        return kMalformed;
-    }
-
     const host::ExportFunction exported = host::BindExport();
     if (!host::ChooseDisplay(options.display)) {
         std::cerr << "tavrikplayer: there is no display\n";
-        return kMalformed;
+        return kCannotPlay;
     }
     const automation::ScratchFolder scratch;
-    int failed = 0;
-    for (const automation::Scenario& scenario : scenarios) {
-        CMdb store;
-        host::ScenarioStore access(store);
-        const automation::OpenFunction open = [&](const automation::OpenArguments& a) -> std::optional<int> {
-            if (a.readOnly) {
-                return RunReadOnlySheet(a, store);
-            }
-            return exported(nullptr, a.caption.c_str(), &store, a.designation, a.optionalPages, a.hostMode);
-        };
-        failed += PlayScenario(scenario, access, open, std::cout, {scratch.Path(), options.isVerbose}).failed;
-    }
-    return failed == 0 ? kOk : kChecksFailed;
+    CMdb store;
+    host::ScenarioStore access(store);
+    const automation::OpenFunction open = [&](const automation::OpenArguments& a) -> std::optional<int> {
+        if (a.readOnly) {
+            return RunReadOnlySheet(a, store);
+        }
+        return exported(nullptr, a.caption.c_str(), &store, a.designation, a.optionalPages, a.hostMode);
+    };
+    const automation::Totals totals =
+        PlayScenario(scenario, access, open, std::cout, {scratch.Path(), options.isVerbose});
+    return totals.failed == 0 ? kOk : kFailed;
 }
 
 }  // namespace
@@ -86,12 +84,12 @@ int main(int argc, char** argv) {
     Options options;
     if (!ParseOptions(host::CommandLineArguments(argc, argv), options)) {
         std::cerr << kUsage;
-        return kMalformed;
+        return kCannotPlay;
     }
     try {
         return Play(options);
     } catch (const std::exception& error) {
         std::cerr << "tavrikplayer: " << error.what() << "\n";
-        return kMalformed;
+        return kCannotPlay;
     }
 }
