@@ -47,6 +47,7 @@ HWND FindControl(HWND window, int id);
 struct MessageBoxText {
     std::string caption;
     std::string text;
+    bool operator==(const MessageBoxText&) const = default;
 };
 
 // The message box's text; nothing when the window is no message box.

@@ -10,6 +10,7 @@
 #include "host/store.h"
 #include "host/system.h"
 #include "tests/player/read_only_sheet.h"
+#include "tests/support/empty_clipboard.h"
 
 namespace {
 
@@ -63,6 +64,7 @@ int Play(const Options& options) {
         std::cerr << "tavrikplayer: there is no display\n";
         return kCannotPlay;
     }
+    EmptyTheClipboard();
     const automation::ScratchFolder scratch;
     CMdb store;
     host::ScenarioStore access(store);

@@ -1,5 +1,10 @@
 #!/usr/bin/env bash
-# The random user alone, on a native build: it must survive, that is all.
+# The random user alone, on a native build: the library survives, and every command can be carried out.
 # Usage: run.sh native|asan SEEDS
 set -eu
-"build/$1/bin/tavrikrandom" 1 "$2" >"build/random-$1.txt" || { tail -n 30 "build/random-$1.txt"; exit 1; }
+trace=build/random-$1.txt
+"build/$1/bin/tavrikrandom" 1 "$2" >"$trace" || {
+    grep '^# seed-' "$trace" | head -n 20
+    tail -n 30 "$trace"
+    exit 1
+}

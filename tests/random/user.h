@@ -1,0 +1,89 @@
+// A seeded user who looks at what is in front, chooses the next command by habit, and writes down what came of it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "automation/scenario.h"
+#include "tests/random/view.h"
+
+namespace random_user {
+
+struct Steps {
+    int played = 0;        // commands given while a window was in front
+    int didSomething = 0;  // those after which the user saw something else than before
+};
+
+// What is chosen depends on the seed and on what is seen, nothing else, so it is the same on all systems that show the
+// same.
+class RandomUser {
+public:
+    // The trace is a scenario: the commands, and what was new to see after each as checks.
+    RandomUser(std::uint32_t seed, std::ostream& trace) : m_random(seed), m_trace(trace) {}
+
+    // The next command; nothing when the user has had enough.
+    std::optional<automation::Command> Next();
+
+    // The sheet that the last `open` showed is closed.
+    void OnReturned(int result);
+
+    const Steps& Counted() const { return m_steps; }
+
+private:
+    struct Habit;
+    static const Habit kOnSheet[];
+    static const Habit kOnOpenList[];
+
+    int Below(int limit);
+    template <typename T, size_t size>
+    T Pick(const T (&values)[size]) {
+        return values[Below(static_cast<int>(size))];
+    }
+    template <typename Condition>
+    const SeenControl* PickControl(Condition condition);
+
+    void Observe();
+    std::string Choose();
+    std::string BeginRun();
+    std::string ChooseBetweenRuns();
+    std::string ChooseOnSheet();
+    std::string CloseSheet();
+    std::string OnControl(const char* command, const SeenControl& control, const std::string& rest = {});
+    void Plan(const SeenControl& control, const std::string& command);
+    std::string AfterFocusOn(const SeenControl& control, const std::string& command);
+
+    std::string ClickOn(const SeenControl& control);
+    std::string ClickControl();
+    std::string ClickElsewhere();
+    std::string TypeIntoField();
+    std::string TypeKeys();
+    std::string PressKey();
+    std::string PickEntry();
+    std::string OpenList();
+    std::string MoveFocus();
+    std::string ClickTab();
+    std::string PressClosing();
+
+    std::mt19937 m_random;
+    std::ostream& m_trace;
+    View m_view;
+    std::vector<std::string> m_described;  // as last written down
+    Steps m_steps;
+    int m_nLine = 0;
+    int m_nRecords = -1;          // still to be given; -1 before the first command
+    int m_nRuns = 0;              // still to be begun
+    int m_nActions = 0;           // still to be done in this run
+    int m_nClosing = 0;           // attempts to close the sheet
+    int m_nInList = 0;            // commands since the list was opened
+    bool m_bStep = false;         // the last command was given while a window was in front
+    bool m_bCorrects = false;     // the field with the focus was refused and is put right next
+    std::optional<int> m_result;  // not yet checked
+    int m_nPlannedFocus = 0;      // the control that must have the focus for the plan
+    std::string m_plan;           // what a focus move was for
+};
+
+}  // namespace random_user
