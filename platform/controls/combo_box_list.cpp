@@ -318,6 +318,7 @@ void ComboBox::open() {
         // While the mouse is down the field waits with showing the entry that was found.
         if (findTyped(true) >= 0 && !capturing_) {
             showCurrent();
+            keepSelection_ = false;
         }
     } else {
         askList(LB_SETTOPINDEX, static_cast<WPARAM>(std::max<LRESULT>(askList(LB_GETCURSEL), 0)));

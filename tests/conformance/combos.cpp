@@ -248,7 +248,7 @@ constexpr ComboKeys kComboKeys[] = {
      {"{f4}", "{down}", "{down}", "{enter}", "{A-down}", "z", "{A-up}", "{end}", "{home}", "{enter}"}},
     {"combo typing after a pick",
      CBS_DROPDOWN | CBS_AUTOHSCROLL,
-     {"{down}", "x", "y", "{f4}", "{down}", "b", "a", "{enter}", "{bs}"}},
+     {"{down}", "x", "y", "{f4}", "{down}", "b", "a", "{enter}", "{bs}", "{down}", "{f4}", "{esc}", "x"}},
     {"upper-case combo", CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_UPPERCASE, {"ab\xE5", "{down}", "{bs}x"}},
 };
 
