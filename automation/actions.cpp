@@ -118,7 +118,9 @@ void ClearStore(Stage& stage, const Command& /*command*/) {
 }
 
 void CreateScratchFile(Stage& stage, const Command& command) {
-    const std::filesystem::path path = stage.options.scratchFolder / PathOf(command.arguments[0].text);
+    // A name that begins with the scratch folder itself replaces it.
+    const std::filesystem::path path =
+        stage.options.scratchFolder / PathOf(ExpandText(stage, command.arguments[0].text));
     std::ofstream file(path, std::ios::binary);
     file << ExpandText(stage, command.arguments[1].text);
     if (!file.flush()) {

@@ -43,9 +43,10 @@ std::optional<Key> ParseKey(std::string_view name) {
             }
         }
     }
-    const bool isLetter = name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z';
-    if (isLetter) {
-        key.virtualKey = static_cast<unsigned char>(name[0]);
+    constexpr int kSmallBit = 0x20;
+    const char letter = name.size() == 1 ? static_cast<char>(name[0] & ~kSmallBit) : '\0';
+    if (letter >= 'A' && letter <= 'Z') {
+        key.virtualKey = static_cast<unsigned char>(letter);
         return key;
     }
     const auto* named = std::find_if(std::begin(kNamedKeys), std::end(kNamedKeys),
