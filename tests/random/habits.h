@@ -64,9 +64,6 @@ inline bool HasBefore(const View& view) {
 inline bool HasBehind(const View& view) {
     return view.caret && view.caret->begin < view.caret->length;
 }
-inline bool HasUnselected(const View& view) {
-    return view.caret && view.caret->end - view.caret->begin < view.caret->length;
-}
 inline bool HasUncopied(const View& view) {
     return view.caret && view.caret->begin < view.caret->end &&
            view.Focused()->text.substr(static_cast<size_t>(view.caret->begin),
@@ -109,10 +106,9 @@ struct KeyHabit {
     int weight;
     unsigned where;
     bool (*works)(const View& view);  // whether it can do anything; null for always
-    bool isOnlyOnFreshList = false;   // not once anything was done in the open list
+    bool isAccepting = false;         // on some systems: only in a list that is as it was before it opened
 };
 
-// In an open list, systems differ in whether the keys marked so keep what was picked there, so nothing is picked.
 constexpr KeyHabit kKeyHabits[] = {
     {"TAB", 12, kClosed, nullptr},
     {"SHIFT+TAB", 8, kClosed, nullptr},
@@ -134,7 +130,7 @@ constexpr KeyHabit kKeyHabits[] = {
     {"CTRL+RIGHT", 2, kInText, HasBehind},
     {"DELETE", 4, kInText, HasBehind},
     {"BACKSPACE", 4, kInText, HasBefore},
-    {"CTRL+A", 2, kInText, HasUnselected},
+    {"CTRL+A", 1, kInText, nullptr},
     {"CTRL+C", 4, kInText, HasUncopied},
     {"CTRL+X", 4, kInText, HasSelected},
     {"CTRL+V", 4, kInText, HasClipboard},

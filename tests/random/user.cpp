@@ -22,6 +22,7 @@ constexpr int kFewestActions = 5;
 constexpr int kMoreActions = 20;
 constexpr int kGentleAttempts = 4;
 constexpr int kMostAttempts = 20;
+constexpr int kAnyFocus = 0;
 
 bool IsClosing(const SeenControl& control) {
     return control.id == IDOK || control.id == IDCANCEL;
@@ -144,7 +145,15 @@ void RandomUser::Observe() {
     } else if (!lines.empty()) {
         m_described = lines;
     }
-    m_nInList = m_view.openList != nullptr && m_view.openList == before.openList ? m_nInList + 1 : 0;
+    if (m_view.openList == nullptr || m_view.openList != before.openList) {
+        const auto combo = std::find_if(before.controls.begin(), before.controls.end(), [this](const SeenControl& c) {
+            return m_view.Focused() != nullptr && c.id == m_view.Focused()->id;
+        });
+        m_bPicked = combo == before.controls.end() || combo->selection != m_view.highlighted ||
+                    combo->text != m_view.Focused()->text;
+    } else {
+        m_bPicked = true;
+    }
 }
 
 void RandomUser::OnReturned(int result) {
@@ -160,9 +169,14 @@ std::string RandomUser::Choose() {
         m_bCorrects = Below(3) > 0;
         return "answer " + Quote(m_view.box->caption) + " " + Quote(m_view.box->text);
     }
-    const std::string plan = std::exchange(m_plan, {});
-    if (!plan.empty() && m_view.Focused() != nullptr && m_view.Focused()->id == m_nPlannedFocus) {
-        return plan;
+    if (!m_plan.empty()) {
+        const Planned planned = m_plan.front();
+        m_plan.pop_front();
+        const SeenControl* focus = m_view.Focused();
+        if (planned.focus == kAnyFocus || (focus != nullptr && focus->id == planned.focus)) {
+            return planned.command;
+        }
+        m_plan.clear();
     }
     // Whose field was refused mostly enters something that no field refuses, or would get no further.
     if (std::exchange(m_bCorrects, false) && m_view.Focused() != nullptr && m_view.Focused()->kind == Kind::Edit) {
@@ -225,24 +239,18 @@ std::string RandomUser::OnControl(const char* command, const SeenControl& contro
     return command + (" " + std::to_string(control.id)) + (rest.empty() ? "" : " ") + rest;
 }
 
-// What is to follow when the control has the focus; when a box comes up instead, it is given up.
-void RandomUser::Plan(const SeenControl& control, const std::string& command) {
-    m_nPlannedFocus = control.id;
-    m_plan = command;
-}
-
 std::string RandomUser::AfterFocusOn(const SeenControl& control, const std::string& command) {
     if (&control == m_view.Focused()) {
         return command;
     }
-    Plan(control, command);
+    m_plan = {{control.id, command}};
     return OnControl(Below(2) == 0 && control.kind != Kind::ListCombo ? "click" : "focus", control);
 }
 
 std::string RandomUser::ClickOn(const SeenControl& control) {
     const bool isField = control.kind == Kind::Edit || control.kind == Kind::EditCombo;
     if (isField && !control.text.empty() && &control != m_view.Focused()) {
-        Plan(control, Below(2) == 0 ? "press HOME" : "press END");
+        m_plan = {{control.id, Below(2) == 0 ? "press HOME" : "press END"}};
     }
     return OnControl("click", control);
 }
@@ -281,11 +289,20 @@ std::string RandomUser::TypeKeys() {
 std::string RandomUser::PressKey() {
     const unsigned where = WhereIs(m_view);
     const auto counts = [&](const KeyHabit& row) {
-        const bool isSafe = !row.isOnlyOnFreshList || m_nInList == 0;
+        const bool isSafe = !row.isAccepting || !m_bPicked;
         return (row.where & where) != 0 && isSafe && (row.works == nullptr || row.works(m_view));
     };
-    const int sum = SumOfWeights(kKeyHabits, counts);
-    return std::string("press ") + PickByWeight(kKeyHabits, Below(sum), counts)->key;
+    const KeyHabit* habit = PickByWeight(kKeyHabits, Below(SumOfWeights(kKeyHabits, counts)), counts);
+    const std::string command = std::string("press ") + habit->key;
+    if (habit->isAccepting) {
+        // Systems differ in whether the key accepts what is picked; Enter then accepts it on all of them.
+        const int combo = m_view.Focused()->id;
+        m_plan = {{combo, "press F4"}, {combo, "press ENTER"}};
+        if (command.ends_with("TAB")) {
+            m_plan.push_front({kAnyFocus, OnControl("focus", *m_view.Focused())});
+        }
+    }
+    return command;
 }
 
 std::string RandomUser::PickEntry() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <ostream>
 #include <random>
@@ -38,6 +39,12 @@ private:
     static const Habit kOnSheet[];
     static const Habit kOnOpenList[];
 
+    // A command for later, when the control with the number has the focus.
+    struct Planned {
+        int focus;
+        std::string command;
+    };
+
     int Below(int limit);
     template <typename T, size_t size>
     T Pick(const T (&values)[size]) {
@@ -53,7 +60,6 @@ private:
     std::string ChooseOnSheet();
     std::string CloseSheet();
     std::string OnControl(const char* command, const SeenControl& control, const std::string& rest = {});
-    void Plan(const SeenControl& control, const std::string& command);
     std::string AfterFocusOn(const SeenControl& control, const std::string& command);
 
     std::string ClickOn(const SeenControl& control);
@@ -78,12 +84,11 @@ private:
     int m_nRuns = 0;              // still to be begun
     int m_nActions = 0;           // still to be done in this run
     int m_nClosing = 0;           // attempts to close the sheet
-    int m_nInList = 0;            // commands since the list was opened
     bool m_bStep = false;         // the last command was given while a window was in front
+    bool m_bPicked = false;       // in the open list, by its opening or by a command since
     bool m_bCorrects = false;     // the field with the focus was refused and is put right next
     std::optional<int> m_result;  // not yet checked
-    int m_nPlannedFocus = 0;      // the control that must have the focus for the plan
-    std::string m_plan;           // what a focus move was for
+    std::deque<Planned> m_plan;   // given up when it cannot go on or a box comes up
 };
 
 }  // namespace random_user
