@@ -20,6 +20,7 @@ struct DisplayWindowInfo {
     RECT rect{};              // Client area in screen coordinates.
     bool positioned = false;  // False: the window manager may choose the place.
     bool resizable = false;
+    SIZE least{};       // Below which the user cannot resize it.
     std::string title;  // Code page 1252.
 };
 

@@ -50,7 +50,8 @@ X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, :
       kind_(info.kind),
       rect_(info.rect),
       positioned_(info.positioned),
-      resizable_(info.resizable) {
+      resizable_(info.resizable),
+      least_(info.least) {
     const bool popup = kind_ == DisplayWindowInfo::Kind::Popup;
     XSetWindowAttributes attributes{};
     attributes.background_pixel = connection_.pixel(backgroundColour());
@@ -135,6 +136,11 @@ void X11Window::setSizeHints() {
     hints.y = rect_.top;
     hints.width = hints.min_width = hints.max_width = static_cast<int>(extent(rect_.left, rect_.right));
     hints.height = hints.min_height = hints.max_height = static_cast<int>(extent(rect_.top, rect_.bottom));
+    if (resizable_ && least_.cx > 0 && least_.cy > 0) {
+        hints.flags |= PMinSize;
+        hints.min_width = least_.cx;
+        hints.min_height = least_.cy;
+    }
     XSetWMNormalHints(connection_.display(), id_, &hints);
 }
 

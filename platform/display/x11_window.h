@@ -53,6 +53,7 @@ private:
     RECT rect_;
     bool positioned_;
     bool resizable_;
+    SIZE least_;
     bool modal_ = false;
     bool topmost_ = false;
     bool shown_ = false;  // Asked for, whether or not the server has done it.

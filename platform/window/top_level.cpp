@@ -17,6 +17,12 @@ DisplayWindowInfo::Kind kindOf(const Window& top) {
     return dialog ? DisplayWindowInfo::Kind::Dialog : DisplayWindowInfo::Kind::Normal;
 }
 
+SIZE leastSize(HWND top) {
+    MINMAXINFO info{};
+    SendMessageA(top, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    return {info.ptMinTrackSize.x, info.ptMinTrackSize.y};
+}
+
 void createOnDisplay(Window& top) {
     DisplayWindowInfo info;
     info.kind = kindOf(top);
@@ -26,6 +32,9 @@ void createOnDisplay(Window& top) {
     info.rect = top.rect;  // Borders that a list draws itself lie inside what the display shows.
     info.positioned = top.top.placed;
     info.resizable = top.has(WS_THICKFRAME);
+    if (info.resizable) {
+        info.least = leastSize(top.handle);
+    }
     info.title = top.text;
     display().createWindow(info);
     if (top.hasEx(WS_EX_TOPMOST)) {

@@ -21,6 +21,7 @@ constexpr Section kSections[] = {
     {"windows", traceWindows}, {"system", traceSystem}, {"buttons", traceButtons},
     {"tabs", traceTabs},       {"edits", traceEdits},   {"combos", traceCombos},
     {"dialogs", traceDialogs}, {"sheets", traceSheets}, {"texts", traceTexts},
+    {"files", traceFileDialog},
 };
 
 }  // namespace

@@ -111,3 +111,4 @@ void traceCombos(Trace& trace);
 void traceDialogs(Trace& trace);
 void traceSheets(Trace& trace);
 void traceTexts(Trace& trace);
+void traceFileDialog(Trace& trace);

@@ -63,6 +63,15 @@ struct tagWINDOWPOS {
 };
 using WINDOWPOS = tagWINDOWPOS;
 
+struct tagMINMAXINFO {
+    POINT ptReserved;
+    POINT ptMaxSize;
+    POINT ptMaxPosition;
+    POINT ptMinTrackSize;
+    POINT ptMaxTrackSize;
+};
+using MINMAXINFO = tagMINMAXINFO;
+
 struct tagNCCALCSIZE_PARAMS {
     RECT rgrc[3];
     WINDOWPOS* lppos;

@@ -1,0 +1,7 @@
+// What CommDlgExtendedError returns.
+#pragma once
+
+#define CDERR_STRUCTSIZE 0x0001
+#define CDERR_FINDRESFAILURE 0x0006
+#define CDERR_DIALOGFAILURE 0xFFFF
+#define FNERR_BUFFERTOOSMALL 0x3003
