@@ -8,6 +8,7 @@
 #include "framework/data_exchange.h"
 #include "framework/dialog.h"
 #include "framework/exception.h"
+#include "framework/file_dialog.h"
 #include "framework/gdi.h"
 #include "framework/geometry.h"
 #include "framework/module_state.h"
