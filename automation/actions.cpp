@@ -219,6 +219,20 @@ void Select(Stage& stage, const Command& command) {
     stage.input.Add([&input, combo, list = info.hwndList, index] { ClickListEntry(input, combo, list, index); });
 }
 
+void PickFile(Stage& stage, const Command& command) {
+    HWND field = FileNameField(stage.front);
+    if (field == nullptr) {
+        FailExpectation("an open-file dialog in front", Quote(TextOf(stage.front)));
+    }
+    std::string path = ExpandText(stage, command.arguments[0].text);
+    // A scenario separates with "/" what not every system's dialog does.
+    std::replace(path.begin(), path.end(), '/', static_cast<char>(std::filesystem::path::preferred_separator));
+    stage.input.Focus(field);
+    stage.input.Add([field] { SelectAll(field); });
+    stage.input.Type(path);
+    stage.input.ClickMiddle(GetDlgItem(stage.front, IDOK));
+}
+
 void Answer(Stage& stage, const Command& command) {
     const std::optional<MessageBoxText> box = ReadMessageBox(stage.front);
     const auto expand = [&](size_t i, const std::string& got) {

@@ -24,6 +24,7 @@ constexpr CommandRow kCommands[] = {
     {"keys", "t", When::DuringRun, Kind::Action, TypeKeys},
     {"press", "p", When::DuringRun, Kind::Action, PressKey},
     {"select", "ne", When::DuringRun, Kind::Action, Select},
+    {"pick", "t", When::DuringRun, Kind::Action, PickFile},
     {"answer", "tt", When::DuringRunOrBox, Kind::Check, Answer},
     {"ok", "", When::DuringRun, Kind::Action, PressOk},
     {"cancel", "", When::DuringRun, Kind::Action, PressCancel},

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <dlgs.h>
 #include <prsht.h>
 
 #include <algorithm>
@@ -147,9 +148,32 @@ std::vector<std::string> TabCaptions(HWND tabControl) {
 }
 
 HWND FindControl(HWND window, int id) {
-    HWND page = CurrentPage(window);
-    HWND control = page != nullptr ? GetDlgItem(page, id) : nullptr;
-    return control != nullptr ? control : GetDlgItem(window, id);
+    std::vector<HWND> dialogs = VisibleChildren(window);
+    std::erase_if(dialogs, [](HWND child) { return ClassOf(child) != kDialogClass; });
+    dialogs.insert(dialogs.begin(), window);
+    if (HWND page = CurrentPage(window)) {
+        dialogs.insert(dialogs.begin(), page);
+    }
+    for (HWND dialog : dialogs) {
+        if (HWND control = GetDlgItem(dialog, id)) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+// The field is an edit of its own, or inside a combo box.
+HWND FileNameField(HWND window) {
+    for (const int id : {edt1, cmb13}) {
+        HWND field = ClassOf(window) == kDialogClass ? GetDlgItem(window, id) : nullptr;
+        while (field != nullptr && ClassOf(field) != "Edit") {
+            field = GetWindow(field, GW_CHILD);
+        }
+        if (field != nullptr) {
+            return field;
+        }
+    }
+    return nullptr;
 }
 
 std::optional<MessageBoxText> ReadMessageBox(HWND window) {

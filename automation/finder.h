@@ -40,8 +40,12 @@ HWND TabControl(HWND window);
 // The captions of the sheet's tabs, in order.
 std::vector<std::string> TabCaptions(HWND tabControl);
 
-// The control with the id: of a sheet first on its current page, then in the sheet itself. Null when there is none.
+// The control with the id: of a sheet first on its current page, then in the window itself and in the dialogs inside
+// it. Null when there is none.
 HWND FindControl(HWND window, int id);
+
+// The edit for the name of the file when the window is an open-file dialog, else null.
+HWND FileNameField(HWND window);
 
 // What a message box says.
 struct MessageBoxText {

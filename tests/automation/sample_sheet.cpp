@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <commdlg.h>
 #include <prsht.h>
 
 #include <array>
@@ -32,6 +33,13 @@ constexpr Item kFirstPage[] = {
     {"", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboClass, 10, 50, 60, 60, kCombo},
     {"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kComboClass, 10, 70, 60, 40, kList},
     {"Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, kButtonClass, 80, 55, 80, 10, kDisabled},
+    {"&Bl\xE4"
+     "ddra",
+     WS_TABSTOP | BS_PUSHBUTTON, kButtonClass, 80, 70, 50, 14, kBrowse},
+};
+
+constexpr Item kBelowFiles[] = {
+    {"Alla", WS_TABSTOP | BS_AUTOCHECKBOX, kButtonClass, 5, 3, 100, 10, kAllFiles},
 };
 
 constexpr Item kSecondPage[] = {
@@ -102,10 +110,35 @@ void FillFirstPage(HWND page) {
     CheckRadioButton(page, kFirstRadio, kSecondRadio, kFirstRadio);
 }
 
+UINT_PTR CALLBACK FileHook(HWND, UINT, WPARAM, LPARAM) {
+    return 0;
+}
+
+void BrowseFiles(HWND page) {
+    const Template below("", kBelowFiles);
+    std::array<char, MAX_PATH> path{};
+    OPENFILENAMEA ofn{};
+    ofn.lStructSize = sizeof(ofn);
+    ofn.hwndOwner = page;
+    ofn.hInstance = reinterpret_cast<HINSTANCE>(const_cast<DLGTEMPLATE*>(below.Get()));
+    ofn.lpstrFilter = "Alla filer\0*.*\0";
+    ofn.lpstrFile = path.data();
+    ofn.nMaxFile = static_cast<DWORD>(path.size());
+    ofn.lpstrTitle = "V\xE4lj fil";
+    ofn.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_ENABLEHOOK | OFN_ENABLETEMPLATEHANDLE;
+    ofn.lpfnHook = FileHook;
+    if (GetOpenFileNameA(&ofn)) {
+        SetDlgItemTextA(page, kName, path.data() + ofn.nFileOffset);
+    }
+}
+
 void OnCommand(HWND page, WORD id, WORD code, Log& log) {
     if (id == kNumber && code == EN_KILLFOCUS && ReadText(page, kNumber).find(',') != std::string::npos) {
         MessageBoxA(page, ", \xE4r ogiltigt!", "Felaktigt f\xE4lt", MB_OK | MB_ICONEXCLAMATION);
         SetFocus(GetDlgItem(page, kNumber));
+    }
+    if (id == kBrowse) {
+        BrowseFiles(page);
     }
     if (id != kCombo && id != kList) {
         return;

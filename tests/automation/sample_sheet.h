@@ -18,6 +18,8 @@ enum Id : WORD {
     kCombo = 1006,  // "alfa", "beta", "gamma", editable
     kList = 1007,   // ten entries, not editable
     kDisabled = 1008,
+    kBrowse = 1009,  // opens a file dialog, which has kAllFiles below it; kName gets the name of the file
+    kAllFiles = 1113,
     kRemark = 2001,
 };
 
