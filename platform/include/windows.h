@@ -5,6 +5,7 @@
 
 #include "tavrikwin/types.h"
 
+#include "tavrikwin/files.h"
 #include "tavrikwin/graphics.h"
 #include "tavrikwin/messages.h"
 #include "tavrikwin/styles.h"
