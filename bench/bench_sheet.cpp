@@ -1,7 +1,9 @@
-// The user's waiting times, in memory: until the sheet is there, for a whole round, and for a key.
+// The user's waiting times, in memory: until the sheet is there, for a whole round, for a key and a tab.
 #include <benchmark/benchmark.h>
 #include <tavrikdisplay.h>
 #include <windows.h>
+
+#include <prsht.h>
 
 #include <chrono>
 #include <string>
@@ -14,7 +16,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kSettings = 110;
-constexpr int kStartX = 1089;
+constexpr int kDescription = 1002;
 constexpr UINT kStep = WM_APP;
 constexpr char kCaption[] = "Bench";
 
@@ -47,7 +49,7 @@ HWND StepWindow() {
 
 HWND FindEdit(HWND sheet) {
     for (HWND child = GetWindow(sheet, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (HWND edit = GetDlgItem(child, kStartX)) {
+        if (HWND edit = GetDlgItem(child, kDescription)) {
             return edit;
         }
     }
@@ -59,14 +61,14 @@ void Fill(CMdb& store) {
     for (int i = 0; i < kSettings - 2; ++i) {
         SetSetting(&store, ("KEY_" + std::to_string(i)).c_str(), "value");
     }
-    SetSetting(&store, "X-COORD", "10");
+    SetSetting(&store, "TITLE_A3", "10");
     SetSetting(&store, "CCT_DIR", "iec617");
 }
 
 int Open(CMdb& store, Step step) {
     g_step = step;
     PostMessageA(StepWindow(), kStep, 0, 0);
-    return Tavrikconfig(nullptr, kCaption, &store, 1, 0, 0);
+    return Tavrikconfig(nullptr, kCaption, &store, 1, 1, 0);
 }
 
 void Press(HWND sheet, int button) {
@@ -126,6 +128,24 @@ void KeyToPaint(benchmark::State& state) {
     });
 }
 BENCHMARK(KeyToPaint)->Unit(benchmark::kMicrosecond);
+
+// From one page to the other, painted; both have been shown before.
+void TabSwitch(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        WPARAM page = 0;
+        SendMessageA(sheet, PSM_SETCURSEL, 1, 0);
+        for (auto _ : *g_keyState) {
+            SendMessageA(sheet, PSM_SETCURSEL, page, 0);
+            RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            page = 1 - page;
+        }
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(TabSwitch)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

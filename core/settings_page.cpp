@@ -235,6 +235,10 @@ void CSettingsPage::CheckAndRecord(const TextRow& row, CWnd& field) {
     }
 }
 
+int CSettingsPage::CheckPlainText(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& /*field*/) {
+    return page.GetSheet()->CheckTextField(text, refocus, "\"", 0);
+}
+
 void CSettingsPage::PickAsTyping(const TextRow& row) {
     SetModifiedByUser();
     StateOf(row).m_bChanged = m_bModifyAllowed;
@@ -311,6 +315,10 @@ void CSettingsPage::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
     if (bitmapId != 0 && bitmap.LoadBitmap(bitmapId)) {
         DrawCentredBitmap(*item, bitmap);
     }
+}
+
+void CSettingsPage::ShowText(UINT control) {
+    SetDlgItemText(static_cast<int>(control), this->*FindRow(m_rows.texts, control)->member);
 }
 
 void CSettingsPage::SelectOrAdd(UINT control, LPCSTR text) {

@@ -27,6 +27,9 @@ public:
     BOOL OnApply() override;
     void OnReset() override;
 
+    // The check of a text that may be anything, or nothing, as long as it has no double quote.
+    static int CheckPlainText(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& field);
+
     // Null when the window is gone.
     CSettingsSheet* GetSheet() const { return static_cast<CSettingsSheet*>(GetParent()); }
 
@@ -74,6 +77,8 @@ protected:
     // The bitmap that an owner-drawn control shows in its middle; 0 for none.
     virtual UINT PreviewBitmap(UINT /*control*/) const { return 0; }
 
+    // Shows the member of a text row. The control notifies of it as of typing.
+    void ShowText(UINT control);
     // Selects the entry of a combo box that begins with the text, letter case aside, the first one last; where there is
     // none the text is added. An empty text begins nothing, so it is always added.
     void SelectOrAdd(UINT control, LPCSTR text);

@@ -67,6 +67,8 @@ INT_PTR projdescr::DoModal() {
     while (GetPageCount() > 0) {
         RemovePage(0);
     }
+    AddLoadedPage(m_pageProject);
+    m_pageProject.m_bOptionalPages = m_bOptionalPages;
     AddLoadedPage(m_pageCircuit);
     if (m_bOptionalPages != 0) {
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
@@ -90,6 +92,12 @@ BOOL projdescr::OnInitDialog() {
     cancel->SetWindowText(caption);
     SetWindowPos(&wndTopMost, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
     return result;
+}
+
+BOOL projdescr::OnCommand(WPARAM wParam, LPARAM lParam) {
+    m_pageProject.m_nIdleSecond = m_pageProject.m_nIdleFirst;
+    m_pageProject.m_nIdleFirst = 1;
+    return CSettingsSheet::OnCommand(wParam, lParam);
 }
 
 int projdescr::OnCreate(LPCREATESTRUCT createStruct) {

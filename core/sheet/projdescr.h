@@ -3,6 +3,7 @@
 
 #include "core/settings_sheet.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/project/dlgprojdef.h"
 
 class projdescr : public CSettingsSheet {
     DECLARE_DYNAMIC(projdescr)
@@ -20,6 +21,7 @@ public:
     BOOL OnInitDialog() override;
 
 protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     afx_msg int OnCreate(LPCREATESTRUCT createStruct);
 
 private:
@@ -27,6 +29,7 @@ private:
     void AddLoadedPage(CSettingsPage& page);
 
     dlgcircuit m_pageCircuit;
+    dlgprojdef m_pageProject;
     // The application's name as it was before the sheet replaced it.
     CString m_strSavedAppName;
 };

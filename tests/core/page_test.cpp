@@ -5,6 +5,7 @@
 
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/project/dlgprojdef.h"
 #include "resources/resource.h"
 #include "tests/core/box_answerer.h"
 
@@ -154,6 +155,12 @@ protected:
 
 TEST_F(RowWalk, General) {
     dlgcircuit page;
+    Walk(page);
+}
+
+TEST_F(RowWalk, ProjectDescription) {
+    dlgprojdef page;
+    page.m_bOptionalPages = 1;
     Walk(page);
 }
 

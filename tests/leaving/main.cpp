@@ -188,6 +188,11 @@ private:
     void Enter() {
         m_driver.OnProgress();
         m_sheet = m_sheet != nullptr ? m_sheet : automation::FrontWindow();
+        if (GetCapture() != nullptr) {
+            // The list of the field before is still open; it would take the click on a tab for one beside it.
+            m_input.Press(*automation::ParseKey("ESC"));
+            return;
+        }
         Look();
         if (Current().way.goes == Goes::OtherPage && automation::TabCaptions(Tabs()).size() < 2) {
             return Finish();

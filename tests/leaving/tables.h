@@ -18,6 +18,7 @@ struct Page {
 
 inline constexpr Page kGeneral{"Allmänt", IDC_START_Y, IDC_CAPITAL_DESIGNATIONS, IDC_MARKING_A2_A1,
                                IDC_SYMBOL_STANDARD};
+inline constexpr Page kProject{"Projektbeskrivning", IDC_DESCRIPTION_2, 0, 0, IDC_SHEET_ATTRIBUTE};
 
 // A text that the user types, and the box that refuses it; without a box it is taken.
 struct Text {
@@ -35,8 +36,11 @@ struct Field {
 };
 
 inline constexpr const char* kEmpty = "Textsträngen kan inte vara tom!";
+inline constexpr const char* kQuote = "\"är ogiltigt!";
 
 inline const std::vector<Field> kFields = {
+    {kProject, IDC_DESCRIPTION_1, "TITLE_A3", "before", "mended", {{"a\"b", kQuote}, {""}, {"text"}}},
+    {kProject, IDC_SHEET_ATTRIBUTE, "COMMENT_TAG", "D3", "E", {{"D\"", kQuote}, {"X9"}}},
     {kGeneral, IDC_START_X, "X-COORD", "1;2", "3", {{"12,5", ",är ogiltigt!"}, {"", kEmpty}, {"12.5"}}},
     // Nothing but digits can be typed here.
     {kGeneral, IDC_CROSS_DISTANCE, "CROSS_DIST", "1;2", "3", {{"", kEmpty}, {"25"}}},

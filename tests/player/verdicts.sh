@@ -7,7 +7,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 printf 'records 0\nopen\ncancel\nresult 0\n' >"$folder/passing.scn"
 printf 'records 1\nrecords 0\n' >"$folder/failing.scn"
-printf 'open\nexpect tab "Allmänt"\n' >"$folder/open.scn"
+printf 'open\nexpect caption "Inställningar"\n' >"$folder/open.scn"
 printf 'open\nfly\nclick x\ncancel\n' >"$folder/malformed.scn"
 
 # expect STATUS PLAYER FILE...: compares what is said with the standard input.
