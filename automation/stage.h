@@ -7,8 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "automation/host_access.h"
 #include "automation/input.h"
-#include "automation/player.h"
+#include "automation/scenario.h"
 
 namespace automation {
 

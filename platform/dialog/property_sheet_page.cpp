@@ -1,4 +1,4 @@
-// Page handles. Header titles and icons of pages are left out.
+// Page handles. Titles and icons of pages are left out; a page's caption is its template's.
 #include "platform/dialog/property_sheet_page.h"
 
 #include <windows.h>
@@ -52,10 +52,6 @@ HPROPSHEETPAGE CreatePropertySheetPageA(LPCPROPSHEETPAGEA page) {
     auto made = std::make_unique<_PSP>();
     std::memcpy(&made->info, page, std::min<std::size_t>(page->dwSize, sizeof made->info));
     made->info.dwSize = sizeof made->info;
-    if ((page->dwFlags & PSP_USETITLE) != 0) {
-        made->title = platform::sheetText(page->hInstance, page->pszTitle);
-        made->info.pszTitle = made->title.c_str();
-    }
     if ((page->dwFlags & PSP_DLGINDIRECT) == 0 && !IS_INTRESOURCE(page->pszTemplate)) {
         made->templateName = page->pszTemplate;
         made->info.pszTemplate = made->templateName.c_str();

@@ -11,7 +11,6 @@
 // What a page handle points to. Owned by the caller of CreatePropertySheetPageA until a sheet takes the page over.
 struct _PSP {
     PROPSHEETPAGEA info{};     // The caller's structure; its texts point into the members below.
-    std::string title;         // Code page 1252; empty without PSP_USETITLE.
     std::string templateName;  // Empty when the template is named by a number, or given in memory.
 };
 

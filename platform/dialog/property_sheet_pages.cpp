@@ -19,7 +19,7 @@ bool PropertySheet::takePage(HPROPSHEETPAGE page) {
     }
     Slot slot;
     slot.page = page;
-    slot.caption = (page->info.dwFlags & PSP_USETITLE) != 0 ? page->title : source->caption;
+    slot.caption = source->caption;
     slot.size = {horizontalPixels(source->width), verticalPixels(source->height)};
     slots_.push_back(std::move(slot));
     return true;
