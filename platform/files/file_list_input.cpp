@@ -2,7 +2,7 @@
 #include "platform/controls/control_base.h"
 #include "platform/files/file_list.h"
 #include "platform/files/file_list_parts.h"
-#include "platform/resources/code_page.h"
+#include "platform/files/file_path.h"
 
 #include <algorithm>
 
@@ -16,12 +16,6 @@ constexpr DWORD kTypingPauseMs = 1000;  // A longer one begins a new name.
 
 POINT pointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-}
-
-bool beginsWith(const std::string& text, const std::string& prefix) {
-    return text.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), text.begin(), [](char a, char b) {
-               return codePageUpper(a) == codePageUpper(b);
-           });
 }
 
 }  // namespace

@@ -130,6 +130,11 @@ void FileList::paint(HDC dc) {
     if (rowCount() == 0) {
         paintNote(dc, rest);
     }
+    // The first key selects the first row in sight.
+    if (focused_ && !selected_) {
+        const RECT first = rowRect(top_);
+        DrawFocusRect(dc, &first);
+    }
     bar_.paint(dc);
     if (!allKnown) {
         readOn();
@@ -176,7 +181,8 @@ void FileList::paintRow(HDC dc, int row) const {
     FillRect(dc, &rect, GetSysColorBrush(back));
     drawFilePicture(dc, {rect.left + 2, rect.top + (rowHeight_ - kPictureSize) / 2}, entry.isFolder);
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(selected && focused_ ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    const int plain = entry.isNameable ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT;
+    SetTextColor(dc, GetSysColor(selected && focused_ ? COLOR_HIGHLIGHTTEXT : plain));
     const auto cell = [&](Column column) {
         RECT text = headRect(column);
         text.left += column == Column::Name ? kPictureSize + kCellPadding : kCellPadding;
@@ -203,7 +209,7 @@ void FileList::paintNote(HDC dc, RECT rest) const {
                                                         : "Mappen \xE4r tom.";
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
-    rest.top += kCellPadding;
+    rest.top += rowHeight_;  // The first row has room for the focus.
     rest.bottom = std::min(rest.bottom, rest.top + rowHeight_);
     drawText(dc, note, rest, DT_CENTER);
 }

@@ -110,6 +110,12 @@ bool matchesPattern(std::string_view name, std::string_view pattern) {
     return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
+bool beginsWith(std::string_view name, std::string_view prefix) {
+    return name.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), name.begin(), [](char a, char b) {
+               return codePageUpper(a) == codePageUpper(b);
+           });
+}
+
 std::vector<std::string> splitPatterns(std::string_view patterns) {
     std::vector<std::string> parts;
     for (std::size_t at = 0; at <= patterns.size();) {

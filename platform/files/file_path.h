@@ -26,9 +26,10 @@ bool endsWithSeparator(std::string_view path);
 // Without blanks around it and without quotation marks.
 std::string trimmedName(std::string_view typed);
 
-// "*" and "?" in code page 1252, letters of either case alike; "*.*" fits all names.
+// Names in code page 1252, letters of either case alike. A pattern has "*" and "?"; "*.*" fits all names.
 bool hasWildcard(std::string_view name);
 bool matchesPattern(std::string_view name, std::string_view pattern);
+bool beginsWith(std::string_view name, std::string_view prefix);
 // The parts of "*.tds;*.rds".
 std::vector<std::string> splitPatterns(std::string_view patterns);
 

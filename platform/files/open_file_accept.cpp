@@ -1,5 +1,6 @@
 // From a typed or picked name to the answer of the open-file dialog.
 #include "platform/controls/control_base.h"
+#include "platform/dialog/dialog_state.h"
 #include "platform/files/file_path.h"
 #include "platform/files/open_file_dialog.h"
 #include "platform/files/open_file_parts.h"
@@ -31,10 +32,6 @@ bool isRegularFile(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool beginsWith(const std::string& text, const std::string& prefix) {
-    return text.size() >= prefix.size() && lstrcmpiA(text.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
-}
-
 std::string quoted(const std::string& text) {
     return "\"" + text + "\"";
 }
@@ -44,8 +41,9 @@ std::string quoted(const std::string& text) {
 void OpenFileDialog::complain(const std::string& text) {
     HWND dialog = window_;
     MessageBoxA(dialog, text.c_str(), title().c_str(), MB_OK | MB_ICONEXCLAMATION);
-    if (IsWindow(dialog)) {
-        SendDlgItemMessageA(dialog, edt1, EM_SETSEL, 0, -1);
+    // Back to where the fault can be mended: the list when it came from there, else the name.
+    if (IsWindow(dialog) && GetFocus() != item(lst1)) {
+        focusControl(item(edt1));
     }
 }
 

@@ -131,6 +131,9 @@ INT_PTR OpenFileDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case CDM_SETCONTROLTEXT:
             SetDlgItemTextA(window_, static_cast<int>(wParam), reinterpret_cast<LPCSTR>(lParam));
             return TRUE;
+        case kPlacePicked:
+            onPlacePicked();
+            return TRUE;
         case WM_DESTROY:
             name_.reset();
             return FALSE;
@@ -267,7 +270,7 @@ bool OpenFileDialog::onWmCommand(int id, UINT code) {
             return true;
         case cmb2:
             if (code == CBN_SELENDOK) {
-                onPlacePicked();
+                PostMessageA(window_, kPlacePicked, 0, 0);
             }
             return true;
         case lst1:

@@ -63,6 +63,7 @@ private:
     void goUp();
     void reread();
     void showPlaces();
+    void enablePlaceButton(int id, bool enable);
     void onPlacePicked();
 
     // The name. Typed text is code page 1252.

@@ -89,7 +89,7 @@ std::string OpenFileDialog::startFolder(std::string& name) const {
     name = file.substr(nameAt);
     for (const std::string& given :
          {file.substr(0, nameAt), std::string(ofn_.lpstrInitialDir != nullptr ? ofn_.lpstrInitialDir : "")}) {
-        const std::string folder = resolvePath(codePageToUtf8(given), currentFolder(), homeFolder());
+        std::string folder = resolvePath(codePageToUtf8(given), currentFolder(), homeFolder());
         if (!given.empty() && isReadableFolder(folder)) {
             return folder;
         }
@@ -172,8 +172,16 @@ void OpenFileDialog::showPlaces() {
         SendDlgItemMessageA(window_, cmb2, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
     SendDlgItemMessageA(window_, cmb2, CB_SETCURSEL, current, 0);
-    EnableWindow(item(kUpButtonId), folder_ != "/");
-    EnableWindow(item(kHomeButtonId), folder_ != homeFolder());
+    enablePlaceButton(kUpButtonId, folder_ != "/");
+    enablePlaceButton(kHomeButtonId, folder_ != homeFolder());
+}
+
+// A button that has led to where it leads no further hands the focus on.
+void OpenFileDialog::enablePlaceButton(int id, bool enable) {
+    if (!enable && GetFocus() == item(id)) {
+        SendMessageA(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item(lst1)), TRUE);
+    }
+    EnableWindow(item(id), enable);
 }
 
 void OpenFileDialog::onPlacePicked() {

@@ -1,6 +1,8 @@
 // What the parts of the open-file dialog share.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 namespace platform {
@@ -8,6 +10,8 @@ namespace platform {
 // Buttons beside the documented controls.
 constexpr int kUpButtonId = 0x04F1;
 constexpr int kHomeButtonId = 0x04F2;
+// Posted by the dialog to itself: a folder has been picked in the drop-down list, which has closed since.
+constexpr UINT kPlacePicked = WM_APP + 1;
 
 // The user's home folder and the current one, as the file system has them.
 std::string homeFolder();
