@@ -39,7 +39,7 @@ HWND MakeOwner() {
 }
 
 std::filesystem::path MakeFolder(int files) {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavrik-bench";
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / "tavrik-bench";
     std::filesystem::create_directories(folder);
     for (int i = 0; i < files; ++i) {
         std::ofstream(folder / ("kraftcentral " + std::to_string(i) + ".tds"));

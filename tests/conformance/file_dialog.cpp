@@ -68,9 +68,9 @@ struct Step {
 struct Case {
     const char* what;
     std::vector<Step> steps;
-    DWORD flags = 0;
     const char* defaultExtension = nullptr;
     const char* file = "";  // What lpstrFile holds before.
+    DWORD flags = 0;
     DWORD bufferSize = MAX_PATH;
     int refusals = 0;          // How often the hook refuses a file.
     bool startInMapp = false;  // The initial folder is the inner one.
@@ -84,34 +84,29 @@ const Case kCases[] = {
     {"a typed name", {{Do::CheckBox}, {Do::Type, "alfa.tds"}, {Do::Ok}}},
     {"cancel", {{Do::Type, "alfa.tds"}, {Do::Cancel}}},
     {"Esc", {{Do::Escape}}},
-    {"default extension", {{Do::Type, "alfa"}, {Do::Ok}}, 0, "tds"},
-    {"default extension, a file without one", {{Do::Type, "utan"}, {Do::Ok}}, 0, "tds"},
-    {"another extension than the default", {{Do::Type, "ny.xyz"}, {Do::Ok}}, 0, "tds"},
-    {"a dot at the end", {{Do::Type, "ny."}, {Do::Ok}}, 0, "tds"},
+    {"default extension", {{Do::Type, "alfa"}, {Do::Ok}}, "tds"},
+    {"default extension, a file without one", {{Do::Type, "utan"}, {Do::Ok}}, "tds"},
+    {"another extension than the default", {{Do::Type, "ny.xyz"}, {Do::Ok}}, "tds"},
+    {"a dot at the end", {{Do::Type, "ny."}, {Do::Ok}}, "tds"},
     {"no extension", {{Do::Type, "ny"}, {Do::Ok}}},
     {"quotation marks", {{Do::Type, "\"alfa.tds\""}, {Do::Ok}}},
     {"a missing file", {{Do::Type, "saknas.tds"}, {Do::Ok}}},
     {"a missing folder", {{Do::Type, "nix\\alfa.tds"}, {Do::Ok}}},
-    {"a missing file that must exist",
-     {{Do::Type, "saknas.tds"}, {Do::Ok}, {Do::Type, "alfa.tds"}, {Do::Ok}},
-     OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST},
-    {"a missing folder that must exist",
-     {{Do::Type, "nix\\alfa.tds"}, {Do::Ok}, {Do::Cancel}},
-     OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST},
-    {"refused once", {{Do::Type, "alfa.tds"}, {Do::Ok}, {Do::Ok}}, 0, nullptr, "", MAX_PATH, 1},
+    {.what = "a missing file that must exist",
+     .steps = {{Do::Type, "saknas.tds"}, {Do::Ok}, {Do::Type, "alfa.tds"}, {Do::Ok}},
+     .flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST},
+    {.what = "a missing folder that must exist",
+     .steps = {{Do::Type, "nix\\alfa.tds"}, {Do::Ok}, {Do::Cancel}},
+     .flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST},
+    {.what = "refused once", .steps = {{Do::Type, "alfa.tds"}, {Do::Ok}, {Do::Ok}}, .refusals = 1},
     {"a folder, then a file", {{Do::Type, "mapp"}, {Do::Ok}, {Do::Type, "inre.tds"}, {Do::Ok}}},
     {"a folder with a file", {{Do::Type, "mapp\\inre.tds"}, {Do::Ok}}},
-    {"the folder above",
-     {{Do::Type, ".."}, {Do::Ok}, {Do::Type, "alfa.tds"}, {Do::Ok}},
-     0,
-     nullptr,
-     "",
-     MAX_PATH,
-     0,
-     true},
+    {.what = "the folder above",
+     .steps = {{Do::Type, ".."}, {Do::Ok}, {Do::Type, "alfa.tds"}, {Do::Ok}},
+     .startInMapp = true},
     {"a pattern", {{Do::Type, "*.txt"}, {Do::Ok}, kHome, kDown, {Do::Ok}}},
-    {"small buffer", {{Do::Type, "alfa.tds"}, {Do::Ok}}, 0, nullptr, "", 8},
-    {"a name given before", {{Do::Ok}}, 0, nullptr, "gamma.tds"},
+    {.what = "small buffer", .steps = {{Do::Type, "alfa.tds"}, {Do::Ok}}, .bufferSize = 8},
+    {.what = "a name given before", .steps = {{Do::Ok}}, .file = "gamma.tds"},
     {"picked in the list", {kHome, kDown, kDown, {Do::Ok}}},
     {"a folder picked in the list", {kHome, kEnter, kHome, {Do::ListKey, "Up", VK_UP}, kEnter}},
     {"another type", {{Do::TypesKey, "Down", VK_DOWN}, kHome, kDown, kDown, {Do::Ok}}},
@@ -301,7 +296,7 @@ void play(Trace& trace, HWND owner, const ScratchTree& scratch, const Case& sour
     child.add(kButton, kCheckBoxId, "Alla", BS_AUTOCHECKBOX | WS_TABSTOP, 5, 3, 270, 10)
         .add(kStatic, 0xFFFF, "Text", 0, 124, 19, 142, 8);
     std::array<char, MAX_PATH> file{};
-    std::strcpy(file.data(), source.file);
+    std::string(source.file).copy(file.data(), file.size() - 1);
     std::array<char, 64> title{};
     const std::string folder = scratch.path() + (source.startInMapp ? "/mapp" : "");
     OPENFILENAMEA ofn{};
