@@ -78,7 +78,7 @@ struct MessageBoxRun {
 
 DialogTemplate boxTemplate(const MessageBoxRun& run) {
     DialogTemplate box;
-    box.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_NOIDLEMSG | DS_SETFONT;
+    box.style = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_NOIDLEMSG | DS_SETFONT;
     box.caption = run.caption;
     box.pointSize = kFontSize;
     for (const BoxButton& button : run.buttons) {
