@@ -32,16 +32,13 @@ std::vector<HWND> VisibleChildren(HWND window) {
     return children;
 }
 
-// The BS_ value of a button's style; nothing for another control.
-std::optional<LONG> ButtonKind(HWND window) {
-    if (ClassOf(window) != "Button") {
-        return std::nullopt;
-    }
-    return GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK;
+// The BS_ value of a button's style; that of a mere frame for another control.
+LONG ButtonKind(HWND window) {
+    return ClassOf(window) == "Button" ? GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK : BS_GROUPBOX;
 }
 
 bool IsPushButton(HWND window) {
-    const std::optional<LONG> kind = ButtonKind(window);
+    const LONG kind = ButtonKind(window);
     return kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON;
 }
 
@@ -105,7 +102,7 @@ bool HasFocus(HWND control) {
 }
 
 bool HoldsCheck(HWND control) {
-    const std::optional<LONG> kind = ButtonKind(control);
+    const LONG kind = ButtonKind(control);
     return kind >= BS_CHECKBOX && kind <= BS_AUTORADIOBUTTON && kind != BS_GROUPBOX;
 }
 

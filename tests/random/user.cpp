@@ -19,7 +19,7 @@ using Kind = SeenControl::Kind;
 
 constexpr int kMostRecords = 12;
 constexpr int kFewestActions = 5;
-constexpr int kMoreActions = 20;
+constexpr int kMoreActions = 16;
 constexpr int kGentleAttempts = 4;
 constexpr int kMostAttempts = 20;
 constexpr int kAnyFocus = 0;
@@ -293,7 +293,7 @@ std::string RandomUser::PressKey() {
         return (row.where & where) != 0 && isSafe && (row.works == nullptr || row.works(m_view));
     };
     const KeyHabit* habit = PickByWeight(kKeyHabits, Below(SumOfWeights(kKeyHabits, counts)), counts);
-    const std::string command = std::string("press ") + habit->key;
+    std::string command = std::string("press ") + habit->key;
     if (habit->isAccepting) {
         // Systems differ in whether the key accepts what is picked; Enter then accepts it on all of them.
         const int combo = m_view.Focused()->id;
