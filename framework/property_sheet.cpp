@@ -170,7 +170,26 @@ BOOL CPropertySheet::OnInitDialog() {
 BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
     const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
-    return (isKey || isMouse) && SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(message)) != 0;
+    if ((!isKey && !isMouse) || SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(message)) == 0) {
+        return FALSE;
+    }
+    if (m_hWnd != nullptr) {
+        TakeFocusFromHiddenPage();
+    }
+    return TRUE;
+}
+
+// Not every system moves the focus along when a key changes the page: what is typed next would go to a hidden field.
+void CPropertySheet::TakeFocusFromHiddenPage() {
+    const HWND focus = ::GetFocus();
+    if (!IsWindowVisible() || focus == nullptr || !::IsChild(m_hWnd, focus) || ::IsWindowVisible(focus)) {
+        return;
+    }
+    const HWND page = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
+    const HWND first = page != nullptr ? ::GetNextDlgTabItem(page, nullptr, FALSE) : nullptr;
+    if (first != nullptr) {
+        ::SendMessageA(page, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
+    }
 }
 
 BOOL CPropertySheet::OnCommand(WPARAM wParam, LPARAM lParam) {

@@ -61,6 +61,7 @@ protected:
 
 private:
     CPropertySheet(CWnd* parent, UINT firstPage);
+    void TakeFocusFromHiddenPage();
     HWND CreateSheet(HWND owner);
 
     std::vector<CPropertyPage*> m_pages;
