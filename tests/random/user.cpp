@@ -24,6 +24,8 @@ constexpr int kGentleAttempts = 4;
 constexpr int kMostAttempts = 20;
 constexpr int kAnyFocus = 0;
 
+constexpr const char* kFileDialogEndings[] = {"cancel", "close", "press ESC"};
+
 bool IsClosing(const SeenControl& control) {
     return control.id == IDOK || control.id == IDCANCEL;
 }
@@ -116,7 +118,7 @@ std::optional<automation::Command> RandomUser::Next() {
         return std::nullopt;
     }
     m_trace << line << "\n" << std::flush;  // It may be the last one that the library survives.
-    m_bStep = m_view.hasWindow;
+    m_bStep = m_view.front != View::Front::None;
     automation::Scenario scenario = automation::ParseScenario("chosen", line, automation::ShapeOfCommand);
     if (!scenario.errors.empty()) {
         throw std::logic_error(scenario.errors.front());
@@ -132,7 +134,7 @@ void RandomUser::Observe() {
     m_view.caret = m_plan.empty() ? m_view.caret : std::nullopt;
     const std::vector<std::string> lines = DescribeView(m_view);
     const bool isSame =
-        m_view.hasWindow == before.hasWindow && m_view.box == before.box && (lines.empty() || lines == m_described);
+        m_view.front == before.front && m_view.box == before.box && (lines.empty() || lines == m_described);
     m_steps.played += m_bStep ? 1 : 0;
     m_steps.didSomething += m_bStep && !isSame ? 1 : 0;
     for (const std::string& line : lines) {
@@ -140,7 +142,7 @@ void RandomUser::Observe() {
             m_trace << line << "\n";
         }
     }
-    if (!m_view.hasWindow) {
+    if (m_view.front == View::Front::None) {
         m_described.clear();
     } else if (!lines.empty()) {
         m_described = lines;
@@ -161,13 +163,17 @@ void RandomUser::OnReturned(int result) {
 }
 
 std::string RandomUser::Choose() {
-    if (!m_view.hasWindow) {
-        return ChooseBetweenRuns();
-    }
-    if (m_view.box) {
-        m_plan.clear();
-        m_bCorrects = Below(3) > 0;
-        return "answer " + Quote(m_view.box->caption) + " " + Quote(m_view.box->text);
+    switch (m_view.front) {
+        case View::Front::None:
+            return ChooseBetweenRuns();
+        case View::Front::MessageBox:
+            m_plan.clear();
+            m_bCorrects = Below(3) > 0;
+            return "answer " + Quote(m_view.box->caption) + " " + Quote(m_view.box->text);
+        case View::Front::FileDialog:
+            return Pick(kFileDialogEndings);
+        case View::Front::Dialog:
+            break;
     }
     if (!m_plan.empty()) {
         const Planned planned = m_plan.front();

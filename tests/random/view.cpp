@@ -123,9 +123,12 @@ void DescribeControl(const SeenControl& control, std::vector<std::string>& lines
 View Look() {
     View view;
     HWND front = automation::FrontWindow();
-    view.hasWindow = front != nullptr;
     view.box = automation::ReadMessageBox(front);
-    if (!view.hasWindow || view.box) {
+    view.front = front == nullptr                              ? View::Front::None
+                 : view.box                                    ? View::Front::MessageBox
+                 : automation::FileNameField(front) != nullptr ? View::Front::FileDialog
+                                                               : View::Front::Dialog;
+    if (view.front != View::Front::Dialog) {
         return view;
     }
     if (HWND tabs = automation::TabControl(front)) {
@@ -157,7 +160,7 @@ View Look() {
 
 std::vector<std::string> DescribeView(const View& view) {
     std::vector<std::string> lines;
-    if (!view.hasWindow || view.box) {
+    if (view.front != View::Front::Dialog) {
         return lines;
     }
     if (view.tab >= 0) {

@@ -38,8 +38,12 @@ struct Caret {
 };
 
 struct View {
-    bool hasWindow = false;
-    std::optional<automation::MessageBoxText> box;  // then nothing else is seen
+    // What is in front. Of a message box nothing but its text is seen, and of a file dialog nothing at all: it shows
+    // the system's own folders.
+    enum class Front { None, Dialog, FileDialog, MessageBox };
+
+    Front front = Front::None;
+    std::optional<automation::MessageBoxText> box;
     std::vector<std::string> tabs;
     int tab = -1;
     std::vector<SeenControl> controls;  // those with a number of their own, by number
@@ -55,7 +59,7 @@ struct View {
 
 View Look();
 
-// The view as the lines of a scenario that expect it, and comments for what no check sees. Empty without a window.
+// A dialog as the lines of a scenario that expect it, and comments for what no check sees. Nothing for all else.
 std::vector<std::string> DescribeView(const View& view);
 
 }  // namespace random_user
