@@ -3,6 +3,7 @@
 
 #include "platform/controls/combo_parts.h"
 #include "platform/controls/control_base.h"
+#include "platform/controls/edit_text.h"
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
@@ -22,11 +23,12 @@ struct ForwardedMessage {
 
 // Answered by the list with the same parameters.
 constexpr ForwardedMessage kListMessages[] = {
-    {CB_ADDSTRING, LB_ADDSTRING},     {CB_INSERTSTRING, LB_INSERTSTRING}, {CB_DELETESTRING, LB_DELETESTRING},
-    {CB_GETCOUNT, LB_GETCOUNT},       {CB_GETCURSEL, LB_GETCURSEL},       {CB_GETLBTEXT, LB_GETTEXT},
-    {CB_GETLBTEXTLEN, LB_GETTEXTLEN}, {CB_FINDSTRING, LB_FINDSTRING},     {CB_FINDSTRINGEXACT, LB_FINDSTRINGEXACT},
-    {CB_GETITEMDATA, LB_GETITEMDATA}, {CB_SETITEMDATA, LB_SETITEMDATA},   {CB_GETTOPINDEX, LB_GETTOPINDEX},
-    {CB_SETTOPINDEX, LB_SETTOPINDEX},
+    {CB_INSERTSTRING, LB_INSERTSTRING}, {CB_DELETESTRING, LB_DELETESTRING},
+    {CB_GETCOUNT, LB_GETCOUNT},         {CB_GETCURSEL, LB_GETCURSEL},
+    {CB_GETLBTEXT, LB_GETTEXT},         {CB_GETLBTEXTLEN, LB_GETTEXTLEN},
+    {CB_FINDSTRING, LB_FINDSTRING},     {CB_FINDSTRINGEXACT, LB_FINDSTRINGEXACT},
+    {CB_GETITEMDATA, LB_GETITEMDATA},   {CB_SETITEMDATA, LB_SETITEMDATA},
+    {CB_GETTOPINDEX, LB_GETTOPINDEX},   {CB_SETTOPINDEX, LB_SETTOPINDEX},
 };
 
 struct StylePair {
@@ -144,10 +146,26 @@ bool ComboBox::onForwarded(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
     return false;
 }
 
+// What is added gets the case that the field has; what is inserted or searched for does not, as observed.
+LRESULT ComboBox::onCbAddString(LPARAM entry) const {
+    const LetterCase letterCase = has(CBS_UPPERCASE)   ? LetterCase::Upper
+                                  : has(CBS_LOWERCASE) ? LetterCase::Lower
+                                                       : LetterCase::AsTyped;
+    const bool isText = !has(CBS_OWNERDRAWFIXED) || has(CBS_HASSTRINGS);
+    if (!isText || entry == 0 || letterCase == LetterCase::AsTyped) {
+        return askList(LB_ADDSTRING, 0, entry);
+    }
+    const std::string text = withCase(reinterpret_cast<LPCSTR>(entry), letterCase);
+    return askList(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 // The other messages of combo boxes. False for any other.
 bool ComboBox::onComboMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     const int index = static_cast<int>(wParam);
     switch (message) {
+        case CB_ADDSTRING:
+            result = onCbAddString(lParam);
+            return true;
         case CB_SETCURSEL:
             result = onCbSetCurSel(index);
             return true;

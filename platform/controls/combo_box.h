@@ -46,6 +46,7 @@ private:
     LRESULT onWmDrawItem(DRAWITEMSTRUCT& draw);
     LRESULT onWmMeasureItem(MEASUREITEMSTRUCT& measure);
 
+    LRESULT onCbAddString(LPARAM entry) const;
     LRESULT onCbSetCurSel(int index);
     LRESULT onCbSelectString(int after, LPCSTR text);
     LRESULT onCbResetContent();

@@ -266,6 +266,18 @@ void traceComboKeys(Trace& trace) {
     }
 }
 
+void traceLetterCase(Trace& trace) {
+    for (const auto style : {CBS_UPPERCASE, CBS_LOWERCASE}) {
+        trace.section(style == CBS_UPPERCASE ? "entries in upper case" : "entries in lower case");
+        ComboStage stage(trace, static_cast<DWORD>(CBS_DROPDOWN | style));
+        stage.run({"add", CB_ADDSTRING, 0, 0, "\xC5 \xE5"});
+        stage.run({"insert", CB_INSERTSTRING, 0, 0, "\xD6 \xF6"});
+        for (const char* text : {"\xC5 \xC5", "\xE5 \xE5", "\xD6 \xD6", "\xF6 \xF6"}) {
+            stage.run({"find", CB_FINDSTRING, static_cast<WPARAM>(-1), 0, text});
+        }
+    }
+}
+
 // Ways to end a pick in the open list.
 struct PickEnding {
     const char* name;
@@ -492,6 +504,7 @@ void traceCombos(Trace& trace) {
         }
     }
     traceComboKeys(trace);
+    traceLetterCase(trace);
     tracePicks(trace, "combo picks", kPickEndings);
     tracePicks(trace, "combo picks ended by an accepting key", kAcceptingKeys);
     traceComboFocus(trace);
