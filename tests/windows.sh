@@ -10,7 +10,7 @@ if step "build, 64-bit Windows" build_preset win64; then
         step "scripted user under Wine" tests/play.sh build/win64/bin/sampleplayer.exe tests/automation/sample.scn
         step "verdicts of the player under Wine" tests/player/verdicts.sh build/win64/bin/tavrikplayer.exe
         step "scenarios under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/scenarios/*.scn
-        step "fields left under Wine" wine build/win64/bin/tavrikleaving.exe
+        step "fields left under Wine" tests/leaving/wine.sh
         step "dialog templates under Wine" wine build/win64/bin/tavriktemplates.exe
         step "conformance of the window layer" tests/conformance/compare.sh
         step "random user, native against Wine" tests/random/compare.sh "$seeds"

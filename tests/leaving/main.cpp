@@ -71,8 +71,11 @@ bool IsWay(const Way& way, const Field& field) {
            });
 }
 
-// All cells whose names contain the text, those of a way one after the other.
-std::vector<Cell> CellsNamed(const std::string& part) {
+// Every second way, from the first or the second on, where two desktops share the work.
+enum class Ways { All, Even, Odd };
+
+// The cells of some ways whose names contain the text, those of a way one after the other.
+std::vector<Cell> CellsNamed(const std::string& part, Ways ways) {
     static const Text unchanged{nullptr};
     std::vector<Cell> cells;
     const auto add = [&](const Cell& cell) {
@@ -80,7 +83,11 @@ std::vector<Cell> CellsNamed(const std::string& part) {
             cells.push_back(cell);
         }
     };
-    for (const Way& way : kWays) {
+    for (size_t i = 0; i < kWays.size(); ++i) {
+        if (ways != Ways::All && i % 2 != (ways == Ways::Even ? 0 : 1)) {
+            continue;
+        }
+        const Way& way = kWays[i];
         for (const Field& field : kFields) {
             if (way.goes != Goes::Cancels) {
                 add({field, unchanged, way});
@@ -434,7 +441,7 @@ private:
 
 }  // namespace
 
-// With an argument only the cells whose names contain it are played.
+// With the argument --even or --odd half of the ways are played, with any other only the cells whose names contain it.
 int main(int argc, char** argv) {
     host::UseUtf8Console();
     const std::vector<std::string> arguments = host::CommandLineArguments(argc, argv);
@@ -443,7 +450,9 @@ int main(int argc, char** argv) {
         if (!host::ChooseDisplay(host::Display::Memory)) {
             throw std::runtime_error("there is no display");
         }
-        const std::vector<Cell> cells = CellsNamed(arguments.empty() ? "" : arguments.front());
+        const std::string argument = arguments.empty() ? "" : arguments.front();
+        const Ways ways = argument == "--even" ? Ways::Even : argument == "--odd" ? Ways::Odd : Ways::All;
+        const std::vector<Cell> cells = CellsNamed(ways == Ways::All ? argument : "", ways);
         return Leaver(exported, cells).Play() ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const std::exception& error) {
         std::cerr << "tavrikleaving: " << error.what() << "\n";
