@@ -58,11 +58,11 @@ void EditText::replaceSelection(std::string_view insertion, bool undoable) {
     const int start = selectionStart();
     const int end = selectionEnd();
     const int count = static_cast<int>(insertion.size());
-    if (!undoable) {
-        forgetUndo();
-    } else {
+    if (undoable) {
         rememberRemoval(start, end);
         rememberInsertion(start, count);
+    } else if (start != end || count > 0) {
+        forgetUndo();
     }
     text_.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start), insertion);
     select(start + count, start + count);

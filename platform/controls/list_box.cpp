@@ -431,8 +431,9 @@ LRESULT ListBox::onLbGetText(int index, LPARAM buffer) const {
     return static_cast<LRESULT>(item.text.size());
 }
 
+// While an entry is selected the caret stays there.
 LRESULT ListBox::onLbSetCaretIndex(int index) {
-    if (!items_.has(index)) {
+    if (!items_.has(index) || current_ != kNone) {
         return LB_ERR;
     }
     invalidateRow(caret_);

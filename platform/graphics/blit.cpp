@@ -76,7 +76,7 @@ bool within(SourceRange range, int low, int high) {
 }
 
 // Pixels that the source does not have leave the destination as it was.
-void stretchPart(Surface& to, const Surface& from, const Region* sourceClip, const Stretch& stretch, const RECT& part) {
+void stretchPart(Surface& to, const Surface& from, const Stretch& stretch, const RECT& part) {
     struct Column {
         int x;
         SourceRange source;
@@ -98,9 +98,7 @@ void stretchPart(Surface& to, const Surface& from, const Region* sourceClip, con
         // Of dropped pixels the last of a row and the first of a column remain, as on the system.
         const Pixel* source = from.row(rows.first);
         for (const Column& column : columns) {
-            if (sourceClip == nullptr || sourceClip->contains(column.source.last, rows.first)) {
-                target[column.x] = stretch.combine ? combined(from, column.source, rows) : source[column.source.last];
-            }
+            target[column.x] = stretch.combine ? combined(from, column.source, rows) : source[column.source.last];
         }
     }
 }
@@ -119,8 +117,7 @@ void stretchCopy(DeviceContext& to, DeviceContext& from, const Stretch& stretch)
         std::copy(source->row(0), source->row(source->height()), copy.row(0));
         source = &copy;
     }
-    const Region* sourceClip = from.inMemory() ? nullptr : &from.clip();
-    paintVisible(to, area, [&](const RECT& part) { stretchPart(*to.surface(), *source, sourceClip, stretch, part); });
+    paintVisible(to, area, [&](const RECT& part) { stretchPart(*to.surface(), *source, stretch, part); });
 }
 
 // Moves the rows in the order that leaves an overlapping source intact.
@@ -140,21 +137,16 @@ void copyArea(DeviceContext& to, DeviceContext& from, const RECT& area, int dx, 
     }
     // Several parts of one surface: a part may not overwrite what a later one reads.
     const bool sameSurface = from.surface() == to.surface();
-    Region source(from.surface()->bounds());
-    if (!from.inMemory()) {
-        source.intersect(from.clip());
-    }
-    source.offset(-dx, -dy);
-    source.intersect(area);
-    if (sameSurface && source.rects().size() * to.clip().rects().size() > 1) {
+    RECT readable = from.surface()->bounds();
+    OffsetRect(&readable, -dx, -dy);
+    IntersectRect(&readable, &readable, &area);
+    if (sameSurface && to.clip().rects().size() > 1) {
         const Axis columns = {area.left, area.right - area.left, area.left + dx, area.right - area.left};
         const Axis rows = {area.top, area.bottom - area.top, area.top + dy, area.bottom - area.top};
         stretchCopy(to, from, {columns, rows, false});
         return;
     }
-    for (const RECT& rect : source.rects()) {
-        paintVisible(to, rect, [&](const RECT& part) { copyRows(*to.surface(), *from.surface(), part, dx, dy); });
-    }
+    paintVisible(to, readable, [&](const RECT& part) { copyRows(*to.surface(), *from.surface(), part, dx, dy); });
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ void rememberPopup(Window& top) {
 
 bool canActivate(const Window& window) {
     return window.has(WS_VISIBLE) && !window.has(WS_DISABLED) && !window.isChildStyle() && !window.dying &&
-           !window.hasEx(WS_EX_NOACTIVATE) && isTopLevel(window);
+           isTopLevel(window);
 }
 
 // Takes the activation from the active window. False when it did not let go.
@@ -178,6 +178,11 @@ void activateOther(const Window& leaving) {
     activate(other ? other->handle : nullptr, ActivationCause::Program);
 }
 
+HWND shownPopupOf(HWND window) {
+    const HWND popup = GetLastActivePopup(window);
+    return IsWindowVisible(popup) ? popup : window;
+}
+
 void dropActivationOf(const Window& window) {
     if (g_active == window.handle) {
         g_active = nullptr;
@@ -261,6 +266,5 @@ HWND GetLastActivePopup(HWND window) {
     if (!found) {
         return nullptr;
     }
-    const platform::Window* popup = platform::findWindow(found->top.lastActivePopup);
-    return popup && popup->has(WS_VISIBLE) ? popup->handle : window;
+    return platform::isAlive(found->top.lastActivePopup) ? found->top.lastActivePopup : window;
 }

@@ -14,6 +14,8 @@ enum class ActivationCause { Program, Focus, Click, Server };
 bool activate(HWND top, ActivationCause cause);
 // Gives activation away because the window is hidden or destroyed: to its owner, else to the next window below.
 void activateOther(const Window& leaving);
+// The popup that was active last among those that the window owns, when it can be seen; else the window itself.
+HWND shownPopupOf(HWND window);
 // Forgets a window that is gone.
 void dropActivationOf(const Window& window);
 

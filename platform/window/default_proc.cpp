@@ -125,7 +125,7 @@ void onClickOnDisabled(HWND handle, UINT mouseMessage) {
     MessageBeep(0);
     Window* window = findWindow(handle);
     const Window* top = window ? topLevelOf(*window) : nullptr;
-    const HWND popup = top ? GetLastActivePopup(top->handle) : nullptr;
+    const HWND popup = top ? shownPopupOf(top->handle) : nullptr;
     Window* shown = findWindow(popup);
     if (!top || !shown || popup == top->handle) {
         return;

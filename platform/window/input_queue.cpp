@@ -195,7 +195,7 @@ void onServerFocus(HWND handle) {
         return;
     }
     // The server may give the focus to a window that a modal one has disabled.
-    const HWND popup = top->has(WS_DISABLED) ? GetLastActivePopup(handle) : handle;
+    const HWND popup = top->has(WS_DISABLED) ? shownPopupOf(handle) : handle;
     if (popup != activeWindow()) {
         activate(popup, ActivationCause::Server);
     }

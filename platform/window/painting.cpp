@@ -162,7 +162,7 @@ HDC BeginPaint(HWND window, LPPAINTSTRUCT paint) {
     }
     const platform::Region update = platform::updateOnSurface(*found);
     const bool erase = found->paint.erase;
-    platform::clearPaint(*found);
+    platform::beginPainting(*found);
     *paint = PAINTSTRUCT{};
     paint->hdc = platform::openDc(*found, false, &update);
     if (erase) {

@@ -26,19 +26,9 @@ void paintTree(HWND handle, bool withChildren) {
 
 // Sends WM_PAINT to the window, and to those inside it, that have something to paint.
 void updateNow(HWND handle, bool withChildren) {
-    Window* window = findWindow(handle);
+    const Window* window = findWindow(handle);
     if (!window || !hasPending() || !isShown(*window)) {
         return;
-    }
-    // A parent that draws below its children has to do so before them.
-    HWND first = handle;
-    for (const Window* up = window->parent; up && up->parent; up = up->parent) {
-        if (up->paint.isPending() && !up->has(WS_CLIPCHILDREN)) {
-            first = up->handle;
-        }
-    }
-    if (first != handle) {
-        paintTree(first, false);
     }
     paintTree(handle, withChildren);
     presentAll();

@@ -80,6 +80,27 @@ Window* findPending(Window& window, const MessageFilter& filter) {
     return nullptr;
 }
 
+// Parents that draw below their children must not draw over what a child has just drawn.
+void validateParents(const Window& child) {
+    Region drawn = child.paint.update;
+    for (const Window* inner = &child; inner->parent && inner->parent->parent; inner = inner->parent) {
+        Window& parent = *inner->parent;
+        drawn.offset(inner->rect.left + parent.client.left - parent.rect.left,
+                     inner->rect.top + parent.client.top - parent.rect.top);
+        if (parent.paint.update.isEmpty() || parent.has(WS_CLIPCHILDREN)) {
+            continue;
+        }
+        const bool before = parent.paint.isPending();
+        for (const RECT& rect : drawn.rects()) {
+            parent.paint.update.subtract(rect);
+        }
+        if (parent.paint.update.isEmpty()) {
+            parent.paint.erase = parent.paint.frame = false;
+        }
+        countPending(before, parent.paint.isPending());
+    }
+}
+
 }  // namespace
 
 void invalidate(Window& window, const RECT* rect, UINT flags) {
@@ -117,6 +138,11 @@ void exposeBehind(Window& parent, const RECT& rect) {
     RECT part = rect;
     OffsetRect(&part, parent.client.left - parent.rect.left, parent.client.top - parent.rect.top);
     invalidate(parent, &part, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void beginPainting(Window& window) {
+    validateParents(window);
+    clearPaint(window);
 }
 
 void clearPaint(Window& window) {

@@ -12,6 +12,8 @@ void invalidate(Window& window, const RECT* rect, UINT flags);
 void validate(Window& window, const RECT* rect, UINT flags);
 // What a child that moved, shrank or went has uncovered: parent and siblings.
 void exposeBehind(Window& parent, const RECT& rect);
+// What the window is to paint is about to be drawn: nobody has to paint it any more.
+void beginPainting(Window& window);
 // Forgets what was to be painted.
 void clearPaint(Window& window);
 // The WM_PAINT that was asked for although nothing is invalid is on its way.

@@ -2,6 +2,8 @@
 
 #include "tests/automation/sample_sheet.h"
 
+#include "tests/support/template_builder.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -10,89 +12,48 @@
 
 #include <array>
 #include <cstring>
+#include <span>
 
 namespace sample {
 namespace {
 
-enum Class : WORD { kButtonClass = 0x80, kEditClass = 0x81, kComboClass = 0x85 };
-
 struct Item {
     const char* text;
     DWORD style;
-    Class windowClass;
+    WORD windowClass;
     short x, y, width, height;
     WORD id;
 };
 
 constexpr Item kFirstPage[] = {
-    {"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 10, 60, 12, kNumber},
-    {"namn", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 30, 60, 12, kName},
-    {"&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX, kButtonClass, 80, 10, 80, 10, kCheck},
-    {"Ett", WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, kButtonClass, 80, 25, 80, 10, kFirstRadio},
-    {"Tv\xE5", BS_AUTORADIOBUTTON, kButtonClass, 80, 40, 80, 10, kSecondRadio},
-    {"", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboClass, 10, 50, 60, 60, kCombo},
-    {"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kComboClass, 10, 70, 60, 40, kList},
-    {"Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, kButtonClass, 80, 55, 80, 10, kDisabled},
+    {"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 10, 60, 12, kNumber},
+    {"namn", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 30, 60, 12, kName},
+    {"&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX, kButton, 80, 10, 80, 10, kCheck},
+    {"Ett", WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, kButton, 80, 25, 80, 10, kFirstRadio},
+    {"Tv\xE5", BS_AUTORADIOBUTTON, kButton, 80, 40, 80, 10, kSecondRadio},
+    {"", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboBox, 10, 50, 60, 60, kCombo},
+    {"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kComboBox, 10, 70, 60, 40, kList},
+    {"Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, kButton, 80, 55, 80, 10, kDisabled},
     {"&Bl\xE4"
      "ddra",
-     WS_TABSTOP | BS_PUSHBUTTON, kButtonClass, 80, 70, 50, 14, kBrowse},
+     WS_TABSTOP | BS_PUSHBUTTON, kButton, 80, 70, 50, 14, kBrowse},
 };
 
 constexpr Item kBelowFiles[] = {
-    {"Alla", WS_TABSTOP | BS_AUTOCHECKBOX, kButtonClass, 5, 3, 100, 10, kAllFiles},
+    {"Alla", WS_TABSTOP | BS_AUTOCHECKBOX, kButton, 5, 3, 100, 10, kAllFiles},
 };
 
 constexpr Item kSecondPage[] = {
-    {"anm\xE4rkning", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEditClass, 10, 10, 60, 12, kRemark},
+    {"anm\xE4rkning", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 10, 60, 12, kRemark},
 };
 
-class Template {
-public:
-    template <size_t Count>
-    Template(const char* caption, const Item (&items)[Count]) {
-        Put32(WS_CHILD | WS_CAPTION | DS_CONTROL | DS_SETFONT);
-        Put32(0);
-        Put16(Count);
-        for (const int value : {0, 0, 180, 100, 0, 0}) {  // Place and size; no menu, the usual class.
-            Put16(value);
-        }
-        PutText(caption);
-        Put16(8);
-        PutText("MS Sans Serif");
-        for (const Item& item : items) {
-            PutItem(item);
-        }
+TemplateBuilder MakeTemplate(const char* caption, std::span<const Item> items) {
+    TemplateBuilder page(TemplateBuilder::Form::Classic, WS_CHILD | WS_CAPTION | DS_CONTROL, 180, 100, caption);
+    for (const Item& item : items) {
+        page.add(item.windowClass, item.id, item.text, item.style, item.x, item.y, item.width, item.height);
     }
-    LPCDLGTEMPLATEA Get() const { return reinterpret_cast<LPCDLGTEMPLATEA>(m_words.data()); }
-
-private:
-    void Put16(int value) { m_words.push_back(static_cast<WORD>(value)); }
-    void Put32(DWORD value) {
-        Put16(LOWORD(value));
-        Put16(HIWORD(value));
-    }
-    // Only characters that have the same number in the code page and in the template's text are used here.
-    void PutText(const char* text) {
-        for (; *text != '\0'; ++text) {
-            Put16(static_cast<unsigned char>(*text));
-        }
-        Put16(0);
-    }
-    void PutItem(const Item& item) {
-        if (m_words.size() % 2 != 0) {
-            Put16(0);
-        }
-        Put32(WS_CHILD | WS_VISIBLE | item.style);
-        Put32(0);
-        for (const int value : {+item.x, +item.y, +item.width, +item.height, +item.id, 0xFFFF, +item.windowClass}) {
-            Put16(value);
-        }
-        PutText(item.text);
-        Put16(0);
-    }
-
-    std::vector<WORD> m_words;
-};
+    return page;
+}
 
 std::string ReadText(HWND dialog, int id) {
     std::array<char, 64> text{};
@@ -115,12 +76,12 @@ UINT_PTR CALLBACK FileHook(HWND, UINT, WPARAM, LPARAM) {
 }
 
 void BrowseFiles(HWND page) {
-    const Template below("", kBelowFiles);
+    const TemplateBuilder below = MakeTemplate("", kBelowFiles);
     std::array<char, MAX_PATH> path{};
     OPENFILENAMEA ofn{};
     ofn.lStructSize = sizeof(ofn);
     ofn.hwndOwner = page;
-    ofn.hInstance = reinterpret_cast<HINSTANCE>(const_cast<DLGTEMPLATE*>(below.Get()));
+    ofn.hInstance = reinterpret_cast<HINSTANCE>(const_cast<DLGTEMPLATE*>(below.get()));
     ofn.lpstrFilter = "Alla filer\0*.*\0";
     ofn.lpstrFile = path.data();
     ofn.nMaxFile = static_cast<DWORD>(path.size());
@@ -206,12 +167,12 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
     return FALSE;
 }
 
-PROPSHEETPAGEA MakePage(const Template& dialog, Log& log) {
+PROPSHEETPAGEA MakePage(const TemplateBuilder& dialog, Log& log) {
     PROPSHEETPAGEA page{};
     page.dwSize = sizeof(page);
     page.dwFlags = PSP_DLGINDIRECT;
     page.hInstance = GetModuleHandleA(nullptr);
-    page.pResource = dialog.Get();
+    page.pResource = dialog.get();
     page.pfnDlgProc = PageProc;
     page.lParam = reinterpret_cast<LPARAM>(&log);
     return page;
@@ -235,8 +196,8 @@ void RunLoop(HWND sheet) {
 int RunSheet(const std::string& caption, Log& log) {
     const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_TAB_CLASSES};
     InitCommonControlsEx(&controls);
-    const Template first("Allm\xE4nt", kFirstPage);
-    const Template second("Texter/F\xE4rger", kSecondPage);
+    const TemplateBuilder first = MakeTemplate("Allm\xE4nt", kFirstPage);
+    const TemplateBuilder second = MakeTemplate("Texter/F\xE4rger", kSecondPage);
     const std::array<PROPSHEETPAGEA, 2> pages = {MakePage(first, log), MakePage(second, log)};
     PROPSHEETHEADERA header{};
     header.dwSize = sizeof(header);

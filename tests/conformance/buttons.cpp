@@ -44,11 +44,11 @@ private:
 
 void traceClicks(Trace& trace) {
     constexpr DWORD kNotify[] = {0, BS_NOTIFY};
-    trace.section("buttons: mouse, key and message on each kind");
     for (const Kind& kind : kKinds) {
+        trace.section(kind.name);
         for (const DWORD notify : kNotify) {
             ButtonScene scene(trace);
-            trace.line("-- %s%s", kind.name, notify ? " with BS_NOTIFY" : "");
+            trace.line("-- %s", notify ? "with BS_NOTIFY" : "plain");
             HWND button = scene.add(kind.style | notify, 10);
             scene.state("fresh", button);
             postClick(button);
@@ -68,7 +68,7 @@ void traceClicks(Trace& trace) {
 
 void traceInterruptedPresses(Trace& trace) {
     constexpr DWORD kStyles[] = {BS_PUSHBUTTON | BS_NOTIFY, BS_AUTOCHECKBOX | BS_NOTIFY, BS_OWNERDRAW | BS_NOTIFY};
-    trace.section("buttons: presses that do not end on the button");
+    trace.section("presses that do not end on the button");
     for (const DWORD style : kStyles) {
         trace.line("-- style %#x", static_cast<unsigned>(style));
         ButtonScene scene(trace);
@@ -82,6 +82,10 @@ void traceInterruptedPresses(Trace& trace) {
         PostMessageA(button, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(500, 5));
         PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(500, 5));
         scene.state("released outside", button);
+
+        PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(500, 5));
+        scene.state("released outside without a move", button);
 
         PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
         scene.state("down again", button);
@@ -98,7 +102,7 @@ void traceInterruptedPresses(Trace& trace) {
 
         PostMessageA(button, WM_KEYDOWN, VK_SPACE, 1);
         scene.parent().drain();
-        PostMessageA(button, WM_KEYDOWN, VK_RETURN, 1);
+        postKey(button, VK_RETURN);
         scene.state("another key while space is down", button);
         PostMessageA(button, WM_KEYUP, VK_SPACE, 1);
         scene.state("space up", button);
@@ -112,7 +116,7 @@ void traceInterruptedPresses(Trace& trace) {
 }
 
 void traceChecks(Trace& trace) {
-    trace.section("buttons: check marks and radio groups");
+    trace.section("check marks and radio groups");
     ButtonScene scene(trace);
     for (const Kind& kind : kKinds) {
         HWND button = scene.add(kind.style, 10);
@@ -158,7 +162,7 @@ void traceChecks(Trace& trace) {
 }
 
 void traceOwnerDraw(Trace& trace) {
-    trace.section("buttons: owner-drawn");
+    trace.section("drawing by the owner");
     ButtonScene scene(trace);
     scene.parent().setHook([&](UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
         if (message != WM_DRAWITEM) {
@@ -211,7 +215,7 @@ void traceOwnerDraw(Trace& trace) {
 
 void traceMessageOrder(Trace& trace) {
     constexpr DWORD kStyles[] = {BS_PUSHBUTTON, BS_AUTOCHECKBOX, BS_AUTORADIOBUTTON};
-    trace.section("buttons: messages of one click");
+    trace.section("messages of one click");
     for (const DWORD style : kStyles) {
         ButtonScene scene(trace);
         HWND button = scene.add(style | BS_NOTIFY, 10);
@@ -229,7 +233,7 @@ void traceMessageOrder(Trace& trace) {
 }
 
 void traceArrowKeys(Trace& trace) {
-    trace.section("buttons: arrow keys in a dialog");
+    trace.section("arrow keys in a dialog");
     ButtonScene scene(trace, LoggingParent::Kind::Dialog);
     HWND radios[3];
     for (int i = 0; i < 3; ++i) {

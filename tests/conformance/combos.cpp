@@ -91,6 +91,7 @@ constexpr MessageStep kListSteps[] = {
     {"set current last", LB_SETCURSEL, 8, 0, nullptr},
     {"is selected", LB_GETSEL, 8, 0, nullptr},
     {"insert", LB_INSERTSTRING, 1, 0, "new"},
+    {"insert at the current one", LB_INSERTSTRING, 9, 0, "there"},
     {"insert at end", LB_INSERTSTRING, static_cast<WPARAM>(-1), 0, "last"},
     {"set data", LB_SETITEMDATA, 1, 77, nullptr},
     {"delete before current", LB_DELETESTRING, 0, 0, nullptr},
@@ -144,6 +145,8 @@ void traceLists(Trace& trace) {
     mouse("up 2", WM_LBUTTONUP, 0, 2);
     mouse("double 2", WM_LBUTTONDBLCLK, MK_LBUTTON, 2);
     mouse("up 2", WM_LBUTTONUP, 0, 2);
+    stage.ask(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA));
+    trace.line("wheel: top %d", number(stage.ask(LB_GETTOPINDEX)));
     stage.ask(LB_SETCURSEL, static_cast<WPARAM>(-1));
     stage.type("{end}");
     SetFocus(stage.other());
@@ -493,7 +496,6 @@ void traceOwnerDrawn(Trace& trace) {
 }  // namespace
 
 void traceCombos(Trace& trace) {
-    trace.section("combos");
     traceLists(trace);
     traceStructure(trace);
     for (const DWORD style : kKinds) {

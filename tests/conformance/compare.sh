@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Runs the conformance program natively and under Wine and compares the traces section by section. They may differ just
-# as differences.txt says: one that it does not list fails, and so does one that it lists and that is gone.
+# as differences.txt says: one that it does not list fails, and so does one that it lists and that is gone. The sums must
+# be those in expected.txt; with --refresh they are written there instead.
 # Needs WINEPREFIX and DISPLAY (tests/wine.sh).
 set -eu
 here=tests/conformance
 native=build/trace-native.txt wine=build/trace-wine.txt listed=build/trace-listed.txt
-found=build/trace-found.txt unlisted=build/trace-unlisted.txt
+found=build/trace-found.txt unlisted=build/trace-unlisted.txt sums=build/trace-sums.txt
 
 # differences NATIVE WINE: the lines of one system alone, below the headings of their sections.
 differences() {
@@ -18,11 +19,17 @@ differences() {
     }'
 }
 
-timeout 60 build/native/bin/tavrikconformance >$native
-# Through a file: what Wine leaves running would keep a pipe open.
-timeout 120 wine build/win64/bin/tavrikconformance.exe >$wine.crlf </dev/null
-tr -d '\r' <$wine.crlf >$wine
-[ "$(wc -l <$native)" -gt 4000 ] || { echo "The native trace is too short."; exit 1; }
+# run TRACE COMMAND...: through files, because what Wine leaves running would keep a pipe open.
+run() {
+    local trace=$1
+    shift
+    timeout 120 "$@" --trace "$trace" --sums >"$trace.sums" </dev/null && return
+    echo "$1 ended with $?; the last lines of $trace:"
+    tail "$trace"
+    return 1
+}
+run $native build/native/bin/tavrikconformance
+run $wine wine build/win64/bin/tavrikconformance.exe
 
 unexplained=$(awk '/^\[/ && last !~ /^#/ { print } { last = $0 }' $here/differences.txt)
 [ -z "$unexplained" ] || { printf '%s gives no reason for:\n%s\n' $here/differences.txt "$unexplained"; exit 1; }
@@ -34,4 +41,13 @@ if ! diff $listed $found >$unlisted; then
     echo "Native and Wine's trace:"
     diff -U 4 $native $wine
     exit 1
+fi
+
+# A section that differs has a sum of each system.
+cat $native.sums $wine.sums | tr -d '\r' | awk '!seen[$0]++' >$sums
+if ! diff $here/expected.txt $sums >$unlisted; then
+    echo "Sections that are new, changed or gone:"
+    sed -n 's/^[<>] [^ ]* [^ ]* /  /p' $unlisted | sort -u
+    [ "${1-}" = --refresh ] || exit 1
+    cp $sums $here/expected.txt
 fi

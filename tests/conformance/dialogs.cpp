@@ -1,8 +1,8 @@
 // Dialogs: order of creation, walks over tab stops and groups, keys, nested modal loops, message boxes.
-#include "tests/conformance/template_builder.h"
 #include "tests/conformance/trace.h"
 #include "tests/conformance/typing.h"
 #include "tests/conformance/window_spy.h"
+#include "tests/support/template_builder.h"
 
 #include <windows.h>
 
@@ -51,15 +51,8 @@ struct DialogScript {
     int focusOnInit = 0;
     bool withPage = false;
     UINT keyOnInit = 0;
-    WORD commandOnInit = 0;
     void (*onCommand)(HWND dialog, int id, DialogScript& script) = nullptr;
 };
-
-// A timer whose id is the command, so that the modal loop has become idle before.
-void CALLBACK postCommand(HWND dialog, UINT, UINT_PTR command, DWORD) {
-    KillTimer(dialog, command);
-    PostMessageA(dialog, WM_COMMAND, command, 0);
-}
 
 INT_PTR CALLBACK scriptedProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* script = reinterpret_cast<DialogScript*>(GetWindowLongPtrA(dialog, DWLP_USER));
@@ -87,9 +80,6 @@ INT_PTR CALLBACK scriptedProc(HWND dialog, UINT message, WPARAM wParam, LPARAM l
     }
     if (script->keyOnInit != 0) {
         postKey(dialog, script->keyOnInit);
-    }
-    if (script->commandOnInit != 0) {
-        SetTimer(dialog, script->commandOnInit, 20, postCommand);
     }
     return script->initResult;
 }
@@ -256,6 +246,50 @@ void traceKeys(Trace& trace) {
     }
 }
 
+// Mnemonics behind "&&" and of hidden controls, an arrow to a radio button that is not automatic, and Enter with a
+// default button that is disabled or missing.
+void traceUnfitControls(Trace& trace) {
+    trace.section("keys to unfit controls");
+    TemplateBuilder builder(TemplateBuilder::Form::Extended, kDialogStyle, 100, 60, "");
+    builder.add(kButton, 11, "A && &B", BS_PUSHBUTTON | WS_TABSTOP)
+        .add(kButton, 12, "&Dold", BS_PUSHBUTTON | WS_TABSTOP)
+        .add(kButton, 13, "Av&d", BS_PUSHBUTTON | WS_DISABLED)
+        .add(kButton, 14, "&&D", BS_PUSHBUTTON)
+        .add(kButton, 15, "Ti&d", BS_PUSHBUTTON)
+        .add(kButton, 16, "", BS_RADIOBUTTON | WS_GROUP)
+        .add(kButton, 17, "", BS_RADIOBUTTON)
+        .add(kButton, IDOK, "OK", BS_DEFPUSHBUTTON | WS_DISABLED);
+    HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), nullptr, scriptedProc, 0);
+    ShowWindow(GetDlgItem(dialog, 12), SW_HIDE);
+    ShowWindow(dialog, SW_SHOW);
+    drainQueue();
+    WindowSpy spy(trace);
+    spy.name(dialog, "main");
+    spy.watch(dialog);
+    const auto press = [&](UINT message, WPARAM key, LPARAM lParam, int id = 11) {
+        spy.line("-- key " + std::to_string(key));
+        MSG pressed{};
+        pressed.hwnd = GetDlgItem(dialog, id);
+        pressed.message = message;
+        pressed.wParam = key;
+        pressed.lParam = lParam;
+        IsDialogMessageA(dialog, &pressed);
+    };
+    for (const char key : {'b', '&', 'd', 'D'}) {
+        press(WM_SYSCHAR, static_cast<WPARAM>(key), 0x20000001);
+    }
+    press(WM_KEYDOWN, VK_DOWN, 1, 16);
+    SetFocus(dialog);
+    press(WM_KEYDOWN, VK_RETURN, 1);
+    DestroyWindow(GetDlgItem(dialog, IDOK));
+    press(WM_KEYDOWN, VK_RETURN, 1);
+    SendMessageA(dialog, DM_SETDEFID, 15, 0);
+    press(WM_KEYDOWN, VK_RETURN, 1);
+    spy.mute(true);
+    DestroyWindow(dialog);
+    drainQueue();
+}
+
 void onInnerCommand(HWND dialog, int id, DialogScript& script) {
     script.spy->line("enabled: parent " + std::to_string(IsWindowEnabled(GetParent(dialog))));
     if (id == IDOK || id == IDCANCEL) {
@@ -301,7 +335,12 @@ void traceModal(Trace& trace) {
     outer.onCommand = onOuterCommand;
     outer.focusOnInit = 150;
     outer.initResult = FALSE;
-    outer.commandOnInit = 150;
+    spy.setAnswer([owner](HWND window, UINT message, WPARAM, LPARAM dialog, LRESULT&) {
+        if (window == owner && message == WM_ENTERIDLE) {
+            PostMessageA(reinterpret_cast<HWND>(dialog), WM_COMMAND, 150, 0);
+        }
+        return false;
+    });
     const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Classic);
     const INT_PTR result =
         DialogBoxIndirectParamA(instance(), builder.get(), edit, scriptedProc, reinterpret_cast<LPARAM>(&outer));
@@ -321,7 +360,7 @@ constexpr BoxCase kBoxCases[] = {
     {"ok, cancel", MB_OKCANCEL | MB_ICONQUESTION, VK_ESCAPE},
     {"yes, no", MB_YESNO | MB_ICONINFORMATION, VK_RETURN},
     {"yes, no, cancel, second default", MB_YESNOCANCEL | MB_DEFBUTTON2 | MB_ICONERROR, VK_RETURN},
-    {"yes, no, cancel", MB_YESNOCANCEL, VK_ESCAPE},
+    {"yes, no, cancel, Escape", MB_YESNOCANCEL, VK_ESCAPE},
 };
 
 // The key for the box that is about to come up, and who writes the trace.
@@ -352,8 +391,7 @@ void traceMessageBoxes(Trace& trace) {
     HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
                                 instance(), nullptr);
     for (const BoxCase& row : kBoxCases) {
-        trace.section("message box");
-        trace.line("%s, key %u", row.what, row.key);
+        trace.section(std::string("message box: ") + row.what);
         SetFocus(edit);
         WindowSpy spy(trace, {"#32770"});
         spy.watch(owner);
@@ -376,6 +414,7 @@ void traceDialogs(Trace& trace) {
     traceWalks(trace);
     traceGroups(trace);
     traceKeys(trace);
+    traceUnfitControls(trace);
     traceModal(trace);
     traceMessageBoxes(trace);
 }

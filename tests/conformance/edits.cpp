@@ -45,6 +45,10 @@ constexpr TypingCase kTyping[] = {
      "one two,  three",
      {"{end}", "{left}", "{home}", "{right}", "{down}", "{up}", "{C-right}", "{C-right}", "{C-right}", "{C-left}",
       "{C-end}", "{C-left}", "{C-home}"}},
+    {"moving over blanks",
+     ES_AUTOHSCROLL,
+     "  one  ",
+     {"{C-right}", "{C-right}", "{C-left}", "{C-left}", "{end}{C-left}"}},
     {"selecting",
      ES_AUTOHSCROLL,
      "one two,  three",
@@ -59,13 +63,18 @@ constexpr TypingCase kTyping[] = {
      ES_AUTOHSCROLL,
      "start",
      {"{end}ab", "{C-z}", "{C-z}", "{bs}{bs}", "{C-z}", "{home}{S-right}x", "{C-z}", "yz{right}q", "{C-z}"}},
+    {"undo of deletions",
+     ES_AUTOHSCROLL,
+     "start",
+     {"{home}{del}{del}{del}", "{C-z}", "{C-z}", "{right}{del}{del}{left}{bs}{bs}{del}", "{C-z}", "{end}xy{bs}z",
+      "{C-z}", "{home}vw{del}{del}", "{C-z}", "{end}{bs}{home}{del}", "{C-z}", "{home}{S-right}q{left}{del}", "{C-z}"}},
     {"clipboard keys",
      ES_AUTOHSCROLL,
      "copy cut",
      {"{C-S-right}{C-c}", "{end}{C-v}", "{C-S-left}{C-x}", "{S-ins}", "{home}{C-S-right}{C-ins}", "{S-del}",
       "{S-ins}{S-ins}"}},
     {"digits only", ES_AUTOHSCROLL | ES_NUMBER, "a1", {"{end}2", "x", ".", "-", "{bs}", "3"}},
-    {"upper case", ES_AUTOHSCROLL | ES_UPPERCASE, "start", {"{end}ab", "\xE5\xE4\xF6", "\xDF"}},
+    {"upper case", ES_AUTOHSCROLL | ES_UPPERCASE, "start", {"{end}ab", "\xE5\xE4\xF6", "\xDF\xF7", "\x9A\x9C\x9E\xFF"}},
     {"password", ES_AUTOHSCROLL | ES_PASSWORD, "secret", {"{C-right}", "{home}{S-right}{C-c}", "{end}{C-v}", "{C-x}"}},
     {"read only",
      ES_AUTOHSCROLL | ES_READONLY,
@@ -122,7 +131,7 @@ constexpr MessageStep kMessageSteps[] = {
 };
 
 void traceMessages(Trace& trace) {
-    trace.section("edit messages");
+    trace.section("messages");
     EditStage stage(trace, ES_AUTOHSCROLL, "start");
     for (const MessageStep& step : kMessageSteps) {
         stage.run(step);
@@ -132,12 +141,38 @@ void traceMessages(Trace& trace) {
     trace.line("EM_GETLINE %d \"%.7s\"", static_cast<int>(copied), line);
 }
 
+// The limit counts what the text will be, and only what does not fit is told.
+void traceLimit(Trace& trace) {
+    trace.section("limit");
+    EditStage stage(trace, ES_AUTOHSCROLL, "abc");
+    setClipboard(stage.parent().handle(), "123");
+    stage.run({"EM_SETLIMITTEXT", EM_SETLIMITTEXT, 5, 0, nullptr});
+    for (const char* keys : {"{end}d", "e", "f", "{S-left}x", "{S-home}{C-v}", "{C-v}", "{S-left}{C-v}", "{C-a}yz"}) {
+        stage.type(keys);
+    }
+    stage.run({"EM_REPLACESEL up to the limit", EM_REPLACESEL, FALSE, 0, "456"});
+    stage.run({"EM_SETSEL 1 3", EM_SETSEL, 1, 3, nullptr});
+    stage.run({"EM_REPLACESEL over the limit", EM_REPLACESEL, FALSE, 0, "789"});
+    stage.run({"EM_SETLIMITTEXT below the text", EM_SETLIMITTEXT, 2, 0, nullptr});
+    for (const char* keys : {"x", "{S-left}y", "{C-a}z"}) {
+        stage.type(keys);
+    }
+}
+
 void tracePaste(Trace& trace) {
-    constexpr std::pair<DWORD, const char*> kCases[] = {
-        {0, "pasted"}, {0, "first\r\nsecond"}, {0, ""}, {ES_NUMBER, "1a2"}, {ES_UPPERCASE, "ab\xE5"},
+    constexpr struct {
+        const char* name;
+        DWORD style;
+        const char* clipboard;
+    } kCases[] = {
+        {"paste", 0, "pasted"},
+        {"paste two lines", 0, "first\r\nsecond"},
+        {"paste nothing", 0, ""},
+        {"paste where only digits are typed", ES_NUMBER, "1a2"},
+        {"paste in upper case", ES_UPPERCASE, "ab\xE5"},
     };
-    for (const auto& [style, clipboard] : kCases) {
-        trace.section("paste");
+    for (const auto& [name, style, clipboard] : kCases) {
+        trace.section(name);
         EditStage stage(trace, style | ES_AUTOHSCROLL, "0");
         setClipboard(stage.parent().handle(), clipboard);
         stage.run({"WM_PASTE", WM_PASTE, 0, 0, nullptr});
@@ -148,7 +183,7 @@ void tracePaste(Trace& trace) {
 }
 
 void traceFocus(Trace& trace) {
-    trace.section("edit focus");
+    trace.section("focus");
     EditStage stage(trace, ES_AUTOHSCROLL, "text");
     SetFocus(stage.other());
     SetFocus(stage.control());
@@ -167,7 +202,7 @@ void traceFocus(Trace& trace) {
 }
 
 void traceMouse(Trace& trace) {
-    trace.section("edit mouse");
+    trace.section("mouse");
     EditStage stage(trace, ES_AUTOHSCROLL, "one two three");
     const auto mouse = [&](const char* what, UINT message, WPARAM keys, int index) {
         stage.ask(message, keys, stage.pointOf(index));
@@ -196,10 +231,11 @@ void traceMouse(Trace& trace) {
 }
 
 void traceWidth(Trace& trace) {
-    trace.section("edit without scrolling");
+    trace.section("without scrolling");
     EditStage stage(trace, 0, "", 60);
+    stage.ask(WM_CHAR, 'W', 1);
     stage.parent().setQuiet(true);
-    int typed = 0;
+    int typed = 1;
     int length = 0;
     do {
         stage.ask(WM_CHAR, 'W', 1);
@@ -210,12 +246,24 @@ void traceWidth(Trace& trace) {
     stage.parent().setQuiet(false);
     stage.ask(WM_CHAR, 'W', 1);
     trace.line("still %d", GetWindowTextLengthA(stage.control()) == length);
+    stage.ask(EM_SETSEL, 0, 1);
+    stage.ask(WM_CHAR, 'W', 1);
+    trace.line("over a selection %d", GetWindowTextLengthA(stage.control()) == length);
     stage.ask(WM_SETTEXT, 0, textParam("WWWWWWWWWWWWWWWWWWWWWWWW"));
     trace.line("set text %d", GetWindowTextLengthA(stage.control()));
+    trace.section("scrolling");
+    const EditStage scrolling(trace, ES_AUTOHSCROLL, "a text that is much longer than the field it stands in", 60);
+    for (const UINT key : {VK_END, VK_LEFT, VK_HOME}) {
+        scrolling.ask(WM_KEYDOWN, key, 1);
+        POINT caret{};
+        GetCaretPos(&caret);
+        trace.line("scrolled %d, caret inside %d", scrolling.ask(EM_GETFIRSTVISIBLELINE) > 0,
+                   caret.x >= 0 && caret.x < 60);
+    }
 }
 
 void traceStyles(Trace& trace) {
-    trace.section("edit styles and codes");
+    trace.section("styles and codes");
     constexpr DWORD kStyles[] = {ES_AUTOHSCROLL,           WS_BORDER,   ES_READONLY,
                                  ES_NUMBER | ES_UPPERCASE, ES_PASSWORD, WS_DISABLED};
     for (const DWORD style : kStyles) {
@@ -229,9 +277,9 @@ void traceStyles(Trace& trace) {
 }  // namespace
 
 void traceEdits(Trace& trace) {
-    trace.section("edits");
     traceTyping(trace);
     traceMessages(trace);
+    traceLimit(trace);
     tracePaste(trace);
     traceFocus(trace);
     traceMouse(trace);

@@ -1,7 +1,7 @@
 // The open-file dialog: what its hook procedure is told, in which order, and what the call returns, for a user's ways
 // of answering it. Paths are shown below the scratch folder "~", with "/" between their parts.
-#include "tests/conformance/template_builder.h"
 #include "tests/conformance/trace.h"
+#include "tests/support/template_builder.h"
 
 #include <windows.h>
 
@@ -290,7 +290,7 @@ void traceResult(const Run& done, BOOL result, DWORD error) {
 }
 
 void play(Trace& trace, HWND owner, const ScratchTree& scratch, const Case& source) {
-    trace.section(std::string("file dialog: ") + source.what);
+    trace.section(source.what);
     TemplateBuilder child(TemplateBuilder::Form::Classic, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | DS_3DLOOK, 276, 32,
                           "");
     child.add(kButton, kCheckBoxId, "Alla", BS_AUTOCHECKBOX | WS_TABSTOP, 5, 3, 270, 10)
@@ -327,7 +327,7 @@ void play(Trace& trace, HWND owner, const ScratchTree& scratch, const Case& sour
 }
 
 void traceMalformed(Trace& trace) {
-    trace.section("file dialog: a structure of another size");
+    trace.section("a structure of another size");
     OPENFILENAMEA ofn{};
     ofn.lStructSize = sizeof ofn - 1;
     ofn.Flags = OFN_EXPLORER;

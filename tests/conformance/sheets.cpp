@@ -1,8 +1,8 @@
 // Property sheets: order of notifications while pages are shown, left, applied, reset, added and removed.
-#include "tests/conformance/template_builder.h"
 #include "tests/conformance/trace.h"
 #include "tests/conformance/typing.h"
 #include "tests/conformance/window_spy.h"
+#include "tests/support/template_builder.h"
 
 #include <windows.h>
 
@@ -262,7 +262,7 @@ private:
 };
 
 void traceSwitching(Trace& trace) {
-    const Scene scene(trace, "sheet: switching pages");
+    const Scene scene(trace, "switching pages");
     addPage("ett");
     addPage("tv\xE5", 140, 80);
     addPage("tre");
@@ -294,7 +294,7 @@ void traceSwitching(Trace& trace) {
 }
 
 void traceRefusals(Trace& trace) {
-    const Scene scene(trace, "sheet: refusals");
+    const Scene scene(trace, "refusals");
     addPage("ett").onKillActive = TRUE;
     addPage("tv\xE5");
     addPage("tre");
@@ -343,7 +343,7 @@ void traceRefusals(Trace& trace) {
 }
 
 void traceApply(Trace& trace) {
-    const Scene scene(trace, "sheet: apply button");
+    const Scene scene(trace, "apply button");
     addPage("ett");
     addPage("tv\xE5");
     addPage("tre");
@@ -363,7 +363,7 @@ void traceApply(Trace& trace) {
 }
 
 void tracePages(Trace& trace) {
-    const Scene scene(trace, "sheet: pages come and go");
+    const Scene scene(trace, "pages come and go");
     addPage("ett");
     addPage("tv\xE5");
     addPage("tre");
@@ -406,9 +406,15 @@ void CALLBACK pressModal(HWND, UINT, UINT_PTR timer, DWORD) {
 }
 
 void traceModal(Trace& trace) {
-    for (const UINT command : {static_cast<UINT>(PSBTN_OK), static_cast<UINT>(PSBTN_CANCEL),
-                               static_cast<UINT>(VK_ESCAPE), static_cast<UINT>(WM_CLOSE)}) {
-        const Scene scene(trace, "sheet: modal");
+    constexpr struct {
+        const char* name;
+        UINT command;
+    } kEnds[] = {{"modal, OK", PSBTN_OK},
+                 {"modal, cancel", PSBTN_CANCEL},
+                 {"modal, Escape", VK_ESCAPE},
+                 {"modal, close box", WM_CLOSE}};
+    for (const auto& [name, command] : kEnds) {
+        const Scene scene(trace, name);
         addPage("ett");
         addPage("tv\xE5");
         modalCommand = command;

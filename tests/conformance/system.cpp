@@ -1,4 +1,4 @@
-// What windows stand on: timers, the clipboard, pictures and resources.
+// What windows stand on: timers, the clipboard and resources.
 #include "resources/resource.h"
 #include "tests/conformance/traced_windows.h"
 
@@ -57,136 +57,6 @@ void traceClipboard(Trace& trace) {
     trace.line("closed %d, again %d", CloseClipboard() != 0, CloseClipboard() != 0);
 }
 
-constexpr COLORREF kWhite = RGB(255, 255, 255);
-constexpr COLORREF kBlack = RGB(0, 0, 0);
-constexpr COLORREF kRed = RGB(255, 0, 0);
-constexpr COLORREF kBlue = RGB(0, 0, 255);
-
-// A white picture in memory, printed as one letter a pixel.
-class Picture {
-public:
-    Picture(int width, int height) : width_(width), height_(height) {
-        HDC screen = GetDC(nullptr);
-        dc_ = CreateCompatibleDC(screen);
-        bitmap_ = CreateCompatibleBitmap(screen, width, height);
-        ReleaseDC(nullptr, screen);
-        old_ = SelectObject(dc_, bitmap_);
-        fill({0, 0, width, height}, kWhite);
-    }
-    ~Picture() {
-        SelectObject(dc_, old_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-
-    HDC dc() const { return dc_; }
-    void fill(const RECT& rect, COLORREF colour) {
-        HBRUSH brush = CreateSolidBrush(colour);
-        FillRect(dc_, &rect, brush);
-        DeleteObject(brush);
-    }
-    BOOL flood(int x, int y, COLORREF limit, UINT kind, COLORREF colour) {
-        HBRUSH brush = CreateSolidBrush(colour);
-        HGDIOBJ old = SelectObject(dc_, brush);
-        const BOOL filled = ExtFloodFill(dc_, x, y, limit, kind);
-        SelectObject(dc_, old);
-        DeleteObject(brush);
-        return filled;
-    }
-    // Two frames one in the other, the inner one open at a corner.
-    void drawFrames() {
-        fill({0, 0, 12, 8}, kBlack);
-        fill({1, 1, 11, 7}, kWhite);
-        fill({3, 3, 8, 6}, kBlack);
-        fill({4, 4, 7, 5}, kWhite);
-        fill({7, 5, 8, 6}, kWhite);
-        fill({9, 2, 10, 3}, kRed);
-    }
-    void print(Trace& trace, const char* what) const {
-        trace.line("-- %s", what);
-        for (int y = 0; y < height_; ++y) {
-            std::string row;
-            for (int x = 0; x < width_; ++x) {
-                const COLORREF colour = GetPixel(dc_, x, y);
-                row += colour == kWhite   ? '.'
-                       : colour == kBlack ? '#'
-                       : colour == kRed   ? 'r'
-                       : colour == kBlue  ? 'b'
-                                          : '?';
-            }
-            trace.line("%s", row.c_str());
-        }
-    }
-
-private:
-    int width_;
-    int height_;
-    HDC dc_ = nullptr;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ old_ = nullptr;
-};
-
-void traceFloodFill(Trace& trace) {
-    trace.section("flood fill");
-    constexpr struct {
-        const char* what;
-        int x;
-        int y;
-        COLORREF limit;
-        UINT kind;
-    } kFills[] = {
-        {"up to black", 1, 1, kBlack, FLOODFILLBORDER},
-        {"up to black, inside", 5, 4, kBlack, FLOODFILLBORDER},
-        {"all that is white", 1, 1, kWhite, FLOODFILLSURFACE},
-        {"all that is red", 9, 2, kRed, FLOODFILLSURFACE},
-        {"from the border itself", 0, 0, kBlack, FLOODFILLBORDER},
-        {"from another colour", 0, 0, kWhite, FLOODFILLSURFACE},
-        {"outside", 12, 3, kBlack, FLOODFILLBORDER},
-    };
-    for (const auto& row : kFills) {
-        Picture picture(12, 8);
-        picture.drawFrames();
-        trace.line("gives %d", picture.flood(row.x, row.y, row.limit, row.kind, kBlue) != 0);
-        picture.print(trace, row.what);
-    }
-}
-
-void traceCopies(Trace& trace) {
-    trace.section("copies of pictures");
-    Picture source(12, 8);
-    source.drawFrames();
-    Picture overlapping(12, 8);
-    overlapping.drawFrames();
-    BitBlt(overlapping.dc(), 2, 1, 12, 8, overlapping.dc(), 0, 0, SRCCOPY);
-    overlapping.print(trace, "onto itself");
-    constexpr struct {
-        const char* what;
-        int mode;
-        RECT to;  // Position and size, as those of `from`.
-        RECT from;
-    } kStretches[] = {
-        {"twice as wide", COLORONCOLOR, {0, 0, 24, 8}, {0, 0, 12, 8}},
-        {"two thirds wider", COLORONCOLOR, {1, 1, 20, 12}, {0, 0, 12, 8}},
-        {"half as large", COLORONCOLOR, {0, 0, 6, 4}, {0, 0, 12, 8}},
-        {"two thirds as large", COLORONCOLOR, {2, 0, 8, 5}, {0, 0, 12, 8}},
-        {"two thirds as large, black kept", BLACKONWHITE, {2, 0, 8, 5}, {0, 0, 12, 8}},
-        {"mirrored", COLORONCOLOR, {18, 10, -17, -9}, {0, 0, 12, 8}},
-        {"a part, enlarged", COLORONCOLOR, {0, 0, 16, 12}, {7, 1, 4, 3}},
-        {"a part outside", COLORONCOLOR, {0, 0, 24, 8}, {6, 0, 12, 8}},
-        {"beyond the edges", COLORONCOLOR, {-4, -2, 40, 20}, {0, 0, 12, 8}},
-    };
-    for (const auto& row : kStretches) {
-        Picture target(24, 13);
-        target.fill({0, 0, 24, 13}, kBlue);
-        SetStretchBltMode(target.dc(), row.mode);
-        StretchBlt(target.dc(), row.to.left, row.to.top, row.to.right, row.to.bottom, source.dc(), row.from.left,
-                   row.from.top, row.from.right, row.from.bottom, SRCCOPY);
-        target.print(trace, row.what);
-    }
-}
-
 void traceResources(Trace& trace) {
     trace.section("resources");
     for (const UINT id : {IDS_COLOUR_RED, IDS_WRONG_PASSWORD, IDS_CLOSE, 31999}) {
@@ -200,13 +70,13 @@ void traceResources(Trace& trace) {
         HBITMAP bitmap = LoadBitmapA(instance(), MAKEINTRESOURCEA(id));
         BITMAP size{};
         GetObjectA(bitmap, sizeof size, &size);
-        Picture picture(size.bmWidth, size.bmHeight);
-        HDC memory = CreateCompatibleDC(picture.dc());
+        const Canvas canvas(size.bmWidth, size.bmHeight);
+        HDC memory = CreateCompatibleDC(canvas);
         HGDIOBJ old = SelectObject(memory, bitmap);
-        BitBlt(picture.dc(), 0, 0, size.bmWidth, size.bmHeight, memory, 0, 0, SRCCOPY);
+        BitBlt(canvas, 0, 0, size.bmWidth, size.bmHeight, memory, 0, 0, SRCCOPY);
         std::uint32_t sum = 0;
         for (int at = 0; at < size.bmWidth * size.bmHeight; ++at) {
-            sum = sum * 31 + GetPixel(picture.dc(), at % size.bmWidth, at / size.bmWidth);
+            sum = sum * 31 + GetPixel(canvas, at % size.bmWidth, at / size.bmWidth);
         }
         trace.line("bitmap %d: %d by %d, pixels %08x", id, number(size.bmWidth), number(size.bmHeight), sum);
         SelectObject(memory, old);
@@ -220,7 +90,5 @@ void traceResources(Trace& trace) {
 void traceSystem(Trace& trace) {
     traceTimers(trace);
     traceClipboard(trace);
-    traceFloodFill(trace);
-    traceCopies(trace);
     traceResources(trace);
 }

@@ -75,7 +75,7 @@ private:
 };
 
 void traceItems(Trace& trace) {
-    trace.section("tabs: items");
+    trace.section("items");
     TabScene scene(trace);
     HWND tabs = scene.tabs();
     scene.state("filled");
@@ -89,6 +89,8 @@ void traceItems(Trace& trace) {
                    static_cast<int>(SendMessageA(tabs, TCM_SETCURSEL, static_cast<WPARAM>(select), 0)));
         scene.state("selected");
     }
+    trace.line("insert at the selected one gives %d", scene.insert(3, "Blanketter"));
+    scene.state("inserted there");
     for (const int index : {5, 3, 0, 7}) {
         trace.line("delete %d gives %d", index,
                    static_cast<int>(SendMessageA(tabs, TCM_DELETEITEM, static_cast<WPARAM>(index), 0)));
@@ -115,7 +117,7 @@ void traceItems(Trace& trace) {
 }
 
 void traceSelection(Trace& trace) {
-    trace.section("tabs: selection by mouse and message");
+    trace.section("selection by mouse and message");
     for (const DWORD style : {0, TCS_FOCUSNEVER}) {
         TabScene scene(trace, style);
         trace.line("-- style %#x code %#x", static_cast<unsigned>(style),
@@ -148,7 +150,7 @@ void traceSelection(Trace& trace) {
 }
 
 void traceKeys(Trace& trace) {
-    trace.section("tabs: keys");
+    trace.section("keys");
     constexpr struct {
         const char* name;
         UINT key;
@@ -167,7 +169,7 @@ void traceKeys(Trace& trace) {
 }
 
 void traceGeometry(Trace& trace) {
-    trace.section("tabs: geometry");
+    trace.section("geometry");
     TabScene scene(trace);
     // Widths depend on the font; everything else is compared.
     int rowHeight = 0;

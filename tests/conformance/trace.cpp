@@ -116,6 +116,13 @@ void setClipboard(HWND owner, const char* text) {
     CloseClipboard();
 }
 
+void tracePicture(Trace& trace, const char* what, const Canvas& canvas) {
+    trace.line("-- %s", what);
+    for (const std::string& row : canvas.picture()) {
+        trace.line("%s", row.c_str());
+    }
+}
+
 void drainQueue(HWND dialog) {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {

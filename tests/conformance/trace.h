@@ -4,6 +4,7 @@
 #pragma once
 
 #include "tests/conformance/names.h"
+#include "tests/support/canvas.h"
 
 #include <windows.h>
 
@@ -18,13 +19,17 @@
 class Trace {
 public:
     using Sink = std::function<void(const std::string& line)>;
-    explicit Trace(Sink sink) : sink_(std::move(sink)) {}
+    // The group stands before the name of each section.
+    explicit Trace(Sink sink, const std::string& group = "")
+        : sink_(std::move(sink)), prefix_(group.empty() ? "" : group + ": ") {}
 
-    void section(const std::string& name) { sink_("[" + name + "]"); }
+    // No two sections have the same name.
+    void section(const std::string& name) { sink_("[" + prefix_ + name + "]"); }
     [[gnu::format(printf, 2, 3)]] void line(const char* format, ...);
 
 private:
     Sink sink_;
+    std::string prefix_;
 };
 
 // A visible top-level window of 400 by 300 pixels, or an empty dialog of that size, which writes a line for every
@@ -90,6 +95,8 @@ public:
     explicit QuietParent(Trace& trace) : LoggingParent(trace, Kind::Window) { setQuiet(true); }
 };
 
+// Writes the rows of a picture below its name.
+void tracePicture(Trace& trace, const char* what, const Canvas& canvas);
 // Dispatches everything that is queued for this thread; with a dialog, through IsDialogMessage first.
 void drainQueue(HWND dialog = nullptr);
 // Posts a key press and its release, as an unmodified key would arrive; the character follows from translation.
@@ -103,6 +110,8 @@ void postClick(HWND window);
 
 // The sections.
 void traceWindows(Trace& trace);
+void tracePainting(Trace& trace);
+void traceDrawing(Trace& trace);
 void traceSystem(Trace& trace);
 void traceButtons(Trace& trace);
 void traceTabs(Trace& trace);

@@ -67,7 +67,16 @@ void press(HWND window, const KeyPress& key) {
 HeldKeys::HeldKeys(const char* modifiers) {
     BYTE state[256] = {};
     for (const char* key = modifiers; *key; ++key) {
-        state[*key == 'S' ? VK_SHIFT : *key == 'C' ? VK_CONTROL : VK_MENU] = 0x80;
+        switch (*key) {
+            case 'L':
+                state[VK_CAPITAL] = 0x01;
+                break;
+            case 'N':
+                state[VK_NUMLOCK] = 0x01;
+                break;
+            default:
+                state[*key == 'S' ? VK_SHIFT : *key == 'C' ? VK_CONTROL : VK_MENU] = 0x80;
+        }
     }
     SetKeyboardState(state);
 }

@@ -3,7 +3,8 @@
 
 #include <windows.h>
 
-// Holds the keys that the letters name, Shift (S), Ctrl (C) and Alt (A), while it lives.
+// Holds the keys that the letters name, Shift (S), Ctrl (C) and Alt (A), and has Caps Lock (L) and Num Lock (N) on,
+// while it lives.
 class HeldKeys {
 public:
     explicit HeldKeys(const char* modifiers);

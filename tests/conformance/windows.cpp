@@ -1,64 +1,9 @@
-// The life of a window: the messages of its creation, showing, moving, painting and end, and how focus, activation,
+// The life of a window: the messages of its creation, showing, moving and end, and how focus, activation,
 // capture and the queue go from window to window.
-#include "tests/conformance/traced_windows.h"
 #include "tests/conformance/typing.h"
-
-#include <string>
+#include "tests/conformance/window_stage.h"
 
 namespace {
-
-constexpr DWORD kPopup = WS_POPUP;
-constexpr DWORD kShownPopup = WS_POPUP | WS_VISIBLE;
-constexpr DWORD kShownChild = WS_CHILD | WS_VISIBLE;
-constexpr RECT kTopPlace = {50, 60, 200, 100};
-constexpr UINT kOnlyFrame = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED;
-
-// A shown, active top-level window with two children, whose own messages so far left no trace.
-class Stage : public TracedWindows {
-public:
-    explicit Stage(Trace& trace)
-        : TracedWindows(trace),
-          top(createQuietly("top", kShownPopup, kTopPlace)),
-          first(createQuietly("first", kShownChild, {10, 10, 50, 20}, top, 1)),
-          second(createQuietly("second", kShownChild, {10, 40, 50, 20}, top, 2)) {}
-
-    void note(const std::string& text) { spy().line(text); }
-    void step(const char* what) {
-        drainQueue();
-        spy().line(std::string("-- ") + what);
-    }
-    void previous(HWND window) { note("previous " + name(window)); }
-    void state() {
-        note("active " + name(GetActiveWindow()) + ", focus " + name(GetFocus()) + ", capture " + name(GetCapture()));
-    }
-    void focusQuietly(HWND window) {
-        spy().mute(true);
-        SetFocus(window);
-        drainQueue();
-        spy().mute(false);
-    }
-    // Answers the message with the result until clearAnswer.
-    void answer(UINT wanted, LRESULT with) {
-        spy().setAnswer([wanted, with](HWND, UINT message, WPARAM, LPARAM, LRESULT& result) {
-            result = with;
-            return message == wanted;
-        });
-    }
-    // Moves the focus on as soon as the window gets the message.
-    void redirectFocus(HWND from, UINT on, HWND to) {
-        spy().setAnswer([from, on, to](HWND window, UINT message, WPARAM, LPARAM, LRESULT&) {
-            if (window == from && message == on) {
-                SetFocus(to);
-            }
-            return false;
-        });
-    }
-    void clearAnswer() { spy().setAnswer(nullptr); }
-
-    HWND top;
-    HWND first;
-    HWND second;
-};
 
 void createAndShow(Stage& stage) {
     constexpr DWORD kStyles[] = {kPopup, kShownPopup, kPopup | WS_CLIPCHILDREN};
@@ -250,6 +195,29 @@ void modalPopup(Stage& stage) {
     DestroyWindow(stage.top);
 }
 
+void whoIsActivatedNext(Stage& stage) {
+    HWND between = stage.createQuietly("between", kShownPopup, {300, 60, 50, 50});
+    HWND owned = stage.createQuietly("owned", kShownPopup, {80, 80, 100, 50}, stage.top);
+    stage.spy().mute(true);
+    SetActiveWindow(owned);
+    SetWindowPos(between, owned, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    const auto hide = [&stage](HWND window) {
+        ShowWindow(window, SW_HIDE);
+        drainQueue();
+        stage.state();
+    };
+    hide(owned);
+    ShowWindow(owned, SW_SHOW);
+    EnableWindow(stage.top, FALSE);
+    hide(owned);
+    stage.note("last popup " + stage.name(GetLastActivePopup(stage.top)));
+    EnableWindow(stage.top, TRUE);
+    HWND disabled = stage.create("disabled", kPopup | WS_DISABLED, {300, 60, 50, 50});
+    ShowWindow(disabled, SW_SHOWNA);
+    hide(stage.top);
+    hide(between);
+}
+
 void enabling(Stage& stage) {
     for (const BOOL enable : {FALSE, FALSE, TRUE}) {
         stage.note(EnableWindow(stage.first, enable) ? "was disabled" : "was enabled");
@@ -326,59 +294,6 @@ void destroying(Stage& stage) {
     stage.note(IsWindow(stage.second) ? "alive" : "gone");
 }
 
-void painting(Stage& stage) {
-    struct Redraw {
-        const char* what;
-        HWND window;
-        UINT flags;
-    };
-    for (const Redraw& row : {
-             Redraw{"child", stage.first, RDW_INVALIDATE | RDW_ERASE},
-             {"child, no erase", stage.first, RDW_INVALIDATE},
-             {"top", stage.top, RDW_INVALIDATE | RDW_ERASE},
-             {"top, no erase", stage.top, RDW_INVALIDATE},
-             {"top, update now", stage.top, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN},
-             {"top without children", stage.top, RDW_INVALIDATE | RDW_ERASE | RDW_NOCHILDREN},
-             {"frame", stage.first, RDW_INVALIDATE | RDW_FRAME},
-             {"erase now", stage.first, RDW_INVALIDATE | RDW_ERASE | RDW_ERASENOW},
-         }) {
-        stage.step(row.what);
-        RedrawWindow(row.window, nullptr, nullptr, row.flags);
-        stage.note("-- paint");
-    }
-    stage.step("update");
-    InvalidateRect(stage.first, nullptr, FALSE);
-    UpdateWindow(stage.first);
-    stage.step("nothing to update");
-    UpdateWindow(stage.first);
-    stage.step("validated");
-    InvalidateRect(stage.first, nullptr, TRUE);
-    ValidateRect(stage.first, nullptr);
-    stage.step("no redraw");
-    SendMessageA(stage.first, WM_SETREDRAW, FALSE, 0);
-    InvalidateRect(stage.first, nullptr, TRUE);
-    drainQueue();
-    SendMessageA(stage.first, WM_SETREDRAW, TRUE, 0);
-    stage.step("unpainted answer");
-    stage.spy().setAnswer([](HWND window, UINT message, WPARAM, LPARAM, LRESULT&) {
-        if (message == WM_PAINT) {
-            ValidateRect(window, nullptr);
-        }
-        return message == WM_PAINT;
-    });
-    InvalidateRect(stage.first, nullptr, TRUE);
-    drainQueue();
-}
-
-void paintingOfAClippedParent(Stage& stage) {
-    HWND popup = stage.createQuietly("popup", kShownPopup | WS_CLIPCHILDREN, kTopPlace);
-    HWND child = stage.createQuietly("child", kShownChild, {10, 10, 50, 20}, popup, 1);
-    InvalidateRect(popup, nullptr, TRUE);
-    stage.step("hide child");
-    ShowWindow(child, SW_HIDE);
-    drainQueue();
-}
-
 void queueOrder(Stage& stage) {
     InvalidateRect(stage.first, nullptr, FALSE);
     PostMessageA(stage.first, WM_USER, 1, 0);
@@ -403,7 +318,7 @@ void queueOrder(Stage& stage) {
     PostMessageA(stage.first, WM_USER, 6, 0);
     DestroyWindow(stage.first);
     stage.note(PostMessageA(stage.first, WM_USER, 7, 0) ? "posted" : "refused");
-    drainQueue();
+    peek(nullptr, WM_USER, WM_USER, PM_REMOVE);
 }
 
 void keysThatWerePosted(Stage& stage) {
@@ -414,10 +329,12 @@ void keysThatWerePosted(Stage& stage) {
     }
     stage.step("with Alt");
     PostMessageA(stage.first, WM_SYSKEYDOWN, 'X', 0x20000001);
-    for (const char* const modifiers : {"S", "C"}) {
+    PostMessageA(stage.first, WM_SYSCHAR, VK_ESCAPE, 0x20000001);
+    for (const char* const modifiers : {"S", "C", "L", "SL", "CL", "N"}) {
         stage.step(modifiers);
         const HeldKeys held(modifiers);
-        for (const WPARAM key : {WPARAM{'A'}, WPARAM{VK_TAB}, WPARAM{VK_RETURN}, WPARAM{VK_BACK}}) {
+        stage.note("locks " + std::to_string(GetKeyState(VK_CAPITAL)) + " " + std::to_string(GetKeyState(VK_NUMLOCK)));
+        for (const UINT key : {UINT{'A'}, UINT{'1'}, UINT{VK_NUMPAD0}, UINT{VK_TAB}, UINT{VK_RETURN}, UINT{VK_BACK}}) {
             PostMessageA(stage.first, WM_KEYDOWN, key, 1);
         }
         drainQueue();
@@ -504,10 +421,39 @@ void messageHooks(Stage& stage) {
     PeekMessageA(&message, nullptr, WM_APP, WM_APP + 9, PM_REMOVE);
 }
 
-constexpr struct {
-    const char* name;
-    void (*run)(Stage& stage);
-} kScenarios[] = {
+void staleHandles(Stage& stage) {
+    HWND stale = stage.first;
+    DestroyWindow(stale);
+    HWND reused = stage.createQuietly("reused", WS_CHILD, {0, 0, 1, 1}, stage.top);
+    stage.note(reused == stale ? "same handle" : "another handle");
+    SetLastError(ERROR_SUCCESS);
+    for (const bool taken :
+         {IsWindow(stale) != 0, SetWindowTextA(stale, "x") != 0, SendMessageA(stale, WM_USER, 0, 0) != 0,
+          SetFocus(stale) != nullptr, IsWindow(reinterpret_cast<HWND>(std::uintptr_t{0x12345678})) != 0}) {
+        stage.note(std::string(taken ? "taken" : "refused") + ", error " + std::to_string(GetLastError()));
+    }
+}
+
+void storedData(Stage& stage) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.cbWndExtra = 12;
+    windowClass.lpszClassName = "WithExtra";
+    stage.note(RegisterClassA(&windowClass) ? "registered" : "refused");
+    stage.note(RegisterClassA(&windowClass) ? "registered again" : "refused again");
+    HWND window = CreateWindowExA(0, "wITHeXTRA", "", WS_CHILD, 0, 0, 1, 1, stage.top, nullptr, nullptr, nullptr);
+    char name[20];
+    GetClassNameA(window, name, sizeof name);
+    stage.note(name);
+    for (const int index : {4, 8, GWLP_USERDATA, GWLP_ID}) {
+        const LONG_PTR before = SetWindowLongPtrA(window, index, 0x12345);
+        stage.note(std::to_string(before) + ", then " + std::to_string(GetWindowLongPtrA(window, index)));
+    }
+    stage.note("another one's " + std::to_string(GetWindowLongPtrA(stage.first, GWLP_USERDATA)));
+    DestroyWindow(window);
+}
+
+constexpr StagedSection kSections[] = {
     {"create and show", createAndShow},
     {"create children", createChildren},
     {"show a filled window", showAFilledWindow},
@@ -516,12 +462,13 @@ constexpr struct {
     {"focus of unfit windows", focusOfUnfitWindows},
     {"activation", activation},
     {"modal popup", modalPopup},
+    {"who is activated next", whoIsActivatedNext},
     {"enabling", enabling},
     {"style bits", styleBits},
     {"capture", capture},
     {"destroying", destroying},
-    {"painting", painting},
-    {"painting of a clipped parent", paintingOfAClippedParent},
+    {"stale handles", staleHandles},
+    {"stored data", storedData},
     {"queue order", queueOrder},
     {"keys that were posted", keysThatWerePosted},
     {"closing", closing},
@@ -533,9 +480,5 @@ constexpr struct {
 }  // namespace
 
 void traceWindows(Trace& trace) {
-    for (const auto& scenario : kScenarios) {
-        trace.section(std::string("windows: ") + scenario.name);
-        Stage stage(trace);
-        scenario.run(stage);
-    }
+    play(trace, kSections);
 }

@@ -84,6 +84,14 @@ TEST_F(Dialogs, CloseBoxCancelsWithoutLeavingTheField) {
     EXPECT_EQ(m_dialog.m_left, 0);
 }
 
+TEST_F(Dialogs, QuitEndsTheLoopAndIsLeftForTheOneOutside) {
+    RunInLoop({[] { ::PostQuitMessage(4); }});
+    EXPECT_EQ(m_dialog.DoModal(), -1);
+    MSG message{};
+    EXPECT_TRUE(::PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, WPARAM{4});
+}
+
 TEST_F(Dialogs, InitialisationMayEndItAndMissingTemplateFails) {
     m_dialog.m_endAtOnce = true;
     EXPECT_EQ(m_dialog.DoModal(), 7);

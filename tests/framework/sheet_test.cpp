@@ -128,8 +128,14 @@ TEST_F(Sheet, CreatesPagesWhenShownAndRefreshesOnlyLaterActivations) {
 
 TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
     m_sheet.AddPage(&m_third);
-    const INT_PTR result = Run({[&] { m_sheet.SetActivePage(1); },
+    const INT_PTR result = Run({[&] {
+                                    m_sheet.SetActivePage(1);
+                                    m_first.m_acceptsApply = false;
+                                    Press(IDOK);
+                                },
                                 [&] {
+                                    EXPECT_EQ(m_sheet.GetActivePage(), &m_second) << "also when another page refuses";
+                                    m_first.m_acceptsApply = true;
                                     Trace();
                                     Press(IDOK);
                                 }});

@@ -1,8 +1,8 @@
 // Checks all dialog templates of the resources, after the checks themselves: each has to find the fault that is put
 // into a sound template.
 #include "automation/codepage.h"
-#include "tests/conformance/template_builder.h"
 #include "tests/resources/template_lint.h"
+#include "tests/support/template_builder.h"
 
 #ifndef _WIN32
 #include <tavrikdisplay.h>  // Windows has one display; natively the dialogs are made in memory.
@@ -23,7 +23,6 @@ struct Item {
     short x, y, width, height;
 };
 
-constexpr WORD kComboBox = 0x85;
 constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
 constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
 

@@ -54,11 +54,11 @@ TEST_F(ButtonTest, ShowsItsStateInTheMarkAndTheCaption) {
     constexpr int kMark = 13;
     for (const DWORD style : {DWORD{BS_AUTOCHECKBOX}, DWORD{BS_AUTORADIOBUTTON}}) {
         HWND button = add("Button", "Text", style, 90, 16);
-        const Picture clear(button, 90, 16);
+        const Painted clear(button, 90, 16);
         SendMessageA(button, BM_SETCHECK, BST_CHECKED, 0);
-        const Picture checked(button, 90, 16);
+        const Painted checked(button, 90, 16);
         SetWindowLongA(button, GWL_STYLE, GetWindowLongA(button, GWL_STYLE) | WS_DISABLED);
-        const Picture disabled(button, 90, 16);
+        const Painted disabled(button, 90, 16);
         EXPECT_LT(clear.count(black, 0, kMark), checked.count(black, 0, kMark));
         EXPECT_GT(checked.count(black, kMark, 90), 0);
         EXPECT_EQ(disabled.count(black, kMark, 90), 0) << "the caption is engraved";
@@ -69,8 +69,8 @@ TEST_F(ButtonTest, ShowsItsStateInTheMarkAndTheCaption) {
 
 TEST_F(ButtonTest, GroupBoxPaintsOnlyFrameAndCaption) {
     HWND group = add("Button", "Grupp", BS_GROUPBOX, 90, 60);
-    const Picture picture(group, 90, 60);
-    EXPECT_EQ(picture.at(45, 40), Picture::kGround);
+    const Painted picture(group, 90, 60);
+    EXPECT_EQ(picture.at(45, 40), kGround);
     EXPECT_EQ(picture.at(0, 40), GetSysColor(COLOR_3DSHADOW));
     EXPECT_EQ(picture.at(1, 40), GetSysColor(COLOR_3DHIGHLIGHT));
     POINT inside = {45, 40};

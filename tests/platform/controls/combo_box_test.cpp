@@ -60,10 +60,10 @@ TEST_F(ListTest, IsScrolledByItsBarWithoutSelecting) {
 
 TEST_F(ListTest, HasABarOnlyWhenNotAllEntriesFit) {
     const COLORREF track = GetSysColor(COLOR_SCROLLBAR);
-    EXPECT_EQ(Picture(addList(WS_VSCROLL, 2), kWidth, 100).count(track, kWidth - 10, kWidth), 0);
-    const Picture barred(addList(WS_VSCROLL, 24), kWidth, 100);
+    EXPECT_EQ(Painted(addList(WS_VSCROLL, 2), kWidth, 100).count(track, kWidth - 10, kWidth), 0);
+    const Painted barred(addList(WS_VSCROLL, 24), kWidth, 100);
     EXPECT_GT(barred.count(track, kWidth - 10, kWidth), 0);
-    EXPECT_EQ(barred.count(Picture::kGround, 0, kWidth), 0) << "part of the list is not painted";
+    EXPECT_EQ(barred.count(kGround, 0, kWidth), 0) << "part of the list is not painted";
 }
 
 TEST_F(ListTest, HoldsDataWhereTheOwnerDrawsWithoutStrings) {
@@ -147,9 +147,9 @@ TEST_F(ComboBoxTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
         RECT client;
         GetClientRect(shown, &client);
         const int right = client.right - 30;
-        EXPECT_EQ(Picture(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(Painted(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_WINDOW));
         SetWindowLongA(combo, GWL_STYLE, GetWindowLongA(combo, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
-        EXPECT_EQ(Picture(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_BTNFACE));
+        EXPECT_EQ(Painted(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_BTNFACE));
     }
 }
 

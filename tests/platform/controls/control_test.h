@@ -1,6 +1,8 @@
 // A parent in memory that remembers what its controls tell it.
 #pragma once
 
+#include "tests/support/canvas.h"
+
 #include <gtest/gtest.h>
 #include <tavrikdisplay.h>
 #include <windows.h>
@@ -52,48 +54,11 @@ private:
     }
 };
 
-// A picture of a control's client area, on a ground that no control paints with.
-class Picture {
+// What a control paints in its client area, on a ground that no control paints with.
+class Painted : public Canvas {
 public:
-    static constexpr COLORREF kGround = RGB(255, 0, 255);
-
-    Picture(HWND window, int width, int height) : width_(width), height_(height) {
-        HDC screen = GetDC(window);
-        dc_ = CreateCompatibleDC(screen);
-        bitmap_ = CreateCompatibleBitmap(screen, width, height);
-        ReleaseDC(window, screen);
-        before_ = SelectObject(dc_, bitmap_);
-        const RECT all = {0, 0, width, height};
-        HBRUSH ground = CreateSolidBrush(kGround);
-        FillRect(dc_, &all, ground);
-        DeleteObject(ground);
-        SendMessageA(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc_), PRF_CLIENT);
+    Painted(HWND window, int width, int height) : Canvas(width, height) {
+        HDC dc = *this;
+        SendMessageA(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
     }
-    ~Picture() {
-        SelectObject(dc_, before_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-
-    COLORREF at(int x, int y) const { return GetPixel(dc_, x, y); }
-    // The number of pixels of the colour in the columns from `left` up to `right`.
-    int count(COLORREF colour, int left, int right) const {
-        int found = 0;
-        for (int y = 0; y < height_; ++y) {
-            for (int x = left; x < right; ++x) {
-                found += at(x, y) == colour;
-            }
-        }
-        return found;
-    }
-    int width() const { return width_; }
-
-private:
-    int width_;
-    int height_;
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ before_;
 };

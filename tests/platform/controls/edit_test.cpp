@@ -1,4 +1,4 @@
-// Edits where the comparison of traces does not reach: pixels, scrolling, and windows that die under way.
+// Edits where the comparison of traces does not reach: pixels, and windows that die under way.
 #include "tests/platform/controls/control_test.h"
 
 namespace {
@@ -39,23 +39,23 @@ TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
     for (const DWORD style : {DWORD{ES_AUTOHSCROLL}, DWORD{ES_AUTOHSCROLL | ES_NOHIDESEL}}) {
         HWND edit = addEdit(style);
         SendMessageA(edit, EM_SETSEL, 0, -1);
-        const bool shown = Picture(edit, kWidth, kHeight).count(highlight, 0, kWidth) > 0;
+        const bool shown = Painted(edit, kWidth, kHeight).count(highlight, 0, kWidth) > 0;
         EXPECT_EQ(shown, (style & ES_NOHIDESEL) != 0);
         SetFocus(edit);
-        EXPECT_GT(Picture(edit, kWidth, kHeight).count(highlight, 0, kWidth), 0);
+        EXPECT_GT(Painted(edit, kWidth, kHeight).count(highlight, 0, kWidth), 0);
     }
 }
 
 TEST_F(EditTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
     HWND edit = addEdit(ES_AUTOHSCROLL);
-    const Picture enabled(edit, kWidth, kHeight);
+    const Painted enabled(edit, kWidth, kHeight);
     SetWindowLongA(edit, GWL_STYLE, GetWindowLongA(edit, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
-    const Picture disabled(edit, kWidth, kHeight);
+    const Painted disabled(edit, kWidth, kHeight);
     EXPECT_EQ(enabled.at(kWidth - 1, 5), GetSysColor(COLOR_WINDOW));
     EXPECT_EQ(disabled.at(kWidth - 1, 5), GetSysColor(COLOR_BTNFACE));
     EXPECT_GT(disabled.count(GetSysColor(COLOR_GRAYTEXT), 0, kWidth), 0);
-    for (const Picture* picture : {&enabled, &disabled}) {
-        EXPECT_EQ(picture->count(Picture::kGround, 0, kWidth), 0) << "part of the field is not painted";
+    for (const Painted* picture : {&enabled, &disabled}) {
+        EXPECT_EQ(picture->count(kGround, 0, kWidth), 0) << "part of the field is not painted";
     }
 }
 
@@ -70,18 +70,6 @@ TEST_F(EditTest, RepaintsFromTheTypedCharacterOn) {
     ASSERT_TRUE(GetUpdateRect(edit, &update, FALSE));
     EXPECT_GT(update.left, seventh);
     EXPECT_LT(update.bottom - update.top, kHeight);
-}
-
-TEST_F(EditTest, ScrollsSoThatTheCaretIsSeen) {
-    HWND edit = addEdit(ES_AUTOHSCROLL, "a text that is much longer than the field it stands in");
-    SetFocus(edit);
-    SendMessageA(edit, WM_KEYDOWN, VK_END, 1);
-    EXPECT_GT(SendMessageA(edit, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
-    POINT caret{};
-    GetCaretPos(&caret);
-    EXPECT_LT(caret.x, kWidth);
-    SendMessageA(edit, WM_KEYDOWN, VK_HOME, 1);
-    EXPECT_EQ(SendMessageA(edit, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
 }
 
 }  // namespace

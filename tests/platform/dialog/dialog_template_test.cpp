@@ -1,6 +1,6 @@
 // Templates as resources may hold them, and damaged ones.
 #include "platform/dialog/dialog_template.h"
-#include "tests/conformance/template_builder.h"
+#include "tests/support/template_builder.h"
 
 #include <gtest/gtest.h>
 
@@ -24,24 +24,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Forms, DialogTemplateForms,
                          testing::Values(TemplateBuilder::Form::Classic, TemplateBuilder::Form::Extended));
-
-TEST_P(DialogTemplateForms, ReadsHeaderAndItems) {
-    const TemplateBuilder source = builder();
-    const std::vector<std::byte> bytes = bytesOf(source, source.words().size() * 2);
-    const auto dialog = parseDialogTemplate(bytes);
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->caption, "Rubrik \xE5");
-    EXPECT_EQ(dialog->exStyle, static_cast<DWORD>(WS_EX_TOPMOST));
-    EXPECT_EQ(dialog->x, -3);
-    EXPECT_EQ(dialog->height, 100);
-    EXPECT_EQ(dialog->pointSize, 8);
-    ASSERT_EQ(dialog->items.size(), 2U);
-    EXPECT_EQ(dialog->items[0].className.text, "Edit");
-    EXPECT_EQ(dialog->items[0].text.text, "text");
-    EXPECT_EQ(dialog->items[0].width, 30);
-    EXPECT_EQ(dialog->items[1].className.text, "SysTabControl32");
-    EXPECT_EQ(dialog->items[1].id, 0x3020U);
-}
 
 TEST_P(DialogTemplateForms, RefusesEveryTruncation) {
     const TemplateBuilder source = builder();

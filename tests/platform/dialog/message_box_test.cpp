@@ -75,8 +75,12 @@ TEST(MessageBoxTest, ControlCCopiesCaptionTextAndButtons) {
 }
 
 TEST(MessageBoxTest, TaskModalBoxDisablesEveryWindowAndGivesTheFocusBack) {
-    HWND window =
-        CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
+    const auto create = [](DWORD style) {
+        return CreateWindowExA(0, "Static", "", WS_POPUP | WS_VISIBLE | style, 0, 0, 50, 50, nullptr, nullptr, nullptr,
+                               nullptr);
+    };
+    HWND disabled = create(WS_DISABLED);
+    HWND window = create(0);
     SetFocus(window);
     BOOL enabledMeanwhile = TRUE;
     runBox(nullptr, "Klart", MB_OK | MB_TASKMODAL, [&](HWND) {
@@ -85,8 +89,10 @@ TEST(MessageBoxTest, TaskModalBoxDisablesEveryWindowAndGivesTheFocusBack) {
     });
     EXPECT_FALSE(enabledMeanwhile);
     EXPECT_TRUE(IsWindowEnabled(window));
+    EXPECT_FALSE(IsWindowEnabled(disabled)) << "was so before";
     EXPECT_EQ(GetFocus(), window);
     DestroyWindow(window);
+    DestroyWindow(disabled);
 }
 
 }  // namespace

@@ -63,14 +63,6 @@ TEST_F(MemoryDisplayTest, HeldButtonAndGrabKeepTheMouse) {
     EXPECT_EQ(pump(), Events{"move 1 button 0 at 10,10"});
 }
 
-TEST_F(MemoryDisplayTest, KeysComeInOrderWithTheirModifiers) {
-    display_.injectKey(VK_SHIFT, true, "");
-    display_.injectKey('A', true, "A", MK_SHIFT);
-    display_.injectKey(VK_SHIFT, false, "", MK_SHIFT);
-    EXPECT_EQ(pump(), (Events{"key 10 down ''", "modifiers 04", "key 41 down 'A'", "key 10 up ''"}));
-    EXPECT_EQ(display_.pump(sink_, 0), 0);
-}
-
 TEST_F(MemoryDisplayTest, OnlyTheLastFocusIsReported) {
     const HWND first = open(1, {0, 0, 100, 100});
     const HWND second = open(2, {0, 0, 50, 50});
@@ -105,17 +97,6 @@ TEST_F(MemoryDisplayTest, PresentedPartsAddUpWithinTheSurface) {
     EXPECT_TRUE(shown.left == 10 && shown.top == 10 && shown.right == 60 && shown.bottom == 100);
     EXPECT_EQ(display_.find(window)->surface, &surface);
     EXPECT_EQ(display_.takePresented(window).right, 0);
-}
-
-TEST_F(MemoryDisplayTest, ClipboardHoldsText) {
-    std::string text = "unchanged";
-    EXPECT_FALSE(display_.clipboardHasText());
-    EXPECT_FALSE(display_.readClipboard(text));
-    EXPECT_EQ(text, "unchanged");
-    display_.writeClipboard("\xE5");
-    EXPECT_TRUE(display_.clipboardHasText());
-    EXPECT_TRUE(display_.readClipboard(text));
-    EXPECT_EQ(text, "\xE5");
 }
 
 }  // namespace

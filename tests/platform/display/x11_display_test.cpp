@@ -125,6 +125,23 @@ protected:
         XFlush(other_);
     }
 
+    void sendMove(::Window window, POINT at, unsigned state) {
+        XEvent event{};
+        event.xmotion.type = MotionNotify;
+        event.xmotion.window = window;
+        event.xmotion.x = at.x;
+        event.xmotion.y = at.y;
+        event.xmotion.state = state;
+        XSendEvent(other_, window, True, PointerMotionMask, &event);
+    }
+
+    // Pumps long enough for a loss of the focus to be reported.
+    void settle() {
+        for (int i = 0; i < 5; ++i) {
+            display_->pump(sink_, kPumpMs);
+        }
+    }
+
     ::Display* other_ = nullptr;
     std::unique_ptr<Display> display_;
     RecordingSink sink_;
@@ -177,13 +194,65 @@ TEST_F(X11DisplayTest, FocusThatComesBackAtOnceWasNeverLost) {
     display_->pump(sink_, 0);
     XSetInputFocus(other_, windowTitled("Ett"), RevertToParent, CurrentTime);
     XSync(other_, False);
-    for (int i = 0; i < 5; ++i) {
-        display_->pump(sink_, kPumpMs);
-    }
+    settle();
     EXPECT_EQ(sink_.take(), Events{});
     XSetInputFocus(other_, None, RevertToNone, CurrentTime);
     XSync(other_, False);
     EXPECT_TRUE(pumpUntilEvent("focus out 1")) << "a loss that lasts";
+}
+
+TEST_F(X11DisplayTest, FocusNoticesThatCameTooLateTellNothing) {
+    open(1, {0, 0, 100, 100}, "one");
+    open(2, {50, 50, 150, 150}, "two");
+    ASSERT_TRUE(pumpUntil([&] { return windowTitled("one") != 0 && windowTitled("two") != 0; }));
+    display_->focus(windowNumber(2));
+    ASSERT_TRUE(pumpUntilEvent("focus in 2"));
+
+    // The server has answered the first request when the second one is made.
+    display_->focus(windowNumber(1));
+    display_->cursorPosition();
+    display_->focus(windowNumber(2));
+    settle();
+    EXPECT_EQ(sink_.take(), Events{});
+
+    XEvent late{};
+    late.xfocus.type = FocusOut;
+    late.xfocus.window = windowTitled("one");
+    late.xfocus.detail = NotifyNonlinear;
+    XSendEvent(other_, late.xfocus.window, False, FocusChangeMask, &late);
+    XFlush(other_);
+    settle();
+    EXPECT_EQ(sink_.take(), Events{});
+
+    // Lost while a window that is not shown yet waits for it.
+    display_->show(windowNumber(1), false);
+    settle();
+    display_->focus(windowNumber(1));
+    XSetInputFocus(other_, None, RevertToNone, CurrentTime);
+    XFlush(other_);
+    settle();
+    EXPECT_EQ(sink_.take(), Events{});
+    events_.clear();
+    display_->show(windowNumber(1), true);
+    ASSERT_TRUE(pumpUntilEvent("focus in 1"));
+    EXPECT_EQ(events_, (Events{"focus out 2", "focus in 1"}));
+}
+
+TEST_F(X11DisplayTest, MovesInARowAreOneUnlessAButtonOrTheWindowChanges) {
+    open(1, {0, 0, 100, 100}, "one");
+    open(2, {200, 0, 300, 100}, "two");
+    ASSERT_TRUE(pumpUntil([&] { return windowTitled("one") != 0 && windowTitled("two") != 0; }));
+    const ::Window one = windowTitled("one");
+    sendMove(one, {1, 1}, 0);
+    sendMove(one, {2, 2}, 0);
+    sendMove(windowTitled("two"), {3, 3}, 0);
+    sendMove(one, {4, 4}, 0);
+    sendMove(one, {5, 5}, Button1Mask);
+    sendMove(one, {6, 6}, Button1Mask);
+    XSync(other_, False);
+    EXPECT_TRUE(pumpUntilEvent("move 1 button 0 at 6,6"));
+    EXPECT_EQ(events_, (Events{"move 1 button 0 at 2,2", "move 2 button 0 at 3,3", "move 1 button 0 at 4,4",
+                               "move 1 button 0 at 6,6"}));
 }
 
 TEST_F(X11DisplayTest, KeysCarryVirtualKeyTextAndModifiers) {
@@ -191,13 +260,14 @@ TEST_F(X11DisplayTest, KeysCarryVirtualKeyTextAndModifiers) {
     display_->pump(sink_, kPumpMs);
     const ::Window window = windowTitled("keys");
     sendKey(window, XK_a, ShiftMask);
+    sendKey(window, XK_a, LockMask);
     sendKey(window, XK_a, ControlMask);
     sendKey(window, XK_Delete, 0);
     sendKey(window, XK_Return, ControlMask);
     ASSERT_TRUE(pumpUntilEvent("key 0d up ''"));
-    EXPECT_EQ(events_, (Events{"modifiers 04", "key 41 down 'A'", "key 41 up ''", "modifiers 08", "key 41 down '\x01'",
-                               "key 41 up ''", "modifiers 00", "key 2e down ''", "key 2e up ''", "modifiers 08",
-                               "key 0d down '\n'", "key 0d up ''"}));
+    EXPECT_EQ(events_, (Events{"modifiers 04", "key 41 down 'A'", "key 41 up ''", "modifiers 40", "key 41 down 'A'",
+                               "key 41 up ''", "modifiers 08", "key 41 down '\x01'", "key 41 up ''", "modifiers 00",
+                               "key 2e down ''", "key 2e up ''", "modifiers 08", "key 0d down '\n'", "key 0d up ''"}));
 }
 
 TEST_F(X11DisplayTest, CloseButtonAsksAndVanishedWindowIsSurvived) {

@@ -1,5 +1,8 @@
 // Device-independent bitmaps: reading every depth, refusing what is malformed, writing back.
-#include "canvas.h"
+#include "platform/graphics/window_dc.h"
+#include "tests/support/canvas.h"
+
+#include <gtest/gtest.h>
 
 #include "platform/graphics/dib.h"
 

@@ -1,5 +1,8 @@
 // Measuring and laying out text. Glyph shapes depend on the installed font, so drawn text is looked at by its extent.
-#include "canvas.h"
+#include "platform/graphics/window_dc.h"
+#include "tests/support/canvas.h"
+
+#include <gtest/gtest.h>
 
 #include <cstring>
 

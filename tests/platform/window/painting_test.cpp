@@ -9,48 +9,12 @@ using testing_window::Scene;
 using testing_window::screen;
 
 constexpr COLORREF kWhite = RGB(255, 255, 255);
-constexpr COLORREF kRed = RGB(255, 0, 0);
-constexpr COLORREF kBlue = RGB(0, 0, 255);
-
-void fill(HWND window, COLORREF colour) {
-    const HDC dc = GetDC(window);
-    const HBRUSH brush = CreateSolidBrush(colour);
-    RECT client;
-    GetClientRect(window, &client);
-    FillRect(dc, &client, brush);
-    DeleteObject(brush);
-    ReleaseDC(window, dc);
-}
 
 COLORREF pixelOf(HWND window, int x, int y) {
     const HDC dc = GetDC(window);
     const COLORREF colour = GetPixel(dc, x, y);
     ReleaseDC(window, dc);
     return colour;
-}
-
-TEST(Painting, ParentIsClippedByItsChildrenOnlyWhenItAsksForIt) {
-    Scene scene;
-    SetWindowLongPtrA(scene.top, GWL_STYLE, GetWindowLongPtrA(scene.top, GWL_STYLE) | WS_CLIPCHILDREN);
-    fill(scene.top, kRed);
-    EXPECT_EQ(kRed, pixelOf(scene.top, 5, 5));
-    EXPECT_EQ(kWhite, pixelOf(scene.first, 5, 5));
-    SetWindowLongPtrA(scene.top, GWL_STYLE, GetWindowLongPtrA(scene.top, GWL_STYLE) & ~WS_CLIPCHILDREN);
-    fill(scene.top, kBlue);
-    EXPECT_EQ(kBlue, pixelOf(scene.first, 5, 5));
-}
-
-TEST(Painting, ChildIsClippedByItsParentAndBySiblingsAbove) {
-    Scene scene;
-    MoveWindow(scene.second, 10, 20, 50, 20, TRUE);  // Covered by the first one in its upper half.
-    MoveWindow(scene.first, 10, 10, 500, 20, TRUE);
-    drainQueue();
-    SetWindowLongPtrA(scene.second, GWL_STYLE, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS);
-    fill(scene.second, kRed);
-    EXPECT_EQ(kWhite, pixelOf(scene.top, 15, 25));
-    EXPECT_EQ(kRed, pixelOf(scene.top, 15, 35));
-    fill(scene.first, kBlue);
-    EXPECT_EQ(kBlue, pixelOf(scene.top, 199, 15));
 }
 
 TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {

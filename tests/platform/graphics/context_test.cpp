@@ -1,5 +1,8 @@
-// Origin, clip, saved states, contexts of windows and damage.
-#include "canvas.h"
+// Contexts of windows, damage, and extremes. What is painted is compared with the real system in tests/conformance.
+#include "platform/graphics/window_dc.h"
+#include "tests/support/canvas.h"
+
+#include <gtest/gtest.h>
 
 #include <memory>
 
@@ -11,56 +14,28 @@ bool equals(const RECT& rect, const RECT& expected) {
 
 }  // namespace
 
-TEST(Clip, NarrowsInLogicalCoordinates) {
+TEST(Drawing, SurvivesSizesBeyondMeasure) {
+    constexpr int kHuge = 0x7FFFFFFF;
     Canvas canvas(8, 4);
-    SetViewportOrgEx(canvas, 2, 1, nullptr);
-    EXPECT_EQ(IntersectClipRect(canvas, 0, 0, 4, 2), SIMPLEREGION);
-    EXPECT_EQ(ExcludeClipRect(canvas, 1, 0, 2, 1), COMPLEXREGION);
-    RECT box{};
-    EXPECT_EQ(GetClipBox(canvas, &box), COMPLEXREGION);
-    EXPECT_TRUE(equals(box, {0, 0, 4, 2}));
-    canvas.fill({-10, -10, 100, 100}, kRed);
-    const RECT hidden = {1, 0, 2, 1};
-    const RECT half = {1, 0, 2, 2};
-    EXPECT_FALSE(RectVisible(canvas, &hidden));
-    EXPECT_TRUE(RectVisible(canvas, &half));
-    EXPECT_EQ(GetPixel(canvas, 1, 0), CLR_INVALID);
-    EXPECT_EQ(IntersectClipRect(canvas, 50, 50, 60, 60), NULLREGION);
-
-    Canvas shown(8, 4);
-    BitBlt(shown, 0, 0, 8, 4, canvas, -2, -1, SRCCOPY);
-    EXPECT_EQ(shown.picture(), (Picture{"........", "..R.RR..", "..RRRR..", "........"}));
+    Canvas source(4, 1);
+    const RECT all = {-kHuge, -5, kHuge, kHuge};
+    EXPECT_TRUE(DrawFocusRect(canvas, &all));
+    EXPECT_TRUE(Ellipse(canvas, -kHuge, -kHuge, kHuge, kHuge));
+    EXPECT_TRUE(BitBlt(canvas, kHuge, -kHuge, kHuge, kHuge, source, -kHuge, 5, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(canvas, 0, 0, kHuge, kHuge, source, 0, 0, kHuge, -kHuge, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(canvas, 0, 0, 8, 0, source, 0, 0, 4, 1, SRCCOPY));
+    EXPECT_FALSE(BitBlt(canvas, 0, 0, 1, 1, source, 0, 0, 0x123456)) << "an operation that is not known";
 }
 
-TEST(Clip, SavedStatesComeBackByLevel) {
-    Canvas canvas(10, 10);
-    const HBRUSH brush = CreateSolidBrush(kRed);
-    EXPECT_EQ(SaveDC(canvas), 1);
-    IntersectClipRect(canvas, 2, 2, 5, 5);
-    SelectObject(canvas, brush);
-    SetTextColor(canvas, kBlue);
-    EXPECT_EQ(SaveDC(canvas), 2);
-    SelectObject(canvas, GetStockObject(BLACK_BRUSH));
-    IntersectClipRect(canvas, 3, 3, 4, 4);
-    EXPECT_FALSE(RestoreDC(canvas, 0));
-    EXPECT_FALSE(RestoreDC(canvas, 3));
-    EXPECT_FALSE(RestoreDC(canvas, -3));
-    EXPECT_TRUE(RestoreDC(canvas, -1));
-    RECT box{};
-    GetClipBox(canvas, &box);
-    EXPECT_TRUE(equals(box, {2, 2, 5, 5}));
-    EXPECT_EQ(SelectObject(canvas, brush), brush);
-    // A deleted object in a saved state lives as long as that.
-    SaveDC(canvas);
-    SelectObject(canvas, GetStockObject(WHITE_BRUSH));
-    DeleteObject(brush);
-    EXPECT_TRUE(RestoreDC(canvas, 2));
-    EXPECT_EQ(SelectObject(canvas, GetStockObject(WHITE_BRUSH)), brush);
-    EXPECT_TRUE(RestoreDC(canvas, 1));
-    EXPECT_EQ(GetTextColor(canvas), RGB(0, 0, 0));
-    EXPECT_EQ(SelectObject(canvas, brush), nullptr);
-    GetClipBox(canvas, &box);
-    EXPECT_TRUE(equals(box, {0, 0, 10, 10}));
+// The same through a clip of several parts as through one.
+TEST(Drawing, OverlappingCopiesKeepTheirSource) {
+    Canvas canvas(5, 3);
+    canvas.paint({"RBWK.", "WRBWK", ".BWRB"});
+    ExcludeClipRect(canvas, 2, 1, 3, 2);
+    BitBlt(canvas, 1, 0, 4, 3, canvas, 0, 0, SRCCOPY);
+    Canvas copy(5, 3);
+    BitBlt(copy, 0, 0, 5, 3, canvas, 0, 0, SRCCOPY);
+    EXPECT_EQ(copy.picture(), (Picture{"RRBWK", "WWBBW", "..BWR"}));
 }
 
 TEST(WindowContext, DrawsAtItsOriginWithinItsClipAndCountsDamage) {

@@ -11,6 +11,7 @@
 constexpr WORD kButton = 0x80;
 constexpr WORD kEdit = 0x81;
 constexpr WORD kStatic = 0x82;
+constexpr WORD kComboBox = 0x85;
 
 class TemplateBuilder {
 public:
