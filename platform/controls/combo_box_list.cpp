@@ -416,6 +416,7 @@ LRESULT ComboBox::onCbSelectString(int after, LPCSTR text) {
     const LRESULT index = askList(LB_SELECTSTRING, static_cast<WPARAM>(after), reinterpret_cast<LPARAM>(text));
     if (index >= 0) {
         showCurrent();
+        keepSelection_ = false;
     }
     return index;
 }

@@ -255,6 +255,11 @@ constexpr ComboKeys kComboKeys[] = {
     {"upper-case combo", CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_UPPERCASE, {"ab\xE5", "{down}", "{bs}x"}},
 };
 
+constexpr MessageStep kStepsAfterPick[] = {
+    {"set current", CB_SETCURSEL, 3, 0, nullptr},
+    {"select", CB_SELECTSTRING, 0, 0, "ap"},
+};
+
 void traceComboKeys(Trace& trace) {
     for (const ComboKeys& row : kComboKeys) {
         trace.section(row.name);
@@ -266,6 +271,14 @@ void traceComboKeys(Trace& trace) {
         }
         SetFocus(stage.other());
         stage.state("focus away");
+    }
+    trace.section("combo typing after a pick and a message");
+    for (const MessageStep& step : kStepsAfterPick) {
+        ComboStage stage(trace, CBS_DROPDOWN);
+        SetFocus(stage.control());
+        stage.type("{down}");
+        stage.run(step);
+        stage.type("d");
     }
 }
 
