@@ -17,40 +17,33 @@
 namespace sample {
 namespace {
 
-struct Item {
-    const char* text;
-    DWORD style;
-    WORD windowClass;
-    short x, y, width, height;
-    WORD id;
-};
-
-constexpr Item kFirstPage[] = {
-    {"", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 10, 60, 12, kNumber},
-    {"namn", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 30, 60, 12, kName},
-    {"&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX, kButton, 80, 10, 80, 10, kCheck},
-    {"Ett", WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, kButton, 80, 25, 80, 10, kFirstRadio},
-    {"Tv\xE5", BS_AUTORADIOBUTTON, kButton, 80, 40, 80, 10, kSecondRadio},
-    {"", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboBox, 10, 50, 60, 60, kCombo},
-    {"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kComboBox, 10, 70, 60, 40, kList},
-    {"Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, kButton, 80, 55, 80, 10, kDisabled},
-    {"&Bl\xE4"
+constexpr TemplateItem kFirstPage[] = {
+    {kEdit, kNumber, "", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 10, 10, 60, 12},
+    {kEdit, kName, "namn", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 10, 30, 60, 12},
+    {kButton, kCheck, "&Kryss", WS_TABSTOP | BS_AUTOCHECKBOX, 80, 10, 80, 10},
+    {kButton, kFirstRadio, "Ett", WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, 80, 25, 80, 10},
+    {kButton, kSecondRadio, "Tv\xE5", BS_AUTORADIOBUTTON, 80, 40, 80, 10},
+    {kComboBox, kCombo, "", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 10, 50, 60, 60},
+    {kComboBox, kList, "", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 10, 70, 60, 40},
+    {kButton, kDisabled, "Av", WS_TABSTOP | WS_DISABLED | BS_AUTOCHECKBOX, 80, 55, 80, 10},
+    {kButton, kBrowse,
+     "&Bl\xE4"
      "ddra",
-     WS_TABSTOP | BS_PUSHBUTTON, kButton, 80, 70, 50, 14, kBrowse},
+     WS_TABSTOP | BS_PUSHBUTTON, 80, 70, 50, 14},
 };
 
-constexpr Item kBelowFiles[] = {
-    {"Alla", WS_TABSTOP | BS_AUTOCHECKBOX, kButton, 5, 3, 100, 10, kAllFiles},
+constexpr TemplateItem kBelowFiles[] = {
+    {kButton, kAllFiles, "Alla", WS_TABSTOP | BS_AUTOCHECKBOX, 5, 3, 100, 10},
 };
 
-constexpr Item kSecondPage[] = {
-    {"anm\xE4rkning", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, kEdit, 10, 10, 60, 12, kRemark},
+constexpr TemplateItem kSecondPage[] = {
+    {kEdit, kRemark, "anm\xE4rkning", WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 10, 10, 60, 12},
 };
 
-TemplateBuilder MakeTemplate(const char* caption, std::span<const Item> items) {
+TemplateBuilder MakeTemplate(const char* caption, std::span<const TemplateItem> items) {
     TemplateBuilder page(TemplateBuilder::Form::Classic, WS_CHILD | WS_CAPTION | DS_CONTROL, 180, 100, caption);
-    for (const Item& item : items) {
-        page.add(item.windowClass, item.id, item.text, item.style, item.x, item.y, item.width, item.height);
+    for (const TemplateItem& item : items) {
+        page.add(item);
     }
     return page;
 }

@@ -10,7 +10,7 @@ found=build/trace-found.txt unlisted=build/trace-unlisted.txt sums=build/trace-s
 
 # differences NATIVE WINE: the lines of one system alone, below the headings of their sections.
 differences() {
-    local with_section='/^\[/ { section = $0 } { print section "|" $0 }'
+    local with_section='/^\[/ { section = $0 } !/^=/ { print section "|" $0 }'
     diff <(awk "$with_section" "$1") <(awk "$with_section" "$2") | awk '/^[<>]/ {
         heading = substr($0, 3, index($0, "]|") - 2)
         if (heading != last) print heading
@@ -19,14 +19,13 @@ differences() {
     }'
 }
 
-# run TRACE COMMAND...: through files, because what Wine leaves running would keep a pipe open.
+# run TRACE COMMAND...: through a file, because what Wine leaves running would keep a pipe open.
 run() {
-    local trace=$1
+    local trace=$1 status=0
     shift
-    timeout 120 "$@" --trace "$trace" --sums >"$trace.sums" </dev/null && return
-    echo "$1 ended with $?; the last lines of $trace:"
-    tail "$trace"
-    return 1
+    timeout 120 "$@" >"$trace.crlf" </dev/null || status=$?
+    tr -d '\r' <"$trace.crlf" >"$trace"
+    [ $status -eq 0 ] || { echo "$1 ended with $status; the last lines of $trace:"; tail "$trace"; return 1; }
 }
 run $native build/native/bin/tavrikconformance
 run $wine wine build/win64/bin/tavrikconformance.exe
@@ -44,7 +43,7 @@ if ! diff $listed $found >$unlisted; then
 fi
 
 # A section that differs has a sum of each system.
-cat $native.sums $wine.sums | tr -d '\r' | awk '!seen[$0]++' >$sums
+sed -n 's/^= //p' $native $wine | awk '!seen[$0]++' >$sums
 if ! diff $here/expected.txt $sums >$unlisted; then
     echo "Sections that are new, changed or gone:"
     sed -n 's/^[<>] [^ ]* [^ ]* /  /p' $unlisted | sort -u

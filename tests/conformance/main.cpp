@@ -1,10 +1,10 @@
 // Prints what the controls, dialogs and sheets of the window system do, section by section, for comparison between
 // systems, or compares it with the sums that are kept of it.
 //
-//   tavrikconformance [--trace FILE] [--sums | --expect FILE] [SECTION...]
+//   tavrikconformance [--expect FILE] [SECTION...]
 //
-// Without options the trace is printed. --trace writes it to a file, --sums prints the sums instead, --expect prints
-// only the lines that depart from the file's sums and gives 1 then. SECTION is the beginning of a section's name.
+// Prints the trace, each section with its sum; with --expect only the lines that depart from the file's sums, and gives
+// 1 then. SECTION is a group of sections, or the beginning of a section's name with the group before it.
 #include "tests/conformance/sums.h"
 #include "tests/conformance/trace.h"
 
@@ -14,8 +14,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -30,72 +31,28 @@ constexpr Group kGroups[] = {
     {"dialogs", traceDialogs}, {"sheets", traceSheets},     {"texts", traceTexts},     {"files", traceFileDialog},
 };
 
-struct Options {
-    std::FILE* trace = nullptr;
-    bool sums = false;
-    const char* expectedFile = nullptr;
-    std::vector<std::string_view> wanted;  // Beginnings of the sections' names.
-
-    bool wants(std::string_view section) const {
-        return wanted.empty() || std::any_of(wanted.begin(), wanted.end(),
-                                             [=](std::string_view name) { return section.starts_with(name); });
-    }
-    bool wantsSomeOf(std::string_view group) const {
-        return wants(group) || std::any_of(wanted.begin(), wanted.end(),
-                                           [=](std::string_view name) { return name.starts_with(group); });
-    }
-};
-
-// False when the arguments cannot be understood.
-bool read(int count, char** arguments, Options& options) {
-    for (int i = 1; i < count; ++i) {
-        const std::string_view argument = arguments[i];
-        if (argument == "--sums") {
-            options.sums = true;
-        } else if (argument == "--expect" && i + 1 < count) {
-            options.expectedFile = arguments[++i];
-        } else if (argument == "--trace" && i + 1 < count) {
-            options.trace = std::fopen(arguments[++i], "wb");
-            if (!options.trace) {
-                return false;
-            }
-        } else if (argument.starts_with("--")) {
-            return false;
-        } else {
-            options.wanted.push_back(argument);
-        }
-    }
-    if (!options.sums && !options.expectedFile) {
-        options.trace = stdout;
-    }
-    return true;
-}
-
-// Takes the trace line by line and does with each section what the options say.
+// Takes the trace line by line. Without expected sums it prints each section and its sum, else what is not as expected.
 class Recorder {
 public:
-    explicit Recorder(const Options& options) : options_(options) {}
+    Recorder(Sums* expected, std::vector<std::string_view> wanted) : expected_(expected), wanted_(std::move(wanted)) {}
 
-    // False when there are no sums to compare with.
-    bool readExpected() { return !options_.expectedFile || expected_.read(options_.expectedFile); }
     void take(const std::string& line) {
-        const bool heading = line.starts_with('[');
-        if (heading) {
+        if (line.starts_with('[')) {
             finishSection();
             section_.name = line.substr(1, line.size() - 2);
         } else {
             section_.lines.push_back(line);
         }
-        if (options_.trace && options_.wants(section_.name)) {
-            std::fprintf(options_.trace, "%s\n", line.c_str());
-            std::fflush(options_.trace);
+        if (!expected_ && wants(section_.name)) {
+            std::puts(line.c_str());
+            std::fflush(stdout);
         }
     }
     // Whether all was as expected.
     bool finish() {
         finishSection();
-        for (const std::string& name : expected_.unchecked()) {
-            if (options_.wants(name)) {
+        for (const auto& [name, sum] : expected_ ? *expected_ : Sums{}) {
+            if (wants(name)) {
                 std::printf("[%s] is missing\n", name.c_str());
                 asExpected_ = false;
             }
@@ -104,21 +61,24 @@ public:
     }
 
 private:
+    bool wants(std::string_view section) const {
+        return wanted_.empty() || std::any_of(wanted_.begin(), wanted_.end(),
+                                              [=](std::string_view name) { return section.starts_with(name); });
+    }
     void finishSection() {
         const TracedSection section = std::exchange(section_, {});
-        if (section.lines.empty() || !options_.wants(section.name)) {
+        if (section.name.empty() || !wants(section.name)) {
             return;
         }
-        if (options_.sums) {
-            std::puts(sumOf(section).c_str());
-        }
-        if (options_.expectedFile && !expected_.check(section)) {
-            asExpected_ = false;
+        if (expected_) {
+            asExpected_ = isExpected(section, *expected_) && asExpected_;
+        } else {
+            std::printf("= %s\n", sumOf(section).c_str());
         }
     }
 
-    const Options& options_;
-    ExpectedSums expected_;
+    Sums* expected_;
+    std::vector<std::string_view> wanted_;
     TracedSection section_;
     bool asExpected_ = true;
 };
@@ -126,10 +86,10 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    Options options;
-    Recorder recorder(options);
-    if (!read(argc, argv, options) || !recorder.readExpected()) {
-        std::fputs("usage: tavrikconformance [--trace FILE] [--sums | --expect FILE] [SECTION...]\n", stderr);
+    const bool expects = argc > 2 && argv[1] == std::string_view("--expect");
+    Sums expected = expects ? readSums(argv[2]) : Sums{};
+    if (expects ? expected.empty() : argc > 1 && *argv[1] == '-') {
+        std::fputs("usage: tavrikconformance [--expect FILE] [SECTION...]\n", stderr);
         return 2;
     }
 #ifndef _WIN32
@@ -138,8 +98,11 @@ int main(int argc, char** argv) {
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES};
     InitCommonControlsEx(&controls);
 
+    const std::vector<std::string_view> wanted(argv + (expects ? 3 : 1), argv + argc);
+    Recorder recorder(expects ? &expected : nullptr, wanted);
     for (const Group& group : kGroups) {
-        if (options.wantsSomeOf(group.name)) {
+        if (wanted.empty() || std::any_of(wanted.begin(), wanted.end(),
+                                          [&group](std::string_view name) { return name.starts_with(group.name); })) {
             Trace trace([&recorder](const std::string& line) { recorder.take(line); }, std::string(group.name));
             group.run(trace);
         }

@@ -65,33 +65,24 @@ std::string sumOf(const TracedSection& section) {
     return std::string(digits.data()) + " " + marksOf(section) + " " + section.name;
 }
 
-bool ExpectedSums::read(const char* file) {
+Sums readSums(const char* file) {
+    Sums sums;
     std::ifstream stream(file);
     for (std::string line; std::getline(stream, line);) {
-        const std::size_t marksAt = line.find(' ') + 1;
-        sums_.emplace(line.substr(line.find(' ', marksAt) + 1), line);
+        sums.emplace(line.substr(line.find(' ', line.find(' ') + 1) + 1), line);
     }
-    return !sums_.empty();
+    return sums;
 }
 
-bool ExpectedSums::check(const TracedSection& section) {
-    const auto [first, last] = sums_.equal_range(section.name);
+bool isExpected(const TracedSection& section, Sums& sums) {
+    const auto [first, last] = sums.equal_range(section.name);
     const std::string sum = sumOf(section);
     const bool found = std::any_of(first, last, [&sum](const auto& entry) { return entry.second == sum; });
-    const std::string expected = first != last ? first->second : std::string();
-    sums_.erase(first, last);
-    if (found) {
-        return true;
+    const std::string expected = first != last ? first->second : "  ";
+    sums.erase(first, last);
+    if (!found) {
+        const std::size_t marksAt = expected.find(' ') + 1;
+        printChange(section, expected.substr(marksAt, expected.find(' ', marksAt) - marksAt));
     }
-    const std::size_t marksAt = expected.find(' ') + 1;
-    printChange(section, expected.substr(marksAt, expected.find(' ', marksAt) - marksAt));
-    return false;
-}
-
-std::vector<std::string> ExpectedSums::unchecked() const {
-    std::vector<std::string> names;
-    for (const auto& [name, sum] : sums_) {
-        names.push_back(name);
-    }
-    return names;
+    return found;
 }

@@ -13,16 +13,9 @@ struct TracedSection {
 
 std::string sumOf(const TracedSection& section);
 
-class ExpectedSums {
-public:
-    // Reads a file of sums. False when there is none.
-    bool read(const char* file);
-    // Prints which lines of the section are not as expected; true when all are.
-    bool check(const TracedSection& section);
-    // The sections that no check asked for.
-    std::vector<std::string> unchecked() const;
+// The sums of a file, by the sections' names; two where the systems may differ, the native one first.
+using Sums = std::multimap<std::string, std::string>;
 
-private:
-    // By the section's name; two where the systems may differ, the native one first.
-    std::multimap<std::string, std::string> sums_;
-};
+Sums readSums(const char* file);
+// Takes the section's sums out. When none of them fits, prints the lines that are not as expected and returns false.
+bool isExpected(const TracedSection& section, Sums& sums);

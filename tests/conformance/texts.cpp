@@ -107,6 +107,12 @@ void traceTexts(Trace& trace) {
         traceWidening(trace, {CP_UTF8, MB_ERR_INVALID_CHARS, malformed, -1});
         traceWidening(trace, {CP_UTF8, 0, malformed, -1});
     }
+    trace.section("comparing texts");
+    constexpr const char* kPairs[][2] = {{"\xC5gr\xC4n", "\xE5GR\xE4N"}, {"b", "A"}, {"a", "ab"}, {"\xD7", "\xF7"}};
+    for (const auto& [one, other] : kPairs) {
+        const int order = lstrcmpiA(one, other);
+        trace.line("%d", (order > 0) - (order < 0));
+    }
     trace.section("narrowing texts");
     for (const NarrowingStep& step : kNarrowingSteps) {
         traceNarrowing(trace, step);

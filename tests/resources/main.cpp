@@ -15,19 +15,11 @@
 
 namespace {
 
-struct Item {
-    WORD windowClass;
-    int id;
-    const char* caption;
-    DWORD style;
-    short x, y, width, height;
-};
-
 constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
 constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
 
 // Of 120 by 90 units.
-constexpr Item kSound[] = {
+constexpr TemplateItem kSound[] = {
     {kButton, -1, "Boxes", BS_GROUPBOX | WS_GROUP, 5, 5, 110, 40},
     {kButton, 1, "First", kCheckBox | WS_GROUP | WS_TABSTOP, 12, 16, 45, 10},
     {kButton, 2, "Second", kCheckBox, 12, 28, 45, 10},
@@ -42,7 +34,7 @@ constexpr Item kSound[] = {
 // What is complained of when an item of the sound template is another; null for nothing.
 struct Fault {
     std::size_t index;
-    Item item;
+    TemplateItem item;
     const char* complaint;
 };
 
@@ -122,8 +114,7 @@ private:
     void testWith(const Fault& fault) {
         TemplateBuilder dialog(TemplateBuilder::Form::Classic, 0, 120, 90, "");
         for (std::size_t i = 0; i < std::size(kSound); ++i) {
-            const Item& item = i == fault.index ? fault.item : kSound[i];
-            dialog.add(item.windowClass, item.id, item.caption, item.style, item.x, item.y, item.width, item.height);
+            dialog.add(i == fault.index ? fault.item : kSound[i]);
         }
         const std::vector<std::string> found = lintTemplate("test", dialog.words(), popup_);
         if (!fault.complaint) {

@@ -13,6 +13,14 @@ constexpr WORD kEdit = 0x81;
 constexpr WORD kStatic = 0x82;
 constexpr WORD kComboBox = 0x85;
 
+struct TemplateItem {
+    WORD windowClass;
+    int id;
+    const char* caption;
+    DWORD style;
+    short x, y, width, height;
+};
+
 class TemplateBuilder {
 public:
     enum class Form { Classic, Extended };
@@ -58,6 +66,10 @@ public:
         beginItem(id, style, x, y, width, height);
         text(windowClass);
         return endItem(caption);
+    }
+
+    TemplateBuilder& add(const TemplateItem& item) {
+        return add(item.windowClass, item.id, item.caption, item.style, item.x, item.y, item.width, item.height);
     }
 
     LPCDLGTEMPLATEA get() const { return reinterpret_cast<LPCDLGTEMPLATEA>(words_.data()); }

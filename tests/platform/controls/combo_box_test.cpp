@@ -1,5 +1,4 @@
-// Lists and combo boxes where the comparison of traces does not reach: the scroll bar, the place of the open list,
-// pixels, and windows that die under way.
+// Lists and combo boxes where the comparison of traces does not reach: the scroll bar and the place of the open list.
 #include "tests/platform/controls/control_test.h"
 
 namespace {
@@ -76,29 +75,6 @@ TEST_F(ListTest, HoldsDataWhereTheOwnerDrawsWithoutStrings) {
 
 using ComboBoxTest = ListTest;
 
-TEST_F(ComboBoxTest, MayBeDestroyedByWhoeverItNotifies) {
-    for (const DWORD style : {DWORD{CBS_DROPDOWN}, DWORD{CBS_DROPDOWNLIST}}) {
-        for (UINT code = CBN_SELCHANGE; code <= CBN_SELENDCANCEL; ++code) {
-            HWND combo = addCombo(style, 3);
-            HWND list = listOf(combo);
-            hook_ = [&](UINT, UINT sent) -> LRESULT { return sent == code ? DestroyWindow(combo) : 0; };
-            SetFocus(combo);
-            const HWND field = GetFocus();
-            SendMessageA(field, WM_CHAR, 'c', 1);
-            SendMessageA(combo, WM_KEYDOWN, VK_DOWN, 1);
-            SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
-            click(list, 5, 5);
-            SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
-            SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(-5, -5));
-            SetFocus(parent_);
-            hook_ = nullptr;
-            DestroyWindow(combo);
-            EXPECT_FALSE(IsWindow(list)) << code;
-            EXPECT_EQ(GetCapture(), nullptr) << code;
-        }
-    }
-}
-
 TEST_F(ComboBoxTest, OpensItsListBelowOrAboveAndNoHigherThanItsEntries) {
     HWND combo = addCombo(CBS_DROPDOWNLIST, 3);
     HWND list = listOf(combo);
@@ -137,20 +113,6 @@ TEST_F(ComboBoxTest, KeepsItsListWhileTheBarIsUsedAndClosesItByAPressElsewhere) 
     SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(client.right + 50, 5));
     EXPECT_EQ(codes_, (std::vector<UINT>{CBN_SELENDCANCEL, CBN_CLOSEUP}));
     EXPECT_EQ(GetCapture(), nullptr);
-}
-
-TEST_F(ComboBoxTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
-    for (const DWORD style : {DWORD{CBS_DROPDOWN}, DWORD{CBS_DROPDOWNLIST}}) {
-        HWND combo = addCombo(style, 1);
-        SendMessageA(combo, CB_SETCURSEL, 0, 0);
-        HWND shown = style == CBS_DROPDOWN ? GetWindow(combo, GW_CHILD) : combo;
-        RECT client;
-        GetClientRect(shown, &client);
-        const int right = client.right - 30;
-        EXPECT_EQ(Painted(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_WINDOW));
-        SetWindowLongA(combo, GWL_STYLE, GetWindowLongA(combo, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
-        EXPECT_EQ(Painted(shown, client.right, client.bottom).at(right, 6), GetSysColor(COLOR_BTNFACE));
-    }
 }
 
 }  // namespace

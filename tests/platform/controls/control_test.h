@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 class ControlTest : public testing::Test {

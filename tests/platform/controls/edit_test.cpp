@@ -1,4 +1,4 @@
-// Edits where the comparison of traces does not reach: pixels, and windows that die under way.
+// The pixels of edits.
 #include "tests/platform/controls/control_test.h"
 
 namespace {
@@ -20,20 +20,6 @@ protected:
     }
 };
 
-TEST_F(EditTest, MayBeDestroyedByWhoeverItNotifies) {
-    for (const UINT code : {EN_SETFOCUS, EN_MAXTEXT, EN_UPDATE, EN_CHANGE, EN_KILLFOCUS}) {
-        HWND edit = addEdit(ES_AUTOHSCROLL, "abcd");
-        SendMessageA(edit, EM_SETLIMITTEXT, 5, 0);
-        hook_ = [&](UINT, UINT sent) -> LRESULT { return sent == code ? DestroyWindow(edit) : 0; };
-        SetFocus(edit);
-        type(edit, "xy\x1A");
-        SetWindowTextA(edit, "set");
-        SetFocus(parent_);
-        EXPECT_FALSE(IsWindow(edit)) << code;
-        hook_ = nullptr;
-    }
-}
-
 TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     for (const DWORD style : {DWORD{ES_AUTOHSCROLL}, DWORD{ES_AUTOHSCROLL | ES_NOHIDESEL}}) {
@@ -43,19 +29,6 @@ TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
         EXPECT_EQ(shown, (style & ES_NOHIDESEL) != 0);
         SetFocus(edit);
         EXPECT_GT(Painted(edit, kWidth, kHeight).count(highlight, 0, kWidth), 0);
-    }
-}
-
-TEST_F(EditTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
-    HWND edit = addEdit(ES_AUTOHSCROLL);
-    const Painted enabled(edit, kWidth, kHeight);
-    SetWindowLongA(edit, GWL_STYLE, GetWindowLongA(edit, GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
-    const Painted disabled(edit, kWidth, kHeight);
-    EXPECT_EQ(enabled.at(kWidth - 1, 5), GetSysColor(COLOR_WINDOW));
-    EXPECT_EQ(disabled.at(kWidth - 1, 5), GetSysColor(COLOR_BTNFACE));
-    EXPECT_GT(disabled.count(GetSysColor(COLOR_GRAYTEXT), 0, kWidth), 0);
-    for (const Painted* picture : {&enabled, &disabled}) {
-        EXPECT_EQ(picture->count(kGround, 0, kWidth), 0) << "part of the field is not painted";
     }
 }
 

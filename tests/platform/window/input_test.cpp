@@ -1,7 +1,9 @@
-// Mouse and keyboard from the display to messages.
+// Mouse and keyboard from the display to messages, and messages from other threads.
 #include "tests/platform/window/memory_screen.h"
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace {
 
@@ -211,6 +213,14 @@ TEST(Display, MovesByTheUserArriveAsMoves) {
     GetWindowRect(scene.first, &rect);
     EXPECT_EQ(310, rect.left);
     EXPECT_EQ(330, rect.top);
+}
+
+TEST(Threads, PostingFromAnotherOneIsRefused) {
+    Scene scene;
+    BOOL posted = TRUE;
+    std::thread([&posted, &scene] { posted = PostMessageA(scene.first, WM_USER, 0, 0); }).join();
+    EXPECT_FALSE(posted);
+    EXPECT_TRUE(PostMessageA(scene.first, WM_USER, 0, 0));
 }
 
 }  // namespace
