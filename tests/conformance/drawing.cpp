@@ -33,6 +33,7 @@ void traceFloodFill(Trace& trace) {
         SelectObject(canvas, blue);
         if (std::string(row.what).ends_with("clip")) {
             IntersectClipRect(canvas, 0, 2, 10, 5);
+            ExcludeClipRect(canvas, 1, 4, 2, 5);
         }
         trace.line("gives %d", ExtFloodFill(canvas, row.at.x, row.at.y, row.limit, row.kind) != 0);
         RestoreDC(canvas, -1);

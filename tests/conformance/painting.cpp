@@ -82,6 +82,14 @@ void updatingAChild(Stage& stage) {
         stage.note("-- the rest");
         drainQueue();
     }
+    stage.step("that covers all of its parent");
+    HWND popup = stage.createQuietly("popup", kShownPopup, kTopPlace);
+    HWND child = stage.createQuietly("child", kShownChild, {0, 0, 200, 100}, popup, 1);
+    InvalidateRect(popup, nullptr, TRUE);
+    UpdateWindow(child);
+    noteUpdate(popup);
+    InvalidateRect(popup, nullptr, FALSE);
+    drainQueue();
 }
 
 void fill(HWND window, COLORREF colour) {

@@ -1,4 +1,4 @@
-// Handles of objects that are refused.
+// Handles of objects: which are refused, and which live on.
 #include "platform/graphics/window_dc.h"
 #include "tests/support/canvas.h"
 
@@ -25,6 +25,19 @@ TEST(Objects, DeadAndInventedHandlesAreRefused) {
         EXPECT_EQ(GetObjectA(garbage, 0, nullptr), 0);
     }
     EXPECT_EQ(SetTextColor(static_cast<HDC>(GetStockObject(BLACK_PEN)), 0), CLR_INVALID);
+}
+
+// Wine forgets it, which leaves the saved state with a handle that names nothing.
+TEST(Objects, ADeletedBrushLivesAsLongAsASavedState) {
+    const Canvas canvas(1, 1);
+    const HBRUSH brush = CreateSolidBrush(kRed);
+    SelectObject(canvas, brush);
+    SaveDC(canvas);
+    SelectObject(canvas, GetStockObject(WHITE_BRUSH));
+    DeleteObject(brush);
+    EXPECT_TRUE(RestoreDC(canvas, -1));
+    EXPECT_EQ(SelectObject(canvas, GetStockObject(WHITE_BRUSH)), brush);
+    EXPECT_EQ(SelectObject(canvas, brush), nullptr);
 }
 
 TEST(Objects, ImpossibleBitmapsAreRefused) {
