@@ -40,6 +40,8 @@ INT_PTR CFileDialog::DoModal() {
         ::EnableWindow(topLevel, TRUE);
     }
     if (::IsWindow(focus)) {
+        // By the dialog that it is in, so that Enter presses the button that has the focus and not the default one.
+        ::SendMessageA(::GetParent(focus), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
         ::SetFocus(focus);
     }
     return accepted ? IDOK : IDCANCEL;
