@@ -81,7 +81,7 @@ void traceCopies(Trace& trace) {
 struct Part {
     const char* what;
     SIZE size;
-    BOOL (*draw)(HDC dc, RECT* rect, UINT kind, UINT state);
+    BOOL(CALLBACK* draw)(HDC dc, RECT* rect, UINT kind, UINT state);
     UINT kind;
     UINT state;
 };
