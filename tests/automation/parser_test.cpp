@@ -7,34 +7,10 @@
 
 namespace {
 
-using automation::Argument;
 using automation::Scenario;
 
 Scenario Parse(std::string_view text) {
     return automation::ParseScenario("a.scn", text, automation::ShapeOfCommand);
-}
-
-TEST(ScenarioParser, ReadsWordsTextsOptionsAndComments) {
-    const Scenario scenario = Parse(
-        "\xEF\xBB\xBF# heading\n\n"
-        "open caption=\"Bl\xC3\xA5 \\\"#\\\" \\\\\" designation=1 read-only # why\r\n"
-        "\texpect items 1059 \"a\\tb\" \"\"");
-    ASSERT_TRUE(scenario.errors.empty()) << scenario.errors.front();
-    ASSERT_EQ(scenario.commands.size(), 2U);
-
-    const automation::Command& open = scenario.commands[0];
-    EXPECT_EQ(open.line, 3);
-    ASSERT_EQ(open.arguments.size(), 3U);
-    EXPECT_EQ(open.arguments[0].kind, Argument::Kind::Option);
-    EXPECT_EQ(open.arguments[0].name, "caption");
-    EXPECT_EQ(open.arguments[0].text, "Bl\xE5 \"#\" \\");
-    EXPECT_EQ(open.arguments[1].Number(), 1);
-    EXPECT_EQ(open.arguments[2].kind, Argument::Kind::Word);
-
-    const automation::Command& items = scenario.commands[1];
-    EXPECT_EQ(items.name, "expect items");
-    EXPECT_EQ(items.arguments[1].text, "a\tb");
-    EXPECT_EQ(items.arguments[2].kind, Argument::Kind::Text);
 }
 
 TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
@@ -59,25 +35,10 @@ TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
         {"store A nothing", "'store': argument 2 must be a text in double quotes or the word missing"},
     };
     for (const auto& row : rows) {
-        const Scenario scenario = Parse(std::string("ok\n") + row.line + "\ncancel\n");
+        const Scenario scenario = Parse(std::string("\xEF\xBB\xBFok\r\n") + row.line + "\ncancel\n");
         ASSERT_EQ(scenario.errors.size(), 1U) << row.line;
         EXPECT_EQ(scenario.errors.front(), std::string("a.scn:2: ") + row.fault);
         EXPECT_EQ(scenario.commands.size(), 2U) << row.line;
-    }
-}
-
-TEST(ScenarioParser, ReportsAFileThatCannotBeRead) {
-    const struct {
-        const char* fileName;
-        const char* fault;
-    } rows[] = {
-        {"/nonexistent/x.scn", "/nonexistent/x.scn: cannot be read: No such file or directory"},
-        {"/", "/: cannot be read: Is a directory"},
-    };
-    for (const auto& row : rows) {
-        const Scenario scenario = automation::ReadScenario(row.fileName, automation::ShapeOfCommand);
-        ASSERT_EQ(scenario.errors.size(), 1U) << row.fileName;
-        EXPECT_EQ(scenario.errors.front(), row.fault);
     }
 }
 

@@ -6,8 +6,7 @@ cd "$(dirname "$0")/../.."
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 printf 'records 0\nopen\ncancel\nresult 0\n' >"$folder/passing.scn"
-printf 'records 1\nrecords 0\n' >"$folder/failing.scn"
-printf 'open\nexpect caption "Inställningar"\n' >"$folder/open.scn"
+cp tests/player/failing.scn "$folder"
 printf 'open\nfly\nclick x\ncancel\n' >"$folder/malformed.scn"
 
 # expect STATUS PLAYER FILE...: compares what is said with the standard input.
@@ -26,18 +25,34 @@ expect 0 "$1" passing.scn passing.scn <<'END'
 2 passed, 0 failed
 4 passed, 0 failed
 END
-expect 1 "$1" failing.scn open.scn malformed.scn missing.scn passing.scn <<'END'
-failing.scn:1: expected records 1, got 0
-1 passed, 1 failed
-open.scn:2: expected the sheet to be closed at the end, got it open
-1 passed, 1 failed
+expect 1 "$1" failing.scn malformed.scn missing.scn passing.scn <<'END'
+failing.scn:3: expected an open sheet, got none
+failing.scn:4: expected result 0, got no run yet
+failing.scn:9: expected no message box, got "Felaktigt textfält" ",är ogiltigt!"
+failing.scn:11: expected control 1043 checked, got unchecked
+failing.scn:12: expected control 1089 to be a check box or radio button, got class Edit
+failing.scn:13: expected a control 4711 in "Inställningar", got none
+failing.scn:15: expected no message box, got "Felaktigt textfält" ",är ogiltigt!"
+failing.scn:16: expected A "x", got "1"
+failing.scn:19: expected message box "Fel" "annan text", got "Felaktigt textfält" ",är ogiltigt!"
+failing.scn:21: expected text of 1089 "8", got "7"
+failing.scn:22: expected a conversion of dates, got %H
+failing.scn:23: expected control 1060 to be enabled, got it disabled
+failing.scn:24: expected an entry "delta", got "" "iec1082" "iec617"
+failing.scn:25: expected an entry @10, got 3 entries
+failing.scn:26: expected control 1089 to be a combo box, got class Edit
+failing.scn:27: expected focus on 1090, got 1089
+failing.scn:28: expected the sheet to be closed, got it open
+failing.scn:30: expected a tab "Nix", got none
+failing.scn:30: expected the sheet to be closed at the end, got it open
+2 passed, 19 failed
 malformed.scn:2: unknown command 'fly'
 malformed.scn:3: 'click': argument 1 must be a number
 0 passed, 2 failed
 missing.scn: cannot be read: No such file or directory
 0 passed, 1 failed
 2 passed, 0 failed
-4 passed, 5 failed
+4 passed, 22 failed
 END
 # A player that ends before it can say anything.
 expect 1 false passing.scn <<'END'
