@@ -9,10 +9,8 @@ namespace {
 Texts g_trace;
 
 class TracePage : public CPropertyPage {
-    DECLARE_MESSAGE_MAP()
-
 public:
-    TracePage(UINT templateId, std::string name) : CPropertyPage(templateId), m_name(std::move(name)) {}
+    explicit TracePage(std::string name) : CPropertyPage(IDD_FIELDS), m_name(std::move(name)) {}
 
     void DoDataExchange(CDataExchange* exchange) override {
         Trace(exchange->m_bSaveAndValidate ? "read" : "show");
@@ -39,7 +37,6 @@ public:
     }
     void OnReset() override { Trace("reset"); }
     BOOL OnQueryCancel() override { return m_acceptsCancel; }
-    void OnTextLeft() { Trace("left"); }
 
     int m_number = 1;
     std::function<void()> m_onApply;
@@ -51,64 +48,31 @@ private:
 
     std::string m_name;
 };
-BEGIN_MESSAGE_MAP(TracePage, CPropertyPage)
-ON_EN_KILLFOCUS(IDC_TEXT, &TracePage::OnTextLeft)
-END_MESSAGE_MAP()
-
-class TestSheet : public CPropertySheet {
-    DECLARE_DYNAMIC(TestSheet)
-    DECLARE_MESSAGE_MAP()
-
-public:
-    explicit TestSheet(CWnd* parent) : CPropertySheet("Inst\xE4llningar", parent, 0) {
-        m_psh.dwFlags |= PSH_NOAPPLYNOW;
-    }
-    afx_msg int OnCreate(LPCREATESTRUCT createStruct) {
-        m_created = true;
-        return CPropertySheet::OnCreate(createStruct) == -1 ? -1 : 0;
-    }
-    BOOL OnInitDialog() override {
-        m_wasCreatedFirst = m_created;
-        return CPropertySheet::OnInitDialog();
-    }
-
-    bool m_created = false;
-    bool m_wasCreatedFirst = false;
-};
-IMPLEMENT_DYNAMIC(TestSheet, CPropertySheet)
-BEGIN_MESSAGE_MAP(TestSheet, CPropertySheet)
-ON_WM_CREATE()
-END_MESSAGE_MAP()
 
 class Sheet : public HostWindow {
 protected:
     Sheet() {
         g_trace.clear();
+        m_sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
         m_sheet.AddPage(&m_first);
         m_sheet.AddPage(&m_second);
     }
 
     Texts Trace() { return std::exchange(g_trace, {}); }
-    // The trace without the fields left, which depends on where the system puts the focus.
-    Texts PageTrace() {
-        std::erase_if(g_trace, [](const std::string& line) { return line.ends_with(" left"); });
-        return Trace();
-    }
     void Press(int id) { m_sheet.SendDlgItemMessage(id, BM_CLICK); }
     INT_PTR Run(std::vector<std::function<void()>> steps) {
         RunInLoop(std::move(steps));
         return m_sheet.DoModal();
     }
 
-    TracePage m_first{IDD_FIELDS, "first"};
-    TracePage m_second{IDD_SECOND, "second"};
-    TracePage m_third{IDD_SECOND, "third"};
-    TestSheet m_sheet{CWnd::FromHandle(m_host)};
+    TracePage m_first{"first"};
+    TracePage m_second{"second"};
+    TracePage m_third{"third"};
+    CPropertySheet m_sheet{"Inst\xE4llningar", CWnd::FromHandle(m_host), 0};
 };
 
 TEST_F(Sheet, CreatesPagesWhenShownAndRefreshesOnlyLaterActivations) {
     Run({[&] {
-             EXPECT_TRUE(m_sheet.m_wasCreatedFirst);
              EXPECT_EQ(TextOf(m_sheet.m_hWnd), "Inst\xE4llningar");
              EXPECT_EQ(Trace(), Texts({"first init", "first show", "first active"}));
              EXPECT_EQ(m_second.m_hWnd, nullptr);
@@ -121,9 +85,8 @@ TEST_F(Sheet, CreatesPagesWhenShownAndRefreshesOnlyLaterActivations) {
              EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
              Press(IDCANCEL);
          }});
-    EXPECT_EQ(PageTrace(),
-              Texts({"first kill", "first read", "second init", "second show", "second active", "second kill",
-                     "second read", "first active", "first show", "first reset", "second reset"}));
+    EXPECT_EQ(Trace(), Texts({"first kill", "first read", "second init", "second show", "second active", "second kill",
+                              "second read", "first active", "first show", "first reset", "second reset"}));
 }
 
 TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
@@ -141,27 +104,11 @@ TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
                                 }});
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(m_third.m_hWnd, nullptr) << "never shown";
-    EXPECT_EQ(PageTrace(), Texts({"second kill", "second read", "first apply", "second apply"}));
+    EXPECT_EQ(Trace(), Texts({"second kill", "second read", "first apply", "second apply"}));
 }
 
 TEST_F(Sheet, RefusalsKeepItOpen) {
-    const auto put = [&](LPCSTR text) { m_first.SetDlgItemText(IDC_TEXT, text); };
     const INT_PTR result = Run({[&] {
-                                    put("x");
-                                    EXPECT_FALSE(m_sheet.SetActivePage(1));
-                                    EXPECT_EQ(m_sheet.GetActivePage(), &m_first);
-                                },
-                                [&] {
-                                    EXPECT_EQ(BoxTexts(), Texts({"Ange ett heltal."}));
-                                    Trace();
-                                    Press(IDOK);
-                                },
-                                [&] {
-                                    EXPECT_EQ(BoxTexts(), Texts({"Ange ett heltal."}));
-                                    for (const std::string& line : Trace()) {
-                                        EXPECT_NE(line, "first apply");
-                                    }
-                                    put("4");
                                     m_first.m_acceptsApply = false;
                                     Press(IDOK);
                                 },
@@ -175,7 +122,6 @@ TEST_F(Sheet, RefusalsKeepItOpen) {
                                     Press(IDCANCEL);
                                 }});
     EXPECT_EQ(result, IDCANCEL) << "a refused OK leaves no trace in the result";
-    EXPECT_EQ(m_first.m_number, 4);
 }
 
 TEST_F(Sheet, DestroyedByTheHostIsNotAccepted) {
@@ -189,31 +135,10 @@ TEST_F(Sheet, DestroyedByTheHostIsNotAccepted) {
     EXPECT_TRUE(::IsWindowEnabled(m_host));
 }
 
-TEST_F(Sheet, EveryWayOutHasItsResult) {
-    const std::pair<std::function<void()>, INT_PTR> cases[] = {
-        {[&] { Press(IDOK); }, IDOK},
-        {[&] { m_sheet.PressButton(PSBTN_OK); }, IDOK},
-        {[&] { Press(IDCANCEL); }, IDCANCEL},
-        {[&] { m_sheet.PressButton(PSBTN_CANCEL); }, IDCANCEL},
-        {[&] { m_sheet.PostMessage(WM_CLOSE); }, IDCANCEL},
-        {[&] { m_sheet.PostMessage(WM_SYSCOMMAND, SC_CLOSE); }, IDCANCEL},
-        {[&] { m_first.EndDialog(12); }, 12},
-    };
-    for (const auto& [leave, expected] : cases) {
-        EXPECT_EQ(Run({leave}), expected);
-        const Texts trace = Trace();
-        EXPECT_EQ(std::count(trace.begin(), trace.end(), "first apply"), expected == IDOK);
-        EXPECT_EQ(std::count(trace.begin(), trace.end(), "first init"), 1) << "each opening makes its own window";
-        EXPECT_EQ(std::count(trace.begin(), trace.end(), "first show"), 1);
-        EXPECT_EQ(m_sheet.m_hWnd, nullptr);
-        EXPECT_EQ(m_first.m_hWnd, nullptr);
-    }
-}
-
 TEST_F(Sheet, OwnerIsTheHostsTopLevelWindowAndGetsTheActivationBack) {
     const HWND child =
         CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, m_host, nullptr, nullptr, nullptr);
-    TestSheet sheet(CWnd::FromHandle(child));
+    CPropertySheet sheet("", CWnd::FromHandle(child), 0);
     sheet.AddPage(&m_first);
     RunInLoop({[&] {
         EXPECT_EQ(::GetWindow(sheet.m_hWnd, GW_OWNER), m_host);
@@ -243,23 +168,11 @@ TEST_F(Sheet, PagesComeAndGoWhileItRuns) {
              EXPECT_EQ(m_sheet.GetPageCount(), 2);
          },
          [&] {
-             Trace();
              m_sheet.AddPage(&m_third);
              m_sheet.SetActivePage(2);
-             EXPECT_EQ(PageTrace(), Texts({"first kill", "first read", "third init", "third show", "third active"}));
              Press(IDOK);
          }});
     EXPECT_EQ(Trace().back(), "third apply");
-}
-
-TEST_F(Sheet, ClosingDoesNotLeaveTheFocusedField) {
-    Run({[&] {
-        m_first.GetDlgItem(IDC_TEXT)->SetFocus();
-        m_first.SetModified();
-        Trace();
-        m_sheet.PostMessage(WM_CLOSE);
-    }});
-    EXPECT_EQ(Trace(), Texts({"first reset"}));
 }
 
 }  // namespace

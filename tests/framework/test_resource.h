@@ -2,10 +2,7 @@
 #pragma once
 
 #define IDD_FIELDS 100
-#define IDD_SECOND 101
-#define IDD_MODAL 102
-// Its initial data end within an item.
-#define IDD_CUT_LISTS 103
+#define IDD_MISSING 999
 
 #define IDC_TEXT 200
 #define IDC_OTHER 201
@@ -15,8 +12,3 @@
 #define IDC_RADIO_MIDDLE 205
 #define IDC_RADIO_LAST 206
 #define IDC_CHECK 207
-#define IDC_LIST_BOX 208
-
-#define IDS_NAME 25
-#define IDS_LONG 26
-#define IDS_MISSING 999
