@@ -112,17 +112,6 @@ TEST(Record, WithoutFieldsHasNoBuffer) {
     }
 }
 
-TEST(Record, KeepsItsBytesWhenMemoryRunsOut) {
-    CMdbRecord record(WithNuls("\1k|\2x||").c_str());
-    const char* result = nullptr;
-    {
-        const FailingAllocator failing(0);
-        result = record.SetField(2, "longer");
-    }
-    EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(Bytes(record), "\1k|\2x||");
-}
-
 TEST(Store, ConstructionWritesTheHeadOnly) {
     alignas(CMdb) unsigned char memory[sizeof(CMdb)];
     std::memset(memory, 0xAB, sizeof memory);
@@ -148,21 +137,6 @@ TEST(Store, NumbersRecordsFromOneAndAppendsAgainAfterRemoveAll) {
     EXPECT_EQ(store.GetFirst(), nullptr);
     Add(store, "\1b||");
     EXPECT_EQ(Records(store), (List{"\1b||"}));
-}
-
-TEST(Store, IsAsItWasWhenAnAppendRunsOutOfMemory) {
-    CMdb store;
-    Add(store, "\1a|\2x||");
-    for (int succeeding = 0; succeeding < 2; ++succeeding) {
-        const std::string bytes = WithNuls("\1b|\2y||");
-        int result = -1;
-        {
-            const FailingAllocator failing(succeeding);
-            result = store.AddRecord(bytes.c_str());
-        }
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(Records(store), (List{"\1a|\2x||"}));
-    }
 }
 
 // Records that break the contract: no key, no value, neither, no buffer.
