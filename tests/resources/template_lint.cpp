@@ -2,11 +2,12 @@
 #include "tests/resources/template_lint.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <optional>
+
+#include "automation/finder.h"
 
 namespace {
 
@@ -33,7 +34,8 @@ struct Control {
     bool takesInput() const { return !isPassive() && isVisible() && (style & WS_DISABLED) == 0; }
 };
 
-Kind kindOf(const std::string& windowClass, DWORD style) {
+Kind kindOf(HWND window, DWORD style) {
+    const std::string windowClass = automation::ClassOf(window);
     if (windowClass == "Static") {
         switch (style & SS_TYPEMASK) {
             case SS_LEFT:
@@ -57,18 +59,13 @@ Kind kindOf(const std::string& windowClass, DWORD style) {
         case BS_PUSHBUTTON:
         case BS_DEFPUSHBUTTON:
             return Kind::Push;
-        case BS_CHECKBOX:
-        case BS_AUTOCHECKBOX:
-        case BS_3STATE:
-        case BS_AUTO3STATE:
-            return Kind::Check;
         case BS_RADIOBUTTON:
         case BS_AUTORADIOBUTTON:
             return Kind::Radio;
         case BS_GROUPBOX:
             return Kind::Frame;
         default:
-            return Kind::Other;
+            return automation::HoldsCheck(window) ? Kind::Check : Kind::Other;
     }
 }
 
@@ -141,15 +138,11 @@ public:
         page_ = toUnits(client);
         for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
             RECT place;
-            std::array<char, 500> text{};
             GetWindowRect(child, &place);
             MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-            GetClassNameA(child, text.data(), static_cast<int>(text.size()));
-            const std::string windowClass = text.data();
-            GetWindowTextA(child, text.data(), static_cast<int>(text.size()));
             const auto style = static_cast<DWORD>(GetWindowLongA(child, GWL_STYLE));
-            controls_.push_back({child, kindOf(windowClass, style), style, static_cast<WORD>(GetDlgCtrlID(child)),
-                                 toUnits(place), text.data()});
+            controls_.push_back({child, kindOf(child, style), style, static_cast<WORD>(GetDlgCtrlID(child)),
+                                 toUnits(place), automation::TextOf(child)});
         }
     }
 

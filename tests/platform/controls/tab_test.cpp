@@ -28,21 +28,6 @@ protected:
     static LRESULT selection(HWND tabs) { return SendMessageA(tabs, TCM_GETCURSEL, 0, 0); }
 };
 
-TEST_F(TabTest, KeepsTheSelectionThatTheParentRefusesToLeave) {
-    HWND tabs = create(560);
-    bool refuse = true;
-    hook_ = [&](UINT, UINT code) -> LRESULT { return code == TCN_SELCHANGING && refuse; };
-    const auto tryBoth = [&] {
-        SendMessageA(tabs, WM_KEYDOWN, VK_RIGHT, 1);
-        SendMessageA(tabs, TCM_SETCURFOCUS, 4, 0);
-    };
-    tryBoth();
-    EXPECT_EQ(selection(tabs), 0);
-    refuse = false;
-    tryBoth();
-    EXPECT_EQ(selection(tabs), 4);
-}
-
 TEST_F(TabTest, SurvivesLosingItemsOrItsWindowWhileItAsks) {
     HWND tabs = create(560);
     hook_ = [&](UINT, UINT code) -> LRESULT {

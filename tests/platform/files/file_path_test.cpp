@@ -170,14 +170,6 @@ TEST_F(FolderListingTest, OrdersBySizeBothWaysBelowTheFolders) {
     EXPECT_EQ(rows(listing_), "mapp l\xE4nk c.txt b.tds a.TDS ?.tds ");
 }
 
-TEST_F(FolderListingTest, KeepsWhatItHasWhenAnotherFolderCannotBeRead) {
-    ASSERT_EQ(listing_.open(folder_.string()), 0);
-    readAll(listing_);
-    const std::string before = rows(listing_);
-    EXPECT_EQ(listing_.open((folder_ / "saknas").string()), ENOENT);
-    EXPECT_EQ(rows(listing_), before);
-}
-
 // Slices come in any number and leave the same order as one reading would.
 TEST_F(FolderListingTest, MergesSlicesIntoOneOrder) {
     for (int i = 0; i < 500; ++i) {
