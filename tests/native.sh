@@ -7,9 +7,9 @@ if step "build, native" build_preset native; then
     step "tests, native" run_ctest native
     step "one visible symbol" tests/visible_symbols.sh build/native/bin/libtavrikconfig.so
     step "a person at an X server" tests/smoke/x_server.sh
-    step "random user, native" tests/random/run.sh native $((seeds * 10))
+    step "random user, native" tests/random/run.sh native $((seeds * 4))
 fi
 if step "build, sanitizers" build_preset asan; then
     step "tests, sanitizers" run_ctest asan
-    step "random user, sanitizers" tests/random/run.sh asan $((seeds * 10))
+    step "random user, sanitizers" tests/random/run.sh asan $((seeds * 2))
 fi
