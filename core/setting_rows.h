@@ -30,7 +30,7 @@ struct TextRow {
     // How the text is shown and read; null where the page shows it itself, and it is read when the field is left.
     Exchange exchange = &DDX_Text;
     // The most characters that can be typed; 0 for no limit.
-    int maxLength = 0;
+    size_t maxLength = 0;
     // What a pick from the list does: one of the page's Pick operations.
     Pick pick = nullptr;
 };

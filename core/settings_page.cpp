@@ -83,7 +83,7 @@ void CSettingsPage::ExchangeTexts(CDataExchange* exchange) {
         }
         row.exchange(exchange, static_cast<int>(row.control), this->*row.member);
         if (row.maxLength != 0) {
-            DDV_MaxChars(exchange, this->*row.member, row.maxLength);
+            DDV_MaxChars(exchange, this->*row.member, static_cast<int>(row.maxLength));
         }
     }
 }
@@ -104,7 +104,7 @@ BOOL CSettingsPage::OnSetActive() {
     ShowMembers();
     TakeModifyFlag();
     DisableFieldsWhenReadOnly();
-    return CPropertyPage::OnSetActive();
+    return ActivatePage();
 }
 
 // One box for one leaving. A tab that is clicked takes the focus before it asks to leave the page, so the field may
@@ -136,7 +136,7 @@ BOOL CSettingsPage::OnApply() {
     }
     MergeChanges();
     ClearModified();
-    return CPropertyPage::OnApply();
+    return ApplyPage();
 }
 
 void CSettingsPage::OnReset() {

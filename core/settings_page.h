@@ -61,6 +61,9 @@ protected:
     BOOL CommitFocusedField() { return m_leaveCheck.CommitFocusedField(); }
     void MergeChanges();
     void ClearModified();
+    // The framework's own part, the last step of either list.
+    BOOL ActivatePage() { return CPropertyPage::OnSetActive(); }
+    BOOL ApplyPage() { return CPropertyPage::OnApply(); }
     // Records the change of a setting in the page's own list.
     void RecordChange(LPCSTR key, LPCSTR value) { GetSheet()->PutSetting(&m_changes, key, value); }
     void SetModifiedByUser() { SetModified(m_bModifyAllowed); }

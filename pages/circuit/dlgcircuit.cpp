@@ -96,7 +96,7 @@ BOOL dlgcircuit::OnSetActive() {
     if (GetSheet()->m_nHostMode == kHostModeWithoutCables) {
         HideControls(kCableGroup);
     }
-    return CPropertyPage::OnSetActive();
+    return ActivatePage();
 }
 
 void dlgcircuit::SelectSymbolStandard() {

@@ -104,7 +104,7 @@ BOOL dlgprojdef::OnSetActive() {
     ShowMembers();
     TakeModifyFlag();
     DisableFieldsWhenReadOnly();
-    return CPropertyPage::OnSetActive();
+    return ActivatePage();
 }
 
 // Outside project mode the fields that cannot be edited are emptied; nothing is recorded, so the host keeps their
@@ -181,7 +181,7 @@ BOOL dlgprojdef::OnApply() {
     m_nIdleFirst = m_nIdleSecond;
     MergeChanges();
     ClearModified();
-    return CPropertyPage::OnApply();
+    return ApplyPage();
 }
 
 void dlgprojdef::OnBrowseDatabase() {
