@@ -4,3 +4,7 @@
 inline constexpr char kKeyDrwMode[] = "DRW_MODE";
 inline constexpr char kKeyBetPrefix[] = "BET_PREFIX";
 inline constexpr char kKeyCoordBet[] = "COORD_BET";
+// The assembly text height under its preferred key, and under the older spelling that some readers still look for.
+inline constexpr char kKeyAssemblyHeight[] = "ASSEMBLY_TXTHGT";
+inline constexpr char kKeyAssemblyHeightOld[] = "ASSMBLY_TXTHGT";
+inline constexpr char kKeyAssemblyTextVisible[] = "ASSEMBLY_TXTVISIBLE";
