@@ -7,6 +7,7 @@
 #define IDD_DATABASE_CHOICE 176
 #define IDD_GENERAL 2000
 #define IDD_REPORT_TEMPLATE_CHOICE 2001
+#define IDD_TEXTS_AND_COLOURS 3016
 
 // Dialog 129, the Project description page.
 #define IDC_PROJECT_LABEL 2015
@@ -62,6 +63,19 @@
 #define IDC_CABLE_TEXT2 1057
 #define IDC_CABLE_PREVIEW 1103
 
+// Dialog 3016, the Texts and colours page.
+#define IDC_ATTRIBUTE_COLOUR 1055
+#define IDC_DESIGNATION_COLOUR 1056
+#define IDC_LINE_COLOUR 1057
+#define IDC_DESIGNATION_HEIGHT 2002
+#define IDC_OUTLET_HEIGHT 2003
+#define IDC_OUTER_TERMINAL_HEIGHT 2004
+#define IDC_ASSEMBLY_HEIGHT 2005
+#define IDC_SIGNAL_HEIGHT 2006
+#define IDC_TERMINAL_HEIGHT 2007
+#define IDC_TERMINAL_NUMBER_HEIGHT 2008
+#define IDC_AUTOMATIC_TEXTS 2046
+
 // Labels and frames that no code addresses.
 #define IDC_STATIC (-1)
 
@@ -71,7 +85,18 @@
 #define IDB_MARKING_A1_A2_GB 165
 #define IDB_MARKING_A2_A1_GB 166
 
-// Previews of the cable style. 2012 and 2013 are icons of the colour lists.
+// Pictures of the colour lists.
+#define IDB_SWATCH_GREEN 136
+#define IDB_SWATCH_YELLOW 137
+#define IDB_SWATCH_BLUE 138
+#define IDB_SWATCH_CYAN 139
+#define IDB_SWATCH_MAGENTA 140
+#define IDB_SWATCH_BLACK_WHITE 141
+#define IDB_SWATCH 143
+#define IDB_BY_LAYER 2012
+#define IDB_BY_BLOCK 2013
+
+// Previews of the cable style.
 #define IDB_ARROW_BALLOON 2007
 #define IDB_ARROW_TEXT1 2008
 #define IDB_ARROW_TEXT2 2009

@@ -70,6 +70,7 @@ INT_PTR projdescr::DoModal() {
     AddLoadedPage(m_pageProject);
     m_pageProject.m_bOptionalPages = m_bOptionalPages;
     AddLoadedPage(m_pageCircuit);
+    AddLoadedPage(m_pageTextColor);
     if (m_bOptionalPages != 0) {
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
         m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);

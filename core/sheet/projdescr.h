@@ -4,6 +4,7 @@
 #include "core/settings_sheet.h"
 #include "pages/circuit/dlgcircuit.h"
 #include "pages/project/dlgprojdef.h"
+#include "pages/textcolor/textcolor.h"
 
 class projdescr : public CSettingsSheet {
     DECLARE_DYNAMIC(projdescr)
@@ -28,6 +29,7 @@ private:
     void BorrowApplicationName();
     void AddLoadedPage(CSettingsPage& page);
 
+    CTextColor m_pageTextColor;
     dlgcircuit m_pageCircuit;
     dlgprojdef m_pageProject;
     // The application's name as it was before the sheet replaced it.

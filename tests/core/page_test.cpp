@@ -6,6 +6,7 @@
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
 #include "pages/project/dlgprojdef.h"
+#include "pages/textcolor/textcolor.h"
 #include "resources/resource.h"
 #include "tests/core/box_answerer.h"
 
@@ -161,6 +162,11 @@ TEST_F(RowWalk, General) {
 TEST_F(RowWalk, ProjectDescription) {
     dlgprojdef page;
     page.m_bOptionalPages = 1;
+    Walk(page);
+}
+
+TEST_F(RowWalk, TextsAndColours) {
+    CTextColor page;
     Walk(page);
 }
 

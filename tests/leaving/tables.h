@@ -19,6 +19,7 @@ struct Page {
 inline constexpr Page kGeneral{"Allmänt", IDC_START_Y, IDC_CAPITAL_DESIGNATIONS, IDC_MARKING_A2_A1,
                                IDC_SYMBOL_STANDARD};
 inline constexpr Page kProject{"Projektbeskrivning", IDC_DESCRIPTION_2, 0, 0, IDC_SHEET_ATTRIBUTE};
+inline constexpr Page kTextsAndColours{"Texter/Färger", 0, IDC_AUTOMATIC_TEXTS, 0, IDC_DESIGNATION_HEIGHT};
 
 // A text that the user types, and the box that refuses it; without a box it is taken.
 struct Text {
@@ -45,6 +46,8 @@ inline const std::vector<Field> kFields = {
     // Nothing but digits can be typed here.
     {kGeneral, IDC_CROSS_DISTANCE, "CROSS_DIST", "1;2", "3", {{"", kEmpty}, {"25"}}},
     {kGeneral, IDC_SYMBOL_STANDARD, "CCT_DIR", "iec1082", nullptr, {{""}, {"DIN \"40"}}},
+    {kTextsAndColours, IDC_DESIGNATION_HEIGHT, "BET_HGT", "1;2", "3", {{"2,5", ",är ogiltigt!"}, {"12.5"}}},
+    {kTextsAndColours, IDC_ASSEMBLY_HEIGHT, "ASSMBLY_TXTHGT", "1;2", "3", {{"1,5", ",är ogiltigt!"}, {"12.5"}}},
 };
 
 // What takes the focus other than by a key.

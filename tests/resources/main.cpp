@@ -1,6 +1,7 @@
 // Checks all dialog templates of the resources, after the checks themselves: each has to find the fault that is put
 // into a sound template.
 #include "automation/codepage.h"
+#include "resources/resource.h"
 #include "tests/resources/template_lint.h"
 #include "tests/support/template_builder.h"
 
@@ -17,6 +18,9 @@ namespace {
 
 constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
 constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
+
+// Their users know them by this order of the keyboard.
+constexpr WORD kGivenOrder[] = {IDD_TEXTS_AND_COLOURS};
 
 // Of 120 by 90 units.
 constexpr TemplateItem kSound[] = {
@@ -100,7 +104,9 @@ private:
     void lintResource(WORD id, HRSRC resource) {
         std::vector<std::uint16_t> words(SizeofResource(nullptr, resource) / sizeof(std::uint16_t));
         std::memcpy(words.data(), LockResource(LoadResource(nullptr, resource)), words.size() * sizeof(std::uint16_t));
-        for (const std::string& complaint : lintTemplate("dialog " + std::to_string(id), words, popup_)) {
+        const bool isGiven = std::find(std::begin(kGivenOrder), std::end(kGivenOrder), id) != std::end(kGivenOrder);
+        for (const std::string& complaint : lintTemplate("dialog " + std::to_string(id), words, popup_,
+                                                         isGiven ? ControlOrder::Given : ControlOrder::Free)) {
             complain(complaint);
         }
     }

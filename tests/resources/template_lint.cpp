@@ -146,12 +146,14 @@ public:
         }
     }
 
-    std::vector<std::string> run() {
+    std::vector<std::string> run(ControlOrder order) {
         checkNumbers();
         checkPlaces();
         checkCaptions();
         checkGroups();
-        checkOrder();
+        if (order == ControlOrder::Free) {
+            checkOrder();
+        }
         checkKeys();
         return complaints_;
     }
@@ -381,7 +383,8 @@ private:
 
 }  // namespace
 
-std::vector<std::string> lintTemplate(const std::string& name, std::vector<std::uint16_t> dialogTemplate, HWND popup) {
+std::vector<std::string> lintTemplate(const std::string& name, std::vector<std::uint16_t> dialogTemplate, HWND popup,
+                                      ControlOrder order) {
     constexpr std::size_t kExtendedStyleAt = 6;
     const bool isExtended = dialogTemplate[0] == 1 && dialogTemplate[1] == 0xFFFF;
     std::uint16_t* const style = &dialogTemplate[isExtended ? kExtendedStyleAt : 0];
@@ -394,7 +397,7 @@ std::vector<std::string> lintTemplate(const std::string& name, std::vector<std::
     if (!dialog) {
         return {name + ": cannot be created"};
     }
-    std::vector<std::string> complaints = TemplateLint(name, dialog).run();
+    std::vector<std::string> complaints = TemplateLint(name, dialog).run(order);
     DestroyWindow(dialog);
     return complaints;
 }
