@@ -47,10 +47,10 @@ HWND StepWindow() {
     return window;
 }
 
-HWND FindEdit(HWND sheet) {
+HWND FindControl(HWND sheet, int id) {
     for (HWND child = GetWindow(sheet, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (HWND edit = GetDlgItem(child, kDescription)) {
-            return edit;
+        if (HWND control = GetDlgItem(child, id)) {
+            return control;
         }
     }
     return nullptr;
@@ -93,7 +93,7 @@ void OpenChangeAndMerge(benchmark::State& state) {
         Fill(store);
         state.ResumeTiming();
         const int result = Open(store, [](HWND sheet) {
-            HWND edit = FindEdit(sheet);
+            HWND edit = FindControl(sheet, kDescription);
             SetFocus(edit);
             SendMessageA(edit, EM_SETSEL, 0, -1);
             SendMessageA(edit, WM_CHAR, '5', 1);
@@ -115,7 +115,7 @@ void KeyToPaint(benchmark::State& state) {
     Fill(store);
     g_keyState = &state;
     Open(store, [](HWND sheet) {
-        HWND edit = FindEdit(sheet);
+        HWND edit = FindControl(sheet, kDescription);
         SetFocus(edit);
         for (auto _ : *g_keyState) {
             SendMessageA(edit, WM_CHAR, '5', 1);
@@ -146,6 +146,52 @@ void TabSwitch(benchmark::State& state) {
     });
 }
 BENCHMARK(TabSwitch)->Unit(benchmark::kMicrosecond);
+
+constexpr WPARAM kTextsPage = 2;
+constexpr int kColourList = 1057;
+
+// From another page to the one with three lists of colours, which are filled anew each time, and painted.
+void ActivateTexts(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        for (auto _ : *g_keyState) {
+            g_keyState->PauseTiming();
+            SendMessageA(sheet, PSM_SETCURSEL, 0, 0);
+            RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            g_keyState->ResumeTiming();
+            SendMessageA(sheet, PSM_SETCURSEL, kTextsPage, 0);
+            RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        }
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(ActivateTexts)->Unit(benchmark::kMicrosecond);
+
+// Opens the list of colours to its painted first rows.
+void OpenColourList(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        SendMessageA(sheet, PSM_SETCURSEL, kTextsPage, 0);
+        HWND combo = FindControl(sheet, kColourList);
+        SetFocus(combo);
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof info;
+        SendMessageA(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        for (auto _ : *g_keyState) {
+            SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+            UpdateWindow(info.hwndList);
+            g_keyState->PauseTiming();
+            SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+            g_keyState->ResumeTiming();
+        }
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(OpenColourList)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
