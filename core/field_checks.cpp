@@ -1,9 +1,8 @@
 // The field checks that all pages share.
-#include <charconv>
-#include <cmath>
 #include <cstring>
 
 #include "core/field_messages.h"
+#include "core/numbers.h"
 #include "core/settings_sheet.h"
 #include "resources/resource.h"
 
@@ -11,23 +10,8 @@ namespace {
 
 constexpr double kMinimumNumber = 0.1;
 
-// The leading number of digits and points. The point is the decimal sign in whatever language the host program runs,
-// so neither this nor the printing below may follow the host's locale.
-double LeadingNumber(LPCSTR text) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(text, text + std::strlen(text), number, std::chars_format::fixed);
-    if (error == std::errc::result_out_of_range) {
-        // Too large or too small to be held; a digit other than 0 before the point tells which.
-        const char first = text[std::strspn(text, "0")];
-        return first >= '1' && first <= '9' ? HUGE_VAL : 0.0;
-    }
-    return number;
-}
-
 CString MinimumMessage() {
-    char number[16] = {};
-    std::to_chars(number, number + sizeof number - 1, kMinimumNumber, std::chars_format::fixed, 1);
-    return LoadText(IDS_MINIMUM_IS) + " " + number + " !";
+    return LoadText(IDS_MINIMUM_IS) + " " + OneDecimal(kMinimumNumber) + " !";
 }
 
 }  // namespace
