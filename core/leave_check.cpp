@@ -40,18 +40,22 @@ void CLeaveCheck::Begin() {
 }
 
 int CLeaveCheck::IsCancelPending() const {
+    return IsCheckPostponed() || m_bFieldCheckOk == 0 ? 1 : 0;
+}
+
+bool CLeaveCheck::IsCheckPostponed() const {
     if (m_bCancelled || m_bChecking) {
-        return 1;
+        return true;
     }
     if (const HWND focus = ::GetFocus()) {
         const CString text = TextOf(focus);
         for (LPCSTR caption : kCancelCaptions) {
             if (text == caption) {
-                return 1;
+                return true;
             }
         }
     }
-    return m_bFieldCheckOk == 0 ? 1 : 0;
+    return false;
 }
 
 BOOL CLeaveCheck::MayLeave() {
@@ -81,11 +85,13 @@ BOOL CLeaveCheck::CommitFocusedField() {
     return m_window.m_hWnd != nullptr;
 }
 
-CFieldCheck::CFieldCheck(CLeaveCheck& leaveCheck, CWnd* control) : m_leaveCheck(leaveCheck) {
+CFieldCheck::CFieldCheck(CLeaveCheck& leaveCheck, CWnd* control, LastEdit lastEdit)
+    : m_leaveCheck(leaveCheck), m_refocus(control) {
     leaveCheck.m_bChecking = true;
-    if (leaveCheck.m_pLastEditControl != nullptr) {
-        leaveCheck.m_pLastEditControl = control;
-    } else {
+    if (lastEdit != LastEdit::LeftAlone && leaveCheck.m_pLastEditControl == nullptr) {
         leaveCheck.m_bFieldCheckOk = 0;
+        m_refocus = lastEdit == LastEdit::Noted ? nullptr : control;
+    } else if (lastEdit == LastEdit::Noted) {
+        leaveCheck.m_pLastEditControl = control;
     }
 }

@@ -4,6 +4,11 @@
 
 #include "framework/framework.h"
 
+// What the check of a field does with the control checked last and with the flag that goes with it: it notes the field
+// and a forced one clears the flag; it notes nothing, so that all checks after a forced one clear the flag; it does not
+// touch either.
+enum class LastEdit { Noted, OnlyTested, LeftAlone };
+
 class CLeaveCheck {
 public:
     // The window whose fields are checked; it must outlive this object.
@@ -17,6 +22,8 @@ public:
     // Non-zero when a field that loses the focus is not to be checked: the user is cancelling, or another check, one
     // forced by leaving the window above all, is still running.
     int IsCancelPending() const;
+    // Whether that is for the moment only: the field is to be checked before the window is left.
+    bool IsCheckPostponed() const;
 
     // Forces the check of the field that has the focus and gives it the focus back. FALSE when it failed, or when the
     // window is gone: the window is then not to be left.
@@ -43,16 +50,17 @@ private:
 // with a box each time.
 class CFieldCheck {
 public:
-    CFieldCheck(CLeaveCheck& leaveCheck, CWnd* control);
+    CFieldCheck(CLeaveCheck& leaveCheck, CWnd* control, LastEdit lastEdit);
     ~CFieldCheck() { m_leaveCheck.m_bChecking = false; }
     CFieldCheck(const CFieldCheck&) = delete;
     CFieldCheck& operator=(const CFieldCheck&) = delete;
 
-    // The control that a failing check gives the focus back: the field, or null in a forced check, which does that
-    // itself.
-    CWnd* Refocus() const { return m_leaveCheck.m_pLastEditControl; }
+    // The control that a failing check gives the focus back: the field; null in a forced check of one that is noted,
+    // since leaving the window does that itself.
+    CWnd* Refocus() const { return m_refocus; }
     void Pass() { m_leaveCheck.m_bFieldCheckOk = 1; }
 
 private:
     CLeaveCheck& m_leaveCheck;
+    CWnd* m_refocus;
 };

@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "framework/framework.h"
+#include "core/leave_check.h"
 
 class CSettingsPage;
 
@@ -13,6 +13,10 @@ template <typename Value, typename Page>
 constexpr Value CSettingsPage::*PageMember(Value Page::*member) {
     return static_cast<Value CSettingsPage::*>(member);
 }
+
+// What becomes of a field that is left while the transfer of the page's controls to its members fails, be it for
+// another field: it is checked and recorded as far as it was read, or not at all.
+enum class FailedTransfer { Ignored, Refuses };
 
 // An edited text: an edit, or a combo box with an edit field. It is recorded when it is left after a change.
 struct TextRow {
@@ -33,6 +37,8 @@ struct TextRow {
     size_t maxLength = 0;
     // What a pick from the list does: one of the page's Pick operations.
     Pick pick = nullptr;
+    LastEdit lastEdit = LastEdit::Noted;
+    FailedTransfer failedTransfer = FailedTransfer::Ignored;
 };
 
 // Whether a click in a sheet that is not editable is undone, or recorded in the page's list, which is never merged
@@ -54,6 +60,9 @@ struct CheckRow {
     int (*loaded)(int number) = nullptr;
 };
 
+// Which button of a group has the index 0 in the store.
+enum class Counted { FromFirst, FromLast };
+
 // A group of radio buttons.
 struct ChoiceRow {
     LPCSTR key;
@@ -65,6 +74,13 @@ struct ChoiceRow {
     // The picture that shows the choice; 0 for none.
     UINT preview = 0;
     ReadOnlyClick readOnlyClick = ReadOnlyClick::Undone;
+    Counted counted = Counted::FromFirst;
+
+    // The number that is stored for a button.
+    int StoredNumber(size_t button) const {
+        const size_t index = counted == Counted::FromFirst ? button : buttons.size() - 1 - button;
+        return static_cast<int>(index) * step;
+    }
 };
 
 struct PageRows {

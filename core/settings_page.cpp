@@ -145,7 +145,8 @@ void CSettingsPage::OnReset() {
 }
 
 BOOL CSettingsPage::ReadMembers() {
-    if (!UpdateData(TRUE) && m_hWnd != nullptr) {
+    m_bTransferFailed = !UpdateData(TRUE);
+    if (m_bTransferFailed && m_hWnd != nullptr) {
         m_nRefusedInput = GetSheet()->m_nInput;
     }
     return m_hWnd != nullptr;
@@ -206,17 +207,19 @@ void CSettingsPage::CommitText(const TextRow& row) {
     CWnd* field = GetDlgItem(static_cast<int>(row.control));
     TextState& state = StateOf(row);
     if (state.m_bChanged != 0) {
-        state.m_bUnchecked = m_leaveCheck.IsCancelPending() != 0;
-        if (!state.m_bUnchecked) {
+        state.m_bUnchecked = m_leaveCheck.IsCheckPostponed();
+        if (m_leaveCheck.IsCancelPending() == 0) {
             CheckAndRecord(row, *field);
         }
     }
-    m_leaveCheck.m_pLastEditControl = field;
+    if (row.lastEdit == LastEdit::Noted) {
+        m_leaveCheck.m_pLastEditControl = field;
+    }
 }
 
 void CSettingsPage::CheckAndRecord(const TextRow& row, CWnd& field) {
-    CFieldCheck check(m_leaveCheck, &field);
-    if (!ReadMembers()) {
+    CFieldCheck check(m_leaveCheck, &field, row.lastEdit);
+    if (!ReadMembers() || (m_bTransferFailed && row.failedTransfer == FailedTransfer::Refuses)) {
         return;
     }
     CString& text = this->*row.member;
@@ -301,7 +304,7 @@ void CSettingsPage::OnButtonClicked(UINT control) {
         if (clicked != row.buttons.end() && BeginClick(row.readOnlyClick)) {
             RedrawControl(row.preview);
             CString value;
-            value.Format("%d", static_cast<int>(clicked - row.buttons.begin()) * row.step);
+            value.Format("%d", row.StoredNumber(static_cast<size_t>(clicked - row.buttons.begin())));
             RecordChange(row.key, value);
             OnRecorded(row.buttons.front());
             SetModifiedByUser();

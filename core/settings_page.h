@@ -53,6 +53,8 @@ protected:
     void ShowMembers() { UpdateData(FALSE); }
     // A transfer that fails has told the user; what was read until then stands.
     BOOL ReadMembers();
+    // Whether a field or a transfer was refused on the input that is being handled.
+    BOOL IsRefused() const;
     void TakeModifyFlag() { m_bModifyAllowed = GetSheet()->m_bEditable; }
     // Check boxes and radio buttons stay enabled, so that a read-only sheet is as legible as any; their handlers undo
     // the click.
@@ -109,18 +111,19 @@ private:
     struct TextState {
         // The user has changed the field.
         int m_bChanged = 0;
-        // It was left unchecked since: the user was about to cancel, or another field was being checked.
+        // It was left since without its check, which was postponed.
         bool m_bUnchecked = false;
     };
 
     TextState& StateOf(const TextRow& row) { return m_textStates[static_cast<size_t>(&row - m_rows.texts.data())]; }
     void CheckAndRecord(const TextRow& row, CWnd& field);
     BOOL CheckUncheckedFields();
-    BOOL IsRefused() const;
 
     const PageRows& m_rows;
     std::vector<TextState> m_textStates;
     COpenedList m_openedList;
     // The input of the sheet on which a field was refused; 0 for none.
     unsigned m_nRefusedInput = 0;
+    // Whether the last transfer to the members failed.
+    bool m_bTransferFailed = false;
 };
