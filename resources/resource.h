@@ -4,6 +4,7 @@
 
 // Dialogs.
 #define IDD_PROJECT 129
+#define IDD_EXTERNAL 134
 #define IDD_DATABASE_CHOICE 176
 #define IDD_GENERAL 2000
 #define IDD_REPORT_TEMPLATE_CHOICE 2001
@@ -76,6 +77,30 @@
 #define IDC_TERMINAL_NUMBER_HEIGHT 2008
 #define IDC_AUTOMATIC_TEXTS 2046
 
+// Dialog 134, the External and assembly page. The start points are named after their keys.
+#define IDC_BALLOON_HORIZONTAL 1055
+#define IDC_BALLOON_VERTICAL 1056
+#define IDC_BALLOON_PREVIEW 1103
+#define IDC_PART_ABOVE 1052
+#define IDC_PART_BREAKING 1053
+#define IDC_PART_PREVIEW 1102
+#define IDC_TERMINAL_BOX_WIDTH 1019
+#define IDC_TERMINAL_BOX_HEIGHT 1020
+#define IDC_TERMINAL_X_HOR 1017
+#define IDC_TERMINAL_Y_HOR 1042
+#define IDC_VERTICAL_ROW_PREVIEW 1104
+#define IDC_TERMINAL_X_VER 1018
+#define IDC_TERMINAL_Y_VER 1039
+#define IDC_HORIZONTAL_ROW_PREVIEW 1106
+#define IDC_ASSEMBLY_GROUP 2048
+#define IDC_ASSEMBLY_SCALE_LABEL 2051
+#define IDC_ASSEMBLY_SCALE 1040
+#define IDC_DESIGNATION_GROUP 2049
+#define IDC_AUTO_DESIGNATION 1093
+#define IDC_DESIGNATION_VISIBLE 1094
+#define IDC_TEXT_HEIGHT_LABEL 2050
+#define IDC_ASSEMBLY_TEXT_HEIGHT 1041
+
 // Labels and frames that no code addresses.
 #define IDC_STATIC (-1)
 
@@ -103,6 +128,18 @@
 #define IDB_SLASH_BALLOON 2010
 #define IDB_SLASH_TEXT1 2011
 #define IDB_SLASH_TEXT2 2014
+
+// Previews of the External and assembly page; of the choices, for wires drawn horizontally and vertically.
+#define IDB_VERTICAL_ROW 155
+#define IDB_HORIZONTAL_ROW 156
+#define IDB_PART_BREAKING 157
+#define IDB_PART_ABOVE 158
+#define IDB_BALLOON_HORIZONTAL 159
+#define IDB_BALLOON_VERTICAL 160
+#define IDB_BALLOON_VERTICAL_WIRE_VER 164
+#define IDB_BALLOON_HORIZONTAL_WIRE_VER 169
+#define IDB_PART_BREAKING_WIRE_VER 170
+#define IDB_PART_ABOVE_WIRE_VER 171
 
 // Strings. The colour names 1 to 7 are addressed by the colour's number.
 #define IDS_COLOUR_RED 1

@@ -71,6 +71,7 @@ INT_PTR projdescr::DoModal() {
     m_pageProject.m_bOptionalPages = m_bOptionalPages;
     AddLoadedPage(m_pageCircuit);
     AddLoadedPage(m_pageTextColor);
+    AddLoadedPage(m_pageExternal);
     if (m_bOptionalPages != 0) {
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
         m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);

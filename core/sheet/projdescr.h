@@ -3,6 +3,7 @@
 
 #include "core/settings_sheet.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
 #include "pages/textcolor/textcolor.h"
 
@@ -31,6 +32,7 @@ private:
 
     CTextColor m_pageTextColor;
     dlgcircuit m_pageCircuit;
+    dlgextern m_pageExternal;
     dlgprojdef m_pageProject;
     // The application's name as it was before the sheet replaced it.
     CString m_strSavedAppName;

@@ -37,8 +37,8 @@ int CheckNumberEdit(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& edi
 // hosts' stores too.
 constexpr TextRow kTexts[] = {
     {IDC_CROSS_DISTANCE, "CROSS_DIST", PageMember(&dlgcircuit::m_strCrossDistance), CheckNumberEdit},
-    {IDC_START_X, "X-COORD", PageMember(&dlgcircuit::m_strStartX), CheckNumberEdit},
-    {IDC_START_Y, "Y-COORD", PageMember(&dlgcircuit::m_strStartY), CheckNumberEdit},
+    {IDC_START_X, kKeyStartX, PageMember(&dlgcircuit::m_strStartX), CheckNumberEdit},
+    {IDC_START_Y, kKeyStartY, PageMember(&dlgcircuit::m_strStartY), CheckNumberEdit},
     {IDC_PHASE_DISTANCE_HOR, "PHASE_DIST_HOR", PageMember(&dlgcircuit::m_strPhaseDistanceHor), CheckNumberEdit},
     {IDC_PHASE_LENGTH_HOR, "PHASE_LENGTH_HOR", PageMember(&dlgcircuit::m_strPhaseLengthHor), CheckNumberEdit},
     {IDC_PHASE_DISTANCE_VER, "PHASE_DIST_VER", PageMember(&dlgcircuit::m_strPhaseDistanceVer), CheckNumberEdit},
