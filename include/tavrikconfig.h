@@ -108,7 +108,7 @@ struct MdbLayout {
 // hostStore          settings to load; receives the changes on OK and is untouched otherwise; must not be null
 // designationOption  non-zero offers the designation options
 // optionalPages      non-zero asks for the pages on cross-references and connections, as far as the library has them
-// hostMode           the host's kind of drawing; 3 hides the cable options
+// hostMode           the host's kind of drawing; 3 hides the options of cables and assemblies
 //
 // Returns 1 when the user closed the sheet with OK, 0 otherwise. Throws nothing.
 //

@@ -3,8 +3,10 @@
 
 #include <set>
 
+#include "core/assembly_height.h"
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
 #include "pages/textcolor/textcolor.h"
 #include "resources/resource.h"
@@ -93,7 +95,7 @@ protected:
     // Values for every row: the loaded ones first, then what the user makes of them.
     static const char* TextValue(size_t index, bool edited) {
         static std::string value;
-        value = std::to_string(index + (edited ? 201 : 101));
+        value = std::to_string(index + 1) + (edited ? ".6" : ".5");
         return value.c_str();
     }
 
@@ -107,7 +109,7 @@ protected:
             sheet.PutSetting(&sheet.m_host, row.key, row.unchecked);
         }
         for (const ChoiceRow& row : rows.choices) {
-            sheet.PutSetting(&sheet.m_host, row.key, std::to_string(row.step).c_str());
+            sheet.PutSetting(&sheet.m_host, row.key, std::to_string(row.StoredNumber(1)).c_str());
         }
         page.LoadSettings(&sheet.m_host);
         Run(
@@ -147,8 +149,7 @@ protected:
             EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.control).second);
         }
         for (const ChoiceRow& row : rows.choices) {
-            const int last = static_cast<int>(row.buttons.size() - 1) * row.step;
-            EXPECT_EQ(sheet.Applied(row.key), std::to_string(last)) << row.key;
+            EXPECT_EQ(sheet.Applied(row.key), std::to_string(row.StoredNumber(row.buttons.size() - 1))) << row.key;
             EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.buttons.front()).second);
         }
     }
@@ -156,6 +157,11 @@ protected:
 
 TEST_F(RowWalk, General) {
     dlgcircuit page;
+    Walk(page);
+}
+
+TEST_F(RowWalk, ExternalAndAssembly) {
+    dlgextern page;
     Walk(page);
 }
 
@@ -417,6 +423,60 @@ TEST_F(Pages, GeneralShowsTheBitmapsOfItsChoices) {
             },
             IDCANCEL);
     }
+}
+
+TEST_F(Pages, ExternalShowsThePicturesOfItsChoicesForBothDirectionsOfWires) {
+    struct Case {
+        int verticalWires;
+        UINT balloons[2];
+        UINT parts[2];
+    };
+    for (const Case& c : {Case{0, {159, 160}, {158, 157}}, Case{1, {169, 164}, {171, 170}}}) {
+        dlgextern page;
+        Sheet sheet({&page});
+        sheet.Load({{"CABLE_BALLOON_H", "1"}});
+        page.m_bVerticalWires = c.verticalWires;
+        Run(
+            sheet,
+            [&] {
+                sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+                EXPECT_TRUE(Shows(page, IDC_VERTICAL_ROW_PREVIEW, 155));
+                EXPECT_TRUE(Shows(page, IDC_HORIZONTAL_ROW_PREVIEW, 156));
+                EXPECT_TRUE(Shows(page, IDC_BALLOON_PREVIEW, c.balloons[0]));
+                EXPECT_TRUE(Shows(page, IDC_PART_PREVIEW, c.parts[0]));
+                SendMessageA(Control(page, IDC_BALLOON_VERTICAL), BM_CLICK, 0, 0);
+                SendMessageA(Control(page, IDC_PART_BREAKING), BM_CLICK, 0, 0);
+                EXPECT_TRUE(Shows(page, IDC_BALLOON_PREVIEW, c.balloons[1]));
+                EXPECT_TRUE(Shows(page, IDC_PART_PREVIEW, c.parts[1]));
+                sheet.PressButton(PSBTN_CANCEL);
+            },
+            IDCANCEL);
+    }
+}
+
+TEST_F(Pages, ExternalAppliesWithoutTheFocusedFieldAndGoesOnToNoticeChanges) {
+    SetAssemblyTextHeight("3.5");
+    dlgextern page;
+    Sheet sheet({&page});
+    sheet.Load({{"ASSMBLY_TXTHGT", "2.5"}});
+    Run(
+        sheet,
+        [&] {
+            SendMessageA(Control(page, IDC_DESIGNATION_VISIBLE), BM_CLICK, 0, 0);
+            Replace(Control(page, IDC_TERMINAL_BOX_WIDTH), "7");
+            sheet.m_notices.clear();
+            EXPECT_TRUE(page.OnApply());
+            Replace(Control(page, IDC_TERMINAL_BOX_WIDTH), "8");
+            EXPECT_EQ(sheet.m_notices, "-+");
+            sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+    std::string records;
+    for (const CMdbRecord* record = sheet.m_workSettings.GetFirst(); record != nullptr; record = record->GetNext()) {
+        records +=
+            std::string(record->GetField(CMdbRecord::kKeyTag)) + "=" + record->GetField(CMdbRecord::kValueTag) + " ";
+    }
+    EXPECT_EQ(records, "ASSEMBLY_TXTHGT=3.5 ASSEMBLY_TXTVISIBLE=0 ASSMBLY_TXTHGT=0.0001 ");
 }
 
 TEST_F(Pages, GeneralReadsTheSheetsNumbersAgainWhenShownAgain) {

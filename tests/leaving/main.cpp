@@ -396,7 +396,7 @@ private:
     std::string Expected() const {
         const auto& [field, text, way] = Current();
         if (Current().IsRefused()) {
-            return "1 box \"Felaktigt textfält\" " + Quoted(text.box) + "; focus " + std::to_string(field.id) +
+            return "1 box " + Quoted(text.caption) + " " + Quoted(text.box) + "; focus " + std::to_string(field.id) +
                    ", text " + Quoted(text.typed);
         }
         if (way.goes == Goes::Accepts || way.goes == Goes::AsShown || way.goes == Goes::Cancels) {

@@ -18,6 +18,8 @@ struct Page {
 
 inline constexpr Page kGeneral{"Allmänt", IDC_START_Y, IDC_CAPITAL_DESIGNATIONS, IDC_MARKING_A2_A1,
                                IDC_SYMBOL_STANDARD};
+inline constexpr Page kExternal{"Yttre / Montage", IDC_TERMINAL_BOX_WIDTH, IDC_DESIGNATION_VISIBLE, IDC_PART_BREAKING,
+                                0};
 inline constexpr Page kProject{"Projektbeskrivning", IDC_DESCRIPTION_2, 0, 0, IDC_SHEET_ATTRIBUTE};
 inline constexpr Page kTextsAndColours{"Texter/Färger", 0, IDC_AUTOMATIC_TEXTS, 0, IDC_DESIGNATION_HEIGHT};
 
@@ -25,6 +27,7 @@ inline constexpr Page kTextsAndColours{"Texter/Färger", 0, IDC_AUTOMATIC_TEXTS,
 struct Text {
     const char* typed;  // null: nothing is typed; empty: the text is deleted
     const char* box = nullptr;
+    const char* caption = "Felaktigt textfält";
 };
 
 struct Field {
@@ -37,6 +40,8 @@ struct Field {
 };
 
 inline constexpr const char* kEmpty = "Textsträngen kan inte vara tom!";
+inline constexpr const char* kRange = "Ange ett tal mellan 1 och 100000.";
+inline constexpr const char* kWrongValue = "Fel värde";
 inline constexpr const char* kQuote = "\"är ogiltigt!";
 
 inline const std::vector<Field> kFields = {
@@ -45,6 +50,8 @@ inline const std::vector<Field> kFields = {
     {kGeneral, IDC_START_X, "X-COORD", "1;2", "3", {{"12,5", ",är ogiltigt!"}, {"", kEmpty}, {"12.5"}}},
     // Nothing but digits can be typed here.
     {kGeneral, IDC_CROSS_DISTANCE, "CROSS_DIST", "1;2", "3", {{"", kEmpty}, {"25"}}},
+    {kExternal, IDC_TERMINAL_X_HOR, "TERM_X_HOR", "1", "3", {{"", kEmpty}, {"25"}}},
+    {kExternal, IDC_ASSEMBLY_SCALE, "ASSMBLY_SCALE", "1.5", "3.5", {{"0", kRange, kWrongValue}, {"2.5"}}},
     {kGeneral, IDC_SYMBOL_STANDARD, "CCT_DIR", "iec1082", nullptr, {{""}, {"DIN \"40"}}},
     {kTextsAndColours, IDC_DESIGNATION_HEIGHT, "BET_HGT", "1;2", "3", {{"2,5", ",är ogiltigt!"}, {"12.5"}}},
     {kTextsAndColours, IDC_ASSEMBLY_HEIGHT, "ASSMBLY_TXTHGT", "1;2", "3", {{"1,5", ",är ogiltigt!"}, {"12.5"}}},

@@ -7,12 +7,13 @@ namespace random_user {
 
 // Records of the host's store.
 constexpr const char* kKeys[] = {
-    "CROSS_DIST",     "A2-A1",        "CCT_CAB_BALLOON", "CCT_CAB_CORE",     "X-COORD",          "Y-COORD",
-    "PHASE_DIST_HOR", "CCT_DIR",      "PHASE_DIST_VER",  "PHASE_LENGTH_VER", "PHASE_LENGTH_HOR", "DRW_MODE",
-    "STR_INCR",       "BET_CAPITALS", "BET_PREFIX",      "COORD_BET",        "NORV_LEVEL",       "UNRELATED",
-    "PROJ_NAME",      "TITLE_A1",     "TITLE_A5",        "TITLE_B2",         "COMMENT_TAG",      "ACLTSHF1",
-    "ACLTSHF3",       "TDS_DEF",      "RDS_DEF",         "DATABASEPREFIX",   "ATTR_COLOUR",      "BET_COLOUR",
-    "100_COLOUR",     "BET_HGT",      "TERM_BET1HGT",    "ASSEMBLY_TXTHGT",  "ASSMBLY_TXTHGT",   "COLOR_INTERACT"};
+    "CROSS_DIST",     "A2-A1",           "CCT_CAB_BALLOON", "CCT_CAB_CORE",     "X-COORD",          "Y-COORD",
+    "PHASE_DIST_HOR", "CCT_DIR",         "PHASE_DIST_VER",  "PHASE_LENGTH_VER", "PHASE_LENGTH_HOR", "DRW_MODE",
+    "STR_INCR",       "BET_CAPITALS",    "BET_PREFIX",      "COORD_BET",        "NORV_LEVEL",       "UNRELATED",
+    "PROJ_NAME",      "TITLE_A1",        "TITLE_A5",        "TITLE_B2",         "COMMENT_TAG",      "ACLTSHF1",
+    "ACLTSHF3",       "TDS_DEF",         "RDS_DEF",         "DATABASEPREFIX",   "ATTR_COLOUR",      "BET_COLOUR",
+    "100_COLOUR",     "BET_HGT",         "TERM_BET1HGT",    "ASSEMBLY_TXTHGT",  "ASSMBLY_TXTHGT",   "COLOR_INTERACT",
+    "BROKEN_PART",    "CABLE_BALLOON_H", "TERMINAL_HEIGHT", "TERMINAL_WIDTH",   "TERM_X_HOR",       "ASSMBLY_SCALE"};
 // None begins with a letter outside ASCII: where those stand in a sorted list depends on the desktop's language.
 constexpr const char* kValues[] = {"",
                                    "0",
