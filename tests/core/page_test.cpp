@@ -476,6 +476,7 @@ TEST_F(Pages, ExternalAppliesWithoutTheFocusedFieldAndGoesOnToNoticeChanges) {
         records +=
             std::string(record->GetField(CMdbRecord::kKeyTag)) + "=" + record->GetField(CMdbRecord::kValueTag) + " ";
     }
+    EXPECT_EQ(g_assemblyHeightKeyFound, 1);
     EXPECT_EQ(records, "ASSEMBLY_TXTHGT=3.5 ASSEMBLY_TXTVISIBLE=0 ASSMBLY_TXTHGT=0.0001 ");
 }
 
