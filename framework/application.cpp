@@ -8,6 +8,7 @@
 #include <string>
 
 #include "framework/cstring.h"
+#include "framework/message_routing.h"
 #include "framework/safe_owner.h"
 
 IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
@@ -59,8 +60,9 @@ int ShowMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
         const UINT buttons = type & kButtonsMask;
         fullType |= buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? MB_ICONQUESTION : MB_ICONEXCLAMATION;
     }
+    // A box of a data exchange belongs to the window with the controls, which another program may have deactivated.
     HWND topLevel = nullptr;
-    const HWND owner = AfxGetSafeOwner(nullptr, &topLevel);
+    const HWND owner = AfxGetSafeOwner(AfxGetRoutingState().lockoutWindow, &topLevel);
     const int result = MessageBoxA(owner, prompt, caption, fullType);
     if (topLevel != nullptr) {
         EnableWindow(topLevel, TRUE);

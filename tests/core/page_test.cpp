@@ -434,7 +434,8 @@ TEST_F(Pages, ExternalShowsThePicturesOfItsChoicesForBothDirectionsOfWires) {
     for (const Case& c : {Case{0, {159, 160}, {158, 157}}, Case{1, {169, 164}, {171, 170}}}) {
         dlgextern page;
         Sheet sheet({&page});
-        sheet.Load({{"CABLE_BALLOON_H", "1"}});
+        // A choice outside the group shows the last picture.
+        sheet.Load({{"CABLE_BALLOON_H", "1"}, {"BROKEN_PART", "2"}});
         page.m_bVerticalWires = c.verticalWires;
         Run(
             sheet,
@@ -443,11 +444,11 @@ TEST_F(Pages, ExternalShowsThePicturesOfItsChoicesForBothDirectionsOfWires) {
                 EXPECT_TRUE(Shows(page, IDC_VERTICAL_ROW_PREVIEW, 155));
                 EXPECT_TRUE(Shows(page, IDC_HORIZONTAL_ROW_PREVIEW, 156));
                 EXPECT_TRUE(Shows(page, IDC_BALLOON_PREVIEW, c.balloons[0]));
-                EXPECT_TRUE(Shows(page, IDC_PART_PREVIEW, c.parts[0]));
-                SendMessageA(Control(page, IDC_BALLOON_VERTICAL), BM_CLICK, 0, 0);
-                SendMessageA(Control(page, IDC_PART_BREAKING), BM_CLICK, 0, 0);
-                EXPECT_TRUE(Shows(page, IDC_BALLOON_PREVIEW, c.balloons[1]));
                 EXPECT_TRUE(Shows(page, IDC_PART_PREVIEW, c.parts[1]));
+                SendMessageA(Control(page, IDC_BALLOON_VERTICAL), BM_CLICK, 0, 0);
+                SendMessageA(Control(page, IDC_PART_ABOVE), BM_CLICK, 0, 0);
+                EXPECT_TRUE(Shows(page, IDC_BALLOON_PREVIEW, c.balloons[1]));
+                EXPECT_TRUE(Shows(page, IDC_PART_PREVIEW, c.parts[0]));
                 sheet.PressButton(PSBTN_CANCEL);
             },
             IDCANCEL);
