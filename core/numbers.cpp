@@ -20,7 +20,7 @@ double LeadingNumber(LPCSTR text) {
     LPCSTR digits = text + (isNegative ? 1 : 0);
     const char first = digits[std::strspn(digits, "0")];
     const LPCSTR exponent = digits + std::strspn(digits, "0123456789.");
-    const bool isSmall = first < '1' || first > '9' || exponent[1] == '-';
+    const bool isSmall = first < '1' || first > '9' || (*exponent != '\0' && exponent[1] == '-');
     return isSmall ? 0.0 : isNegative ? -HUGE_VAL : HUGE_VAL;
 }
 
