@@ -18,8 +18,8 @@ struct Page {
 
 inline constexpr Page kGeneral{"Allmänt", IDC_START_Y, IDC_CAPITAL_DESIGNATIONS, IDC_MARKING_A2_A1,
                                IDC_SYMBOL_STANDARD};
-inline constexpr Page kExternal{"Yttre / Montage", IDC_TERMINAL_BOX_WIDTH, IDC_DESIGNATION_VISIBLE, IDC_PART_BREAKING,
-                                0};
+// Its check box records a height that the Texts page shows.
+inline constexpr Page kExternal{"Yttre / Montage", IDC_TERMINAL_BOX_WIDTH, 0, IDC_PART_BREAKING, 0};
 inline constexpr Page kProject{"Projektbeskrivning", IDC_DESCRIPTION_2, 0, 0, IDC_SHEET_ATTRIBUTE};
 inline constexpr Page kTextsAndColours{"Texter/Färger", 0, IDC_AUTOMATIC_TEXTS, 0, IDC_DESIGNATION_HEIGHT};
 
