@@ -12,9 +12,10 @@
 namespace platform {
 namespace {
 
-constexpr int kBorder = 2;       // The sunken edge.
-constexpr int kEditPadding = 1;  // Between that edge and the edit.
-constexpr int kTextPadding = 2;  // Above and below the text of the field.
+constexpr int kBorder = 2;        // The sunken edge.
+constexpr int kEditPadding = 1;   // Between that edge and the edit.
+constexpr int kTextPadding = 2;   // Above and below the text of the field.
+constexpr int kOwnerPadding = 6;  // As observed, of a field that the owner draws, in all.
 
 struct ForwardedMessage {
     UINT combo;
@@ -108,6 +109,9 @@ LRESULT ComboBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ENABLE:
             onWmEnable(wParam != 0);
             return 0;
+        case WM_SETREDRAW:
+            onWmSetRedraw(wParam);
+            return 0;
         case WM_STYLECHANGED:
             InvalidateRect(window_, nullptr, FALSE);
             return 0;
@@ -136,8 +140,9 @@ LRESULT ComboBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 bool ComboBox::onForwarded(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     for (const ForwardedMessage& forwarded : kListMessages) {
         if (forwarded.combo == message) {
+            const HWND window = window_;
             result = askList(forwarded.list, wParam, lParam);
-            if (message == CB_DELETESTRING && !edit_) {
+            if (message == CB_DELETESTRING && IsWindow(window) && !edit_) {
                 InvalidateRect(window_, &item_, FALSE);
             }
             return true;
@@ -170,7 +175,7 @@ bool ComboBox::onComboMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
             result = onCbSetCurSel(index);
             return true;
         case CB_SELECTSTRING:
-            result = onCbSelectString(index, reinterpret_cast<LPCSTR>(lParam));
+            result = onCbSelectString(index, lParam);
             return true;
         case CB_RESETCONTENT:
             result = onCbResetContent();
@@ -273,13 +278,13 @@ int ComboBox::fontFieldHeight() const {
     return metrics.tmHeight + 2 * kTextPadding;
 }
 
-// Asks the parent for the height of what it draws in the field; a line is kept free above and below.
+// Asks the parent for the height of what it draws in the field.
 void ComboBox::measureField() {
     MEASUREITEMSTRUCT measure{};
     measure.itemID = static_cast<UINT>(-1);
-    measure.itemHeight = static_cast<UINT>(fieldHeight_ - 2);
-    onWmMeasureItem(measure);
-    fieldHeight_ = static_cast<int>(std::min(measure.itemHeight, 0x7FFFU)) + 2;
+    measure.itemHeight = static_cast<UINT>(fieldHeight_ - kOwnerPadding);
+    askParent(measure);
+    fieldHeight_ = static_cast<int>(std::min(measure.itemHeight, 0x7FFFU)) + kOwnerPadding;
 }
 
 int ComboBox::closedHeight() const {
@@ -295,6 +300,7 @@ void ComboBox::onWmWindowPosChanging(WINDOWPOS& position) {
         listHeight_ = position.cy - closedHeight() + (edit_ ? kEditPadding : 0);
     }
     position.cy = closedHeight();
+    sizeList();
 }
 
 void ComboBox::resizeToField() {
@@ -310,12 +316,17 @@ void ComboBox::layout() {
     button_ = item_;
     button_.left = std::max(item_.left, item_.right - GetSystemMetrics(SM_CXVSCROLL));
     item_.right = button_.left;
-    SetWindowPos(list_, nullptr, 0, 0, droppedWidth(), listHeight_, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    sizeList();
     if (edit_) {
         InflateRect(&item_, -kEditPadding, -kEditPadding);
         SetWindowPos(edit_, nullptr, item_.left, item_.top, std::max(item_.right - item_.left, 0),
                      std::max(item_.bottom - item_.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
     }
+}
+
+// The closed list has the height that it was given, which tells keys how far a page is.
+void ComboBox::sizeList() {
+    SetWindowPos(list_, nullptr, 0, 0, droppedWidth(), listHeight_, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int ComboBox::droppedWidth() const {
@@ -345,6 +356,14 @@ void ComboBox::onWmEnable(bool enabled) {
     }
     EnableWindow(list_, enabled);
     InvalidateRect(window_, nullptr, FALSE);
+}
+
+void ComboBox::onWmSetRedraw(WPARAM redraw) {
+    DefWindowProcA(window_, WM_SETREDRAW, redraw, 0);
+    if (edit_) {
+        SendMessageA(edit_, WM_SETREDRAW, redraw, 0);
+    }
+    askList(WM_SETREDRAW, redraw);
 }
 
 LRESULT ComboBox::onWmGetDlgCode(const MSG* message) const {

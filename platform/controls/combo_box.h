@@ -29,6 +29,7 @@ private:
     void onWmEnable(bool enabled);
     void onWmPaint(HDC given);
     LRESULT onWmGetDlgCode(const MSG* message) const;
+    void onWmSetRedraw(WPARAM redraw);
     LRESULT onTextMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void onWmSetFocus();
     void onWmKillFocus(HWND next);
@@ -45,10 +46,11 @@ private:
     // Owner-drawing of the list, told to the parent as the combo box's own.
     LRESULT onWmDrawItem(DRAWITEMSTRUCT& draw);
     LRESULT onWmMeasureItem(MEASUREITEMSTRUCT& measure);
+    LRESULT onWmDeleteItem(DELETEITEMSTRUCT& deletion);
 
     LRESULT onCbAddString(LPARAM entry) const;
     LRESULT onCbSetCurSel(int index);
-    LRESULT onCbSelectString(int after, LPCSTR text);
+    LRESULT onCbSelectString(int after, LPARAM wanted);
     LRESULT onCbResetContent();
     LRESULT onCbShowDropDown(bool show);
     LRESULT onCbSetItemHeight(int index, int height);
@@ -64,10 +66,12 @@ private:
     HWND createEdit(const CREATESTRUCTA& create);
     int fontFieldHeight() const;
     void measureField();
+    LRESULT askParent(MEASUREITEMSTRUCT& measure) const;
     // Height of the closed combo box.
     int closedHeight() const;
     void resizeToField();
     void layout();
+    void sizeList();
     int droppedWidth() const;
     void placeList();
 

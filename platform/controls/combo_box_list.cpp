@@ -84,6 +84,9 @@ bool ComboBox::onPartMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         case WM_MEASUREITEM:
             result = onWmMeasureItem(*reinterpret_cast<MEASUREITEMSTRUCT*>(lParam));
             return true;
+        case WM_DELETEITEM:
+            result = onWmDeleteItem(*reinterpret_cast<DELETEITEMSTRUCT*>(lParam));
+            return true;
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORLISTBOX:
         case WM_CTLCOLORSTATIC:
@@ -101,10 +104,26 @@ LRESULT ComboBox::onWmDrawItem(DRAWITEMSTRUCT& draw) {
     return SendMessageA(GetParent(window_), WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
 }
 
+// The list asks for its entries as it is created; what is proposed for them is the height of a field with text.
 LRESULT ComboBox::onWmMeasureItem(MEASUREITEMSTRUCT& measure) {
+    measure.itemHeight = static_cast<UINT>(fontFieldHeight());
+    return askParent(measure);
+}
+
+LRESULT ComboBox::askParent(MEASUREITEMSTRUCT& measure) const {
+    RECT client;
+    GetClientRect(window_, &client);
+    measure.itemWidth = static_cast<UINT>(client.right);
     measure.CtlType = ODT_COMBOBOX;
     measure.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));
     return SendMessageA(GetParent(window_), WM_MEASUREITEM, measure.CtlID, reinterpret_cast<LPARAM>(&measure));
+}
+
+LRESULT ComboBox::onWmDeleteItem(DELETEITEMSTRUCT& deletion) {
+    deletion.CtlType = ODT_COMBOBOX;
+    deletion.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));
+    deletion.hwndItem = window_;
+    return SendMessageA(GetParent(window_), WM_DELETEITEM, deletion.CtlID, reinterpret_cast<LPARAM>(&deletion));
 }
 
 void ComboBox::onWmSetFocus() {
@@ -232,7 +251,7 @@ LRESULT ComboBox::onWmMouseWheel(WPARAM wParam, LPARAM lParam) {
     if (delta != 0) {
         onListKey(delta > 0 ? VK_UP : VK_DOWN);
     }
-    return TRUE;
+    return 0;
 }
 
 void ComboBox::onWmLButtonDown(POINT at) {
@@ -404,7 +423,11 @@ void ComboBox::showCurrent() {
 }
 
 LRESULT ComboBox::onCbSetCurSel(int index) {
+    const HWND window = window_;
     const LRESULT selected = askList(LB_SETCURSEL, static_cast<WPARAM>(index));
+    if (!IsWindow(window)) {
+        return CB_ERR;
+    }
     if (selected >= 0) {
         askList(LB_SETTOPINDEX, static_cast<WPARAM>(index));
     }
@@ -412,9 +435,10 @@ LRESULT ComboBox::onCbSetCurSel(int index) {
     return selected;
 }
 
-LRESULT ComboBox::onCbSelectString(int after, LPCSTR text) {
-    const LRESULT index = askList(LB_SELECTSTRING, static_cast<WPARAM>(after), reinterpret_cast<LPARAM>(text));
-    if (index >= 0) {
+LRESULT ComboBox::onCbSelectString(int after, LPARAM wanted) {
+    const HWND window = window_;
+    const LRESULT index = askList(LB_SELECTSTRING, static_cast<WPARAM>(after), wanted);
+    if (index >= 0 && IsWindow(window)) {
         showCurrent();
         keepSelection_ = false;
     }
@@ -422,8 +446,11 @@ LRESULT ComboBox::onCbSelectString(int after, LPCSTR text) {
 }
 
 LRESULT ComboBox::onCbResetContent() {
+    const HWND window = window_;
     askList(LB_RESETCONTENT);
-    showCurrent();
+    if (IsWindow(window)) {
+        showCurrent();
+    }
     return TRUE;
 }
 

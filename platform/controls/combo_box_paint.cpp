@@ -43,6 +43,9 @@ void ComboBox::paintText(HDC dc) {
     FillRect(dc, &field, background);
     InflateRect(&field, -1, -1);
     const bool marked = focused_ && !open_;
+    if (!enabled) {
+        SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
+    }
     if (has(CBS_OWNERDRAWFIXED)) {
         drawOwnerText(dc, field, marked);
         return;
@@ -50,8 +53,6 @@ void ComboBox::paintText(HDC dc) {
     if (marked) {
         SetTextColor(dc, GetSysColor(COLOR_HIGHLIGHTTEXT));
         SetBkColor(dc, GetSysColor(COLOR_HIGHLIGHT));
-    } else if (!enabled) {
-        SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
     }
     const std::string text = currentText();
     ExtTextOutA(dc, field.left + 1, field.top + 1, ETO_OPAQUE | ETO_CLIPPED, &field, text.data(),

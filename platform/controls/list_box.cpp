@@ -6,9 +6,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace platform {
 namespace {
+
+constexpr int kHighestItem = 255;
 
 POINT pointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -40,6 +43,9 @@ LRESULT ListBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
             onWmCreate(*reinterpret_cast<const CREATESTRUCTA*>(lParam));
+            return 0;
+        case WM_DESTROY:
+            onWmDestroy();
             return 0;
         case WM_SETFONT:
             onWmSetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0);
@@ -113,7 +119,6 @@ bool ListBox::onInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& resul
 
 // Messages about the list as a whole. False for any other.
 bool ListBox::onListMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    const auto text = reinterpret_cast<LPCSTR>(lParam);
     switch (message) {
         case LB_ADDSTRING:
             result = onLbAddString(lParam);
@@ -128,13 +133,13 @@ bool ListBox::onListMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
             result = current_;
             return true;
         case LB_FINDSTRING:
-            result = items_.findPrefix(static_cast<int>(wParam), text);
+            result = find(static_cast<int>(wParam), lParam, false);
             return true;
         case LB_FINDSTRINGEXACT:
-            result = items_.findExact(static_cast<int>(wParam), text);
+            result = find(static_cast<int>(wParam), lParam, true);
             return true;
         case LB_SELECTSTRING:
-            result = onLbSelectString(static_cast<int>(wParam), text);
+            result = onLbSelectString(static_cast<int>(wParam), lParam);
             return true;
         case LB_GETTOPINDEX:
             result = top_;
@@ -146,8 +151,7 @@ bool ListBox::onListMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
             result = itemHeight_;
             return true;
         case LB_SETITEMHEIGHT:
-            itemHeight_ = std::max(static_cast<int>(LOWORD(lParam)), 1);
-            onWmSize();
+            result = onLbSetItemHeight(static_cast<int>(lParam));
             return true;
         default:
             return false;
@@ -225,6 +229,10 @@ void ListBox::onWmCreate(const CREATESTRUCTA& create) {
         SendMessageA(owner(), WM_MEASUREITEM, measure.CtlID, reinterpret_cast<LPARAM>(&measure));
         itemHeight_ = std::max(static_cast<int>(measure.itemHeight), 1);
     }
+}
+
+void ListBox::onWmDestroy() {
+    notifyDeletions();
 }
 
 void ListBox::onWmSetFont(HFONT font, bool redraw) {
@@ -330,28 +338,67 @@ void ListBox::invalidateRow(int index) {
     }
 }
 
-void ListBox::select(int index) {
-    if (index != current_) {
-        invalidateRow(current_);
-        current_ = index;
-        invalidateRow(current_);
-    }
+bool ListBox::select(int index) {
+    const int before = std::exchange(current_, index);
+    return before == index || (drawChange(before) && drawChange(index));
 }
 
-void ListBox::moveTo(int index) {
-    invalidateRow(caret_);
-    caret_ = index;
+void ListBox::setCaret(int index) {
+    const int before = std::exchange(caret_, index);
     showRow(index);
-    invalidateRow(index);
-    select(index);
+    if (focused_) {  // Without the focus the caret is not seen.
+        invalidateRow(before);
+        invalidateRow(index);
+    }
 }
 
-void ListBox::restoreSelection() {
-    const int index = items_.has(restored_) ? restored_ : kNone;
-    select(index);
-    if (index != kNone) {
-        moveTo(index);
+// As the user moves: what leaves the sight by it is drawn as it changes, before the list scrolls.
+bool ListBox::moveTo(int index) {
+    if (!select(index)) {
+        return false;
     }
+    setCaret(index);
+    return true;
+}
+
+bool ListBox::restoreSelection() {
+    if (!items_.has(restored_)) {
+        return select(kNone);
+    }
+    setCaret(restored_);
+    return select(restored_);
+}
+
+int ListBox::find(int after, LPARAM wanted, bool whole) const {
+    const auto text = reinterpret_cast<LPCSTR>(wanted);
+    return !hasStrings() ? items_.findData(after, static_cast<ULONG_PTR>(wanted))
+           : whole       ? items_.findExact(after, text)
+                         : items_.findPrefix(after, text);
+}
+
+// As observed: of owner-drawn entries always, of others only where they have data.
+bool ListBox::notifyDeletion(int index) {
+    if (!isOwnerDrawn() && items_.at(index).data == 0) {
+        return true;
+    }
+    const HWND window = window_;
+    DELETEITEMSTRUCT deletion{};
+    deletion.CtlType = ODT_LISTBOX;
+    deletion.CtlID = static_cast<UINT>(GetDlgCtrlID(window));
+    deletion.itemID = static_cast<UINT>(index);
+    deletion.hwndItem = window;
+    deletion.itemData = items_.at(index).data;
+    SendMessageA(owner(), WM_DELETEITEM, deletion.CtlID, reinterpret_cast<LPARAM>(&deletion));
+    return IsWindow(window) != FALSE;
+}
+
+bool ListBox::notifyDeletions() {
+    for (int index = items_.count() - 1; index >= 0; --index) {
+        if (items_.has(index) && !notifyDeletion(index)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 LRESULT ListBox::onLbAddString(LPARAM item) {
@@ -379,7 +426,7 @@ LRESULT ListBox::onLbInsertString(int index, LPARAM item) {
 }
 
 LRESULT ListBox::onLbDeleteString(int index) {
-    if (!items_.has(index)) {
+    if (!items_.has(index) || !notifyDeletion(index) || !items_.has(index)) {
         return LB_ERR;
     }
     items_.remove(index);
@@ -395,6 +442,9 @@ LRESULT ListBox::onLbDeleteString(int index) {
 }
 
 void ListBox::onLbResetContent() {
+    if (!notifyDeletions()) {
+        return;
+    }
     items_.clear();
     current_ = kNone;
     caret_ = 0;
@@ -404,7 +454,8 @@ void ListBox::onLbResetContent() {
 
 LRESULT ListBox::onLbSetCurSel(int index) {
     if (items_.has(index)) {
-        moveTo(index);
+        setCaret(index);
+        select(index);
         return index;
     }
     if (index == -1) {
@@ -413,8 +464,8 @@ LRESULT ListBox::onLbSetCurSel(int index) {
     return LB_ERR;
 }
 
-LRESULT ListBox::onLbSelectString(int after, LPCSTR text) {
-    const int index = items_.findPrefix(after, text);
+LRESULT ListBox::onLbSelectString(int after, LPARAM wanted) {
+    const int index = find(after, wanted, false);
     return index == LB_ERR ? LB_ERR : onLbSetCurSel(index);
 }
 
@@ -431,15 +482,21 @@ LRESULT ListBox::onLbGetText(int index, LPARAM buffer) const {
     return static_cast<LRESULT>(item.text.size());
 }
 
+LRESULT ListBox::onLbSetItemHeight(int height) {
+    if (height < 0 || height > kHighestItem) {
+        return LB_ERR;
+    }
+    itemHeight_ = std::max(height, 1);
+    onWmSize();
+    return LB_OKAY;
+}
+
 // While an entry is selected the caret stays there.
 LRESULT ListBox::onLbSetCaretIndex(int index) {
     if (!items_.has(index) || current_ != kNone) {
         return LB_ERR;
     }
-    invalidateRow(caret_);
-    caret_ = index;
-    showRow(index);
-    invalidateRow(index);
+    setCaret(index);
     return LB_OKAY;
 }
 

@@ -23,6 +23,7 @@ private:
     bool onListMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool onItemMessage(UINT message, int index, LPARAM lParam, LRESULT& result);
     void onWmCreate(const CREATESTRUCTA& create);
+    void onWmDestroy();
     void onWmSetFont(HFONT font, bool redraw);
     void onWmSize();
     void onWmWindowPosChanged(const WINDOWPOS& position);
@@ -43,7 +44,8 @@ private:
     LRESULT onLbDeleteString(int index);
     void onLbResetContent();
     LRESULT onLbSetCurSel(int index);
-    LRESULT onLbSelectString(int after, LPCSTR text);
+    LRESULT onLbSelectString(int after, LPARAM wanted);
+    LRESULT onLbSetItemHeight(int height);
     LRESULT onLbGetText(int index, LPARAM buffer) const;
     LRESULT onLbSetCaretIndex(int index);
 
@@ -64,16 +66,24 @@ private:
     void setTop(int top);
     void showRow(int index);
     void invalidateRow(int index);
-    void select(int index);
-    void moveTo(int index);
+    // An entry that begins with a text, or the whole of it; in a list without texts the one with that data.
+    int find(int after, LPARAM wanted, bool whole) const;
+    // Tells the owner that an entry goes; false when the window died of it.
+    bool notifyDeletion(int index);
+    bool notifyDeletions();
+    // The owner draws what changed at once; false when the window died of it, here and in what follows.
+    bool select(int index);
+    bool drawChange(int index);
+    void setCaret(int index);
+    bool moveTo(int index);
     // Back to what was selected when the drop-down list opened.
-    void restoreSelection();
+    bool restoreSelection();
     void takeFocus();
     void notify(UINT code);
 
     void paint(HDC dc);
     void paintRow(HDC dc, int index, HBRUSH background);
-    void drawOwnerRow(HDC dc, int index, const RECT& rect);
+    void drawOwnerRow(HDC dc, int index, UINT action);
 
     HWND window_;
     HWND combo_ = nullptr;

@@ -38,8 +38,9 @@ void ListBox::takeFocus() {
 
 void ListBox::onWmLButtonDown(POINT at) {
     if (combo_ && !isInside(at)) {
-        restoreSelection();
-        SendMessageA(combo_, kComboListDismissed, 0, 0);
+        if (restoreSelection()) {
+            SendMessageA(combo_, kComboListDismissed, 0, 0);
+        }
         return;
     }
     const HWND window = window_;
@@ -112,8 +113,8 @@ void ListBox::onWmLButtonUp(POINT at) {
         return;
     }
     tracking_ = false;
-    if (combo_ && !isInside(at)) {
-        restoreSelection();
+    if (combo_ && !isInside(at) && !restoreSelection()) {
+        return;
     }
     if (GetCapture() == window_) {
         ReleaseCapture();
@@ -178,13 +179,19 @@ LRESULT ListBox::onWmKeyDown(UINT key) {
         case VK_END:
             row = last;
             break;
+        case VK_SPACE:
+            if (current_ == kNone) {
+                break;
+            }
+            [[fallthrough]];
         default:
             return DefWindowProcA(window_, WM_KEYDOWN, key, 0);
     }
     if (last >= 0) {
         // With nothing selected the first key only selects the row that it would start from.
-        moveTo(current_ == caret_ ? std::clamp(row, 0, last) : std::clamp(caret_, 0, last));
-        notify(LBN_SELCHANGE);
+        if (moveTo(current_ == caret_ ? std::clamp(row, 0, last) : std::clamp(caret_, 0, last))) {
+            notify(LBN_SELCHANGE);
+        }
     }
     return 0;
 }
@@ -192,8 +199,7 @@ LRESULT ListBox::onWmKeyDown(UINT key) {
 void ListBox::onWmChar(char character) {
     const char prefix[] = {character, '\0'};
     const int row = hasStrings() ? items_.findPrefix(caret_, prefix) : kNone;
-    if (row != kNone) {
-        moveTo(row);
+    if (row != kNone && moveTo(row)) {
         notify(LBN_SELCHANGE);
     }
 }

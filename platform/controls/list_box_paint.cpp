@@ -37,7 +37,7 @@ void ListBox::paintRow(HDC dc, int index, HBRUSH background) {
     const RECT row = rowRect(index);
     if (isOwnerDrawn()) {
         FillRect(dc, &row, background);
-        drawOwnerRow(dc, index, row);
+        drawOwnerRow(dc, index, ODA_DRAWENTIRE);
         return;
     }
     const bool selected = index == current_;
@@ -57,19 +57,43 @@ void ListBox::paintRow(HDC dc, int index, HBRUSH background) {
     }
 }
 
-void ListBox::drawOwnerRow(HDC dc, int index, const RECT& rect) {
+// Shows that an entry is selected or no longer so: the owner draws it over what stands there, at once.
+bool ListBox::drawChange(int index) {
+    if (!isOwnerDrawn()) {
+        invalidateRow(index);
+        return true;
+    }
+    RECT client;
+    GetClientRect(window_, &client);
+    if (!items_.has(index) || index < top_ || rowRect(index).top >= client.bottom || !IsWindowVisible(window_)) {
+        return true;
+    }
+    const HWND window = window_;
+    const HDC dc = GetDC(window);
+    {
+        const SelectedFont font(dc, font_);
+        askColours(owner(), window, dc, WM_CTLCOLORLISTBOX);
+        drawOwnerRow(dc, index, ODA_SELECT);
+    }
+    ReleaseDC(window, dc);
+    return IsWindow(window) != FALSE;
+}
+
+void ListBox::drawOwnerRow(HDC dc, int index, UINT action) {
     DRAWITEMSTRUCT draw{};
     draw.CtlType = ODT_LISTBOX;
     draw.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));
     draw.itemID = static_cast<UINT>(index);
-    draw.itemAction = ODA_DRAWENTIRE;
+    draw.itemAction = action;
     draw.itemState = (index == current_ ? ODS_SELECTED : 0U) | (focused_ && index == caret_ ? ODS_FOCUS : 0U) |
                      (IsWindowEnabled(window_) ? 0U : ODS_DISABLED);
     draw.hwndItem = window_;
     draw.hDC = dc;
-    draw.rcItem = rect;
+    draw.rcItem = rowRect(index);
     draw.itemData = items_.at(index).data;
     const int saved = SaveDC(dc);
+    const RECT rows = rowsRect();
+    IntersectClipRect(dc, rows.left, rows.top, rows.right, rows.bottom);
     SendMessageA(owner(), WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
     RestoreDC(dc, saved);
 }

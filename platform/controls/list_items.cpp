@@ -35,7 +35,7 @@ int ListItems::find(int after, Matches matches) const {
     const int start = has(after) ? after : -1;
     for (int step = 1; step <= count(); ++step) {
         const int index = (start + step) % count();
-        if (matches(at(index).text)) {
+        if (matches(at(index))) {
             return index;
         }
     }
@@ -47,14 +47,18 @@ int ListItems::findPrefix(int after, LPCSTR text) const {
         return LB_ERR;
     }
     const std::size_t length = std::strlen(text);
-    return find(after, [&](const std::string& item) { return beginsWith(item, text, length); });
+    return find(after, [&](const Item& item) { return beginsWith(item.text, text, length); });
 }
 
 int ListItems::findExact(int after, LPCSTR text) const {
     if (!text || !*text) {
         return LB_ERR;
     }
-    return find(after, [&](const std::string& item) { return lstrcmpiA(item.c_str(), text) == 0; });
+    return find(after, [&](const Item& item) { return lstrcmpiA(item.text.c_str(), text) == 0; });
+}
+
+int ListItems::findData(int after, ULONG_PTR data) const {
+    return find(after, [&](const Item& item) { return item.data == data; });
 }
 
 }  // namespace platform

@@ -27,10 +27,11 @@ public:
     // Where a text belongs in a sorted list: before the first entry that is not less, by the system's comparison.
     int sortedPlace(LPCSTR text) const;
 
-    // Both search from the entry behind `after` on (-1 or too large: from the first), go round and end with `after`.
+    // All search from the entry behind `after` on (-1 or too large: from the first), go round and end with `after`.
     // They return LB_ERR when nothing is found; an empty text finds nothing.
     int findPrefix(int after, LPCSTR text) const;
     int findExact(int after, LPCSTR text) const;
+    int findData(int after, ULONG_PTR data) const;
 
 private:
     template <class Matches>

@@ -147,8 +147,10 @@ void traceLists(Trace& trace) {
     mouse("up 2", WM_LBUTTONUP, 0, 2);
     stage.ask(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA));
     trace.line("wheel: top %d", number(stage.ask(LB_GETTOPINDEX)));
-    stage.ask(LB_SETCURSEL, static_cast<WPARAM>(-1));
-    stage.type("{end}");
+    for (const char* keys : {"{end}", "{space}"}) {
+        stage.ask(LB_SETCURSEL, static_cast<WPARAM>(-1));
+        stage.type(keys);
+    }
     SetFocus(stage.other());
     stage.state("focus away");
 }
@@ -254,6 +256,63 @@ constexpr ComboKeys kComboKeys[] = {
      {"{down}", "x", "y", "{f4}", "{down}", "b", "a", "{enter}", "{bs}", "{down}", "{f4}", "{esc}", "x"}},
     {"upper-case combo", CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_UPPERCASE, {"ab\xE5", "{down}", "{bs}x"}},
 };
+
+// What the first key does that comes to a list without a selection.
+void traceFirstKeys(Trace& trace) {
+    for (const bool open : {false, true}) {
+        trace.section(open ? "first key in an open list" : "first key in a closed list");
+        ComboStage stage(trace, CBS_DROPDOWNLIST | WS_VSCROLL);
+        SetFocus(stage.control());
+        stage.ask(CB_SHOWDROPDOWN, open);
+        for (const char* keys : {"{space}", "{c}", "{x}", "{del}", "{ins}", "{shift}", "{bs}", "{right}", "{pgup}",
+                                 "{end}", "{C-c}", "c", "x", " "}) {
+            stage.ask(CB_SETCURSEL, 3);
+            stage.ask(CB_SETCURSEL, static_cast<WPARAM>(-1));
+            stage.type(keys);
+        }
+        stage.ask(CB_SETCURSEL, 3);
+        stage.type("{space}");
+        stage.ask(CB_RESETCONTENT);
+        stage.type("{space}");
+        stage.type("{c}");
+    }
+}
+
+// How far the keys go, in lists of as many entries as they show, or of more, with room left below the last whole one.
+void tracePages(Trace& trace) {
+    trace.section("pages of combo lists");
+    struct Size {
+        int rows;
+        int rest;
+        DWORD style;
+    };
+    for (const Size& size : {Size{1, 0, 0}, Size{2, 5, 0}, Size{4, 0, 0}, Size{4, 7, CBS_NOINTEGRALHEIGHT},
+                             Size{9, 0, 0}, Size{12, 3, 0}}) {
+        ComboStage stage(trace, CBS_DROPDOWNLIST | WS_VSCROLL | size.style);
+        trace.line("-- %d entries and %d", size.rows, size.rest);
+        RECT closed{};
+        GetWindowRect(stage.control(), &closed);
+        const int height = number(stage.ask(CB_GETITEMHEIGHT)) * size.rows + size.rest + 2;
+        MoveWindow(stage.control(), 10, 10, 150, number(closed.bottom - closed.top) + height, TRUE);
+        stage.parent().setHook(nullptr);
+        stage.parent().setQuiet(true);
+        SetFocus(stage.control());
+        for (const bool open : {false, true, false}) {
+            stage.ask(CB_SHOWDROPDOWN, open);
+            stage.ask(CB_SETCURSEL, 0);
+            std::string way;
+            for (const char* key : {"{pgdn}", "{pgdn}", "{pgdn}", "{pgup}", "{end}", "{pgup}", "{pgup}"}) {
+                typeKeys(stage.control(), key);
+                way += " " + std::to_string(stage.ask(CB_GETCURSEL)) + "/" + std::to_string(stage.ask(CB_GETTOPINDEX));
+            }
+            RECT list{};
+            GetClientRect(stage.info().hwndList, &list);
+            const int item = number(stage.ask(CB_GETITEMHEIGHT));
+            trace.line("%s%s, shown %d and %d", open ? "open" : "closed", way.c_str(), number(list.bottom) / item,
+                       number(list.bottom) % item);
+        }
+    }
+}
 
 constexpr MessageStep kStepsAfterPick[] = {
     {"set current", CB_SETCURSEL, 3, 0, nullptr},
@@ -449,63 +508,6 @@ void traceComboMouse(Trace& trace) {
     }
 }
 
-void traceOwnerDrawn(Trace& trace) {
-    trace.section("owner-drawn combo");
-    bool watching = true;
-    LoggingParent parent(trace, LoggingParent::Kind::Window);
-    parent.setHook([&](UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
-        if (message == WM_MEASUREITEM) {
-            auto* measure = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
-            trace.line("WM_MEASUREITEM type %u id %u item %d", measure->CtlType, measure->CtlID,
-                       static_cast<int>(measure->itemID));
-            measure->itemHeight = 18;
-            result = TRUE;
-            return true;
-        }
-        if (message == WM_DRAWITEM) {
-            const auto* draw = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-            result = TRUE;
-            if (!watching) {
-                return true;
-            }
-            trace.line("WM_DRAWITEM type %u id %u item %d action %x state %x data %d high %d", draw->CtlType,
-                       draw->CtlID, static_cast<int>(draw->itemID), draw->itemAction, draw->itemState,
-                       static_cast<int>(draw->itemData), draw->rcItem.bottom - draw->rcItem.top > 10);
-            return true;
-        }
-        return false;
-    });
-    const HWND combo = parent.add("ComboBox", "", CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL,
-                                  ControlStage::kControlId, 10, 10, 150, 120);
-    trace.line("item height %d", number(SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0)));
-    for (int i = 0; i < 3; ++i) {
-        SendMessageA(combo, CB_ADDSTRING, 0, textParam(kFruit[i]));
-        SendMessageA(combo, CB_SETITEMDATA, static_cast<WPARAM>(i), 100 + i);
-    }
-    watching = false;
-    const auto redraw = [&](const char* what, HWND window) {
-        UpdateWindow(window);
-        trace.line("%s", what);
-        watching = true;
-        InvalidateRect(window, nullptr, TRUE);
-        UpdateWindow(window);
-        watching = false;
-    };
-    redraw("nothing selected", combo);
-    SendMessageA(combo, CB_SETCURSEL, 1, 0);
-    SetFocus(combo);
-    redraw("focused", combo);
-    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
-    redraw("open", combo);
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof info;
-    SendMessageA(combo, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-    redraw("its list", info.hwndList);
-    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
-    EnableWindow(combo, FALSE);
-    redraw("disabled", combo);
-}
-
 }  // namespace
 
 void traceCombos(Trace& trace) {
@@ -519,6 +521,8 @@ void traceCombos(Trace& trace) {
         }
     }
     traceComboKeys(trace);
+    traceFirstKeys(trace);
+    tracePages(trace);
     traceLetterCase(trace);
     tracePicks(trace, "combo picks", kPickEndings);
     tracePicks(trace, "combo picks ended by an accepting key", kAcceptingKeys);

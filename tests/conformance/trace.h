@@ -117,6 +117,7 @@ void traceButtons(Trace& trace);
 void traceTabs(Trace& trace);
 void traceEdits(Trace& trace);
 void traceCombos(Trace& trace);
+void traceOwnerDrawn(Trace& trace);  // of the combo boxes
 void traceDialogs(Trace& trace);
 void traceSheets(Trace& trace);
 void traceTexts(Trace& trace);

@@ -18,7 +18,8 @@ constexpr NamedKey kKeys[] = {
     {"left", VK_LEFT, 0},   {"right", VK_RIGHT, 0}, {"up", VK_UP, 0},      {"down", VK_DOWN, 0},
     {"home", VK_HOME, 0},   {"end", VK_END, 0},     {"pgup", VK_PRIOR, 0}, {"pgdn", VK_NEXT, 0},
     {"ins", VK_INSERT, 0},  {"del", VK_DELETE, 0},  {"bs", VK_BACK, '\b'}, {"enter", VK_RETURN, '\r'},
-    {"esc", VK_ESCAPE, 27}, {"f4", VK_F4, 0},       {"tab", VK_TAB, '\t'},
+    {"esc", VK_ESCAPE, 27}, {"f4", VK_F4, 0},       {"tab", VK_TAB, '\t'}, {"space", VK_SPACE, ' '},
+    {"shift", VK_SHIFT, 0},
 };
 
 struct KeyPress {
