@@ -1,4 +1,5 @@
 // What drawing functions paint, as pictures of letters, and what device contexts and objects keep.
+#include "resources/resource.h"
 #include "tests/conformance/trace.h"
 
 namespace {
@@ -76,6 +77,57 @@ void traceCopies(Trace& trace) {
                    row.from.right, row.from.bottom, SRCCOPY);
         tracePicture(trace, row.what, target);
     }
+}
+
+// A frame around a red ground, and one around slanted lines.
+Picture framed(bool slanted) {
+    constexpr int kSide = 16;
+    Picture rows;
+    for (int y = 0; y < kSide; ++y) {
+        rows.emplace_back(kSide, slanted ? 'W' : 'R');
+        for (int x = 0; x < kSide; ++x) {
+            const bool isFrame = x == 0 || y == 0 || x == kSide - 1 || y == kSide - 1;
+            if (isFrame || (slanted && (2 * x + 3 * y) % 7 == 0)) {
+                rows.back()[static_cast<std::size_t>(x)] = 'K';
+            }
+        }
+    }
+    return rows;
+}
+
+// A small square picture in squares of every size that an entry of a list may give it, its red ground filled.
+void traceSwatches(Trace& trace, const char* what, HDC source, POINT from, int mode) {
+    trace.section(std::string("swatches, ") + what);
+    HBRUSH blue = CreateSolidBrush(kBlue);
+    for (int side = 5; side <= 30; ++side) {
+        const Canvas target(side + 2, side + 2);
+        SetStretchBltMode(target, mode);
+        StretchBlt(target, 1, 1, side, side, source, from.x, from.y, 16, 16, SRCCOPY);
+        HGDIOBJ before = SelectObject(target, blue);
+        const bool isFilled = ExtFloodFill(target, 2, 2, kRed, FLOODFILLSURFACE) != 0;
+        SelectObject(target, before);
+        tracePicture(trace, (std::to_string(side) + (isFilled ? ", filled" : "")).c_str(), target);
+    }
+    DeleteObject(blue);
+}
+
+void traceSwatches(Trace& trace) {
+    constexpr POINT kArrowTip = {48, 22};  // In the picture of an arrow.
+    Canvas ground(16, 16);
+    ground.paint(framed(false));
+    traceSwatches(trace, "red ground", ground, {0, 0}, BLACKONWHITE);
+    Canvas lines(16, 16);
+    lines.paint(framed(true));
+    traceSwatches(trace, "lines", lines, {0, 0}, BLACKONWHITE);
+    traceSwatches(trace, "lines, colours kept", lines, {0, 0}, COLORONCOLOR);
+
+    HBITMAP bitmap = LoadBitmapA(instance(), MAKEINTRESOURCEA(IDB_ARROW_TEXT1));
+    HDC dc = CreateCompatibleDC(lines);
+    HGDIOBJ before = SelectObject(dc, bitmap);
+    traceSwatches(trace, "of a resource", dc, kArrowTip, BLACKONWHITE);
+    SelectObject(dc, before);
+    DeleteDC(dc);
+    DeleteObject(bitmap);
 }
 
 struct Part {
@@ -243,6 +295,7 @@ void traceObjects(Trace& trace) {
 void traceDrawing(Trace& trace) {
     traceFloodFill(trace);
     traceCopies(trace);
+    traceSwatches(trace);
     traceParts(trace);
     traceDrawings(trace);
     traceSavedStates(trace);
