@@ -51,15 +51,17 @@ void SelectAll(HWND control) {
 }
 
 size_t FindEntry(const Stage& stage, HWND combo, const Argument& entry) {
-    const std::vector<std::string> entries = ComboEntries(combo);
     if (entry.kind == Argument::Kind::Word) {
-        size_t index = entries.size();
+        const auto count = static_cast<size_t>(std::max<LRESULT>(SendMessageA(combo, CB_GETCOUNT, 0, 0), 0));
+        size_t index = count;
         std::from_chars(entry.text.data() + 1, entry.text.data() + entry.text.size(), index);
-        if (index >= entries.size()) {
-            FailExpectation("an entry " + entry.text, std::to_string(entries.size()) + " entries");
+        if (index >= count) {
+            FailExpectation("an entry " + entry.text, std::to_string(count) + " entries");
         }
         return index;
     }
+    ExpectReadableTexts(combo);
+    const std::vector<std::string> entries = ComboEntries(combo);
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const std::string& each) {
         return each == ExpandLike(stage, entry.text, each);
     });

@@ -100,6 +100,7 @@ void ExpectComboBox(HWND control, const Argument& id) {
 
 void ExpectText(Stage& stage, const Command& command) {
     HWND control = ControlOf(stage, command.arguments[0]);
+    ExpectReadableTexts(control);
     ExpectEqualTexts(stage, "text of " + command.arguments[0].text, command, 1, {TextOf(control)});
 }
 
@@ -136,6 +137,7 @@ void ExpectFocus(Stage& stage, const Command& command) {
 void ExpectItems(Stage& stage, const Command& command) {
     HWND combo = ControlOf(stage, command.arguments[0]);
     ExpectComboBox(combo, command.arguments[0]);
+    ExpectReadableTexts(combo);
     ExpectEqualTexts(stage, "items of " + command.arguments[0].text, command, 1, ComboEntries(combo));
 }
 

@@ -72,7 +72,16 @@ std::string ClassOf(HWND window) {
     return name.data();
 }
 
+bool HasReadableTexts(HWND window) {
+    const LONG style = GetWindowLongA(window, GWL_STYLE);
+    const bool ownerDrawn = (style & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0;
+    return !ownerDrawn || (style & CBS_HASSTRINGS) != 0 || ClassOf(window) != kComboBoxClass;
+}
+
 std::string TextOf(HWND window) {
+    if (!HasReadableTexts(window)) {
+        return "";
+    }
     const LRESULT length = SendMessageA(window, WM_GETTEXTLENGTH, 0, 0);
     std::string text(static_cast<size_t>(std::max<LRESULT>(length, 0)) + 1, '\0');
     const LRESULT copied = SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
@@ -215,12 +224,12 @@ HWND ListWithMouse() {
 }
 
 std::vector<std::string> ComboEntries(HWND combo) {
-    const LONG style = GetWindowLongA(combo, GWL_STYLE);
-    const bool ownerDrawn = (style & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0;
-    const bool hasTexts = !ownerDrawn || (style & CBS_HASSTRINGS) != 0;
+    if (!HasReadableTexts(combo)) {
+        return {};
+    }
     const LRESULT count = std::max<LRESULT>(SendMessageA(combo, CB_GETCOUNT, 0, 0), 0);
     std::vector<std::string> entries(static_cast<size_t>(count));
-    for (size_t i = 0; hasTexts && i < entries.size(); ++i) {
+    for (size_t i = 0; i < entries.size(); ++i) {
         const LRESULT length = std::max<LRESULT>(SendMessageA(combo, CB_GETLBTEXTLEN, i, 0), 0);
         entries[i].resize(static_cast<size_t>(length) + 1);
         SendMessageA(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(entries[i].data()));

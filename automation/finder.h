@@ -16,7 +16,11 @@ HWND FrontWindow();
 std::vector<HWND> VisibleWindows();
 
 std::string ClassOf(HWND window);
+// Empty where nothing can be read.
 std::string TextOf(HWND window);
+
+// Not so a combo box that keeps no texts, because its owner draws the entries: it gives their data as texts.
+bool HasReadableTexts(HWND window);
 
 // True for a window or control that a user's click or key can reach.
 bool CanTakeInput(HWND window);
@@ -66,7 +70,7 @@ HWND OpenListOf(HWND control);
 // An open drop-down list, which gets whatever the mouse does; null when none is open.
 HWND ListWithMouse();
 
-// The texts of a combo box's list, in order. Entries of an owner-drawn list without texts read as empty.
+// The texts of a combo box's list, in order; none when they cannot be read.
 std::vector<std::string> ComboEntries(HWND combo);
 
 }  // namespace automation

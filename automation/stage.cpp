@@ -92,6 +92,12 @@ HWND ControlOf(const Stage& stage, const Argument& id) {
     return control;
 }
 
+void ExpectReadableTexts(HWND control) {
+    if (!HasReadableTexts(control)) {
+        FailExpectation("texts in control " + std::to_string(GetDlgCtrlID(control)), "entries that its owner draws");
+    }
+}
+
 HWND TabsOf(const Stage& stage) {
     HWND tabs = TabControl(stage.front);
     if (tabs == nullptr) {

@@ -33,6 +33,9 @@ std::string Quote(const std::string& text);
 // A control of the window in front; fails when there is none with the id.
 HWND ControlOf(const Stage& stage, const Argument& id);
 
+// Fails when the control has texts that cannot be read.
+void ExpectReadableTexts(HWND control);
+
 // The tab control of the sheet in front; fails when no sheet is in front.
 HWND TabsOf(const Stage& stage);
 
