@@ -93,16 +93,23 @@ inline bool HasEntryBehind(const View& view) {
                                     : view.Focused()->selection + 1 < view.Focused()->count;
 }
 
-// How many entries a page has depends on the fonts, so only lists that are shorter in any case are turned by pages.
-inline bool IsShortList(const View& view) {
-    constexpr int kShownByAll = 4;
-    return (view.openList != nullptr ? view.listCount : view.Focused()->count) <= kShownByAll;
-}
+// How many entries a page has depends on the fonts, but any page reaches over these.
+constexpr int kFewEntries = 3;
 inline bool HasPageBefore(const View& view) {
-    return IsShortList(view) && HasEntryBefore(view);
+    const int selected = view.openList != nullptr ? view.highlighted : view.Focused()->selection;
+    return selected > 0 && selected <= kFewEntries;
 }
 inline bool HasPageBehind(const View& view) {
-    return IsShortList(view) && HasEntryBehind(view);
+    const bool isOpen = view.openList != nullptr;
+    const int selected = isOpen ? view.highlighted : view.Focused()->selection;
+    const int behind = (isOpen ? view.listCount : view.Focused()->count) - 1 - selected;
+    // Any first key selects the entry that it would start from.
+    return behind > 0 && (behind <= kFewEntries || selected < 0);
+}
+inline bool CanSelectFirst(const View& view) {
+    const SeenControl& list = *view.Focused();
+    const int selected = view.openList != nullptr ? view.highlighted : list.selection;
+    return list.kind == SeenControl::Kind::ListCombo && selected < 0 && list.count > 0;
 }
 
 struct KeyHabit {
@@ -144,6 +151,7 @@ constexpr KeyHabit kKeyHabits[] = {
     {"DOWN", 5, kInCombo, HasEntryBehind},
     {"PAGEUP", 2, kInCombo, HasPageBefore},
     {"PAGEDOWN", 2, kInCombo, HasPageBehind},
+    {"SPACE", 6, kInListCombo | kInOpenList, CanSelectFirst},
     {"F4", 10, kInCombo, nullptr},
     {"ALT+DOWN", 8, kInCombo, nullptr},
     {"ALT+UP", 4, kInCombo, nullptr},

@@ -108,7 +108,9 @@ void DescribeControl(const SeenControl& control, std::vector<std::string>& lines
         return;
     }
     lines.push_back(State("enabled", "disabled", control.isEnabled, control.id));
-    lines.push_back("expect text " + id + " " + Quote(control.text));
+    if (automation::HasReadableTexts(control.window)) {
+        lines.push_back("expect text " + id + " " + Quote(control.text));
+    }
     if (control.HoldsCheck()) {
         lines.push_back(State("checked", "unchecked", control.isChecked, control.id));
     }
