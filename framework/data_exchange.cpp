@@ -207,8 +207,9 @@ void DDX_CBIndex(CDataExchange* exchange, int id, int& value) {
     const HWND control = exchange->PrepareCtrl(id);
     if (exchange->m_bSaveAndValidate) {
         value = static_cast<int>(::SendMessageA(control, CB_GETCURSEL, 0, 0));
-    } else {
-        ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+    } else if (::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(value), 0) == CB_ERR) {
+        // Not on every system does a position that the list does not have clear the selection.
+        ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     }
 }
 

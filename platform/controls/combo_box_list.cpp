@@ -422,8 +422,12 @@ void ComboBox::showCurrent() {
     }
 }
 
+// As documented, an index beyond the list clears the selection as -1 does.
 LRESULT ComboBox::onCbSetCurSel(int index) {
     const HWND window = window_;
+    if (index >= askList(LB_GETCOUNT)) {
+        index = -1;
+    }
     const LRESULT selected = askList(LB_SETCURSEL, static_cast<WPARAM>(index));
     if (!IsWindow(window)) {
         return CB_ERR;

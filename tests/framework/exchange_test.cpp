@@ -205,6 +205,7 @@ TEST_F(DataExchange, ButtonsAndListsShowTheirNumbersOrNothing) {
         {radio, 1, 1, "010"},  {radio, 0, 0, "100"},  {radio, 2, 2, "001"}, {radio, -1, -1, "000"},
         {radio, 3, -1, "000"}, {check, 1, 1, "000"},  {check, 2, 2, "000"}, {check, 0, 0, "000"},
         {check, 3, 0, "000"},  {check, -1, 0, "000"}, {list, 1, 1, "000"},  {list, -1, -1, "000"},
+        {list, 1, 1, "000"},   {list, 99, -1, "000"}, {list, 0, 0, "000"},  {list, -7, -1, "000"},
     };
     for (const Case& c : cases) {
         number = c.shown;
