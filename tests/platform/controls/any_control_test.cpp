@@ -7,6 +7,7 @@ using AnyControlTest = ControlTest;
 
 constexpr DWORD kEditableCombo = CBS_DROPDOWN | WS_VSCROLL;
 constexpr DWORD kListCombo = CBS_DROPDOWNLIST | WS_VSCROLL;
+constexpr DWORD kDrawnCombo = kListCombo | CBS_OWNERDRAWFIXED;
 
 // Messages that a class does not know do it no harm.
 void useInEveryWay(HWND control, HWND list, HWND parent) {
@@ -16,6 +17,7 @@ void useInEveryWay(HWND control, HWND list, HWND parent) {
     }
     SendMessageA(control, BM_CLICK, 0, 0);
     SendMessageA(control, WM_KEYDOWN, VK_DOWN, 1);
+    SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     for (const LPARAM point : {MAKELPARAM(5, 5), MAKELPARAM(-5, -5)}) {
         SendMessageA(control, CB_SHOWDROPDOWN, TRUE, 0);
         SendMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, point);
@@ -23,6 +25,7 @@ void useInEveryWay(HWND control, HWND list, HWND parent) {
     }
     SetWindowTextA(control, "set");
     SetFocus(parent);
+    SendMessageA(control, CB_DELETESTRING, 0, 0);
 }
 
 TEST_F(AnyControlTest, MayBeDestroyedByWhoeverItNotifies) {
@@ -39,6 +42,8 @@ TEST_F(AnyControlTest, MayBeDestroyedByWhoeverItNotifies) {
         {"ComboBox", kEditableCombo, WM_COMMAND, {CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_KILLFOCUS}},
         {"ComboBox", kListCombo, WM_COMMAND, {CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_KILLFOCUS}},
         {"ComboBox", kListCombo, WM_COMMAND, {CBN_SELCHANGE, CBN_SELENDOK, CBN_SELENDCANCEL}},
+        {"ComboBox", kDrawnCombo, WM_DRAWITEM, {0}},
+        {"ComboBox", kDrawnCombo, WM_DELETEITEM, {0}},
     };
     for (const auto& row : kCases) {
         for (const UINT code : row.codes) {

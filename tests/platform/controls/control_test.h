@@ -34,7 +34,7 @@ protected:
 
     HWND parent_ = nullptr;
     std::vector<UINT> codes_;  // Of WM_COMMAND and WM_NOTIFY, in the order received.
-    Hook hook_;                // Called for these and WM_DRAWITEM (code 0); its result is the answer.
+    Hook hook_;                // Called for these, WM_DRAWITEM and WM_DELETEITEM (code 0); its result is the answer.
 
 private:
     static LRESULT CALLBACK parentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -43,11 +43,12 @@ private:
             SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
         }
         auto* self = reinterpret_cast<ControlTest*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-        if (message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM) {
+        const bool isAboutItem = message == WM_DRAWITEM || message == WM_DELETEITEM;
+        if (message != WM_COMMAND && message != WM_NOTIFY && !isAboutItem) {
             return DefWindowProcA(window, message, wParam, lParam);
         }
         UINT code = 0;
-        if (message != WM_DRAWITEM) {
+        if (!isAboutItem) {
             code = message == WM_COMMAND ? HIWORD(wParam) : reinterpret_cast<const NMHDR*>(lParam)->code;
             self->codes_.push_back(code);
         }
