@@ -134,7 +134,7 @@ BENCHMARK(FillEmptyLists)->Unit(benchmark::kMicrosecond);
 // What was there goes first, each entry with a message.
 void RefillLists(benchmark::State& state) {
     const Stage stage;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         stage.Fill();
     }
 }
@@ -161,7 +161,7 @@ void KeyInOpenListToPaint(benchmark::State& state) {
     SetFocus(stage.List());
     SendMessageA(stage.List(), CB_SHOWDROPDOWN, TRUE, 0);
     WPARAM key = VK_NEXT;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         SendMessageA(stage.List(), WM_KEYDOWN, key, 1);
         stage.Paint();
         if (SendMessageA(stage.List(), CB_GETCURSEL, 0, 0) % (kEntries - 1) == 0) {
