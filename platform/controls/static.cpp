@@ -1,4 +1,4 @@
-// The static control: labels, etched lines and frames. Pictures and owner-drawn statics are not offered.
+// The static control: labels, etched lines, frames and rectangles. Pictures and owner-drawn statics are not offered.
 #include <windows.h>
 
 #include "platform/controls/control_base.h"
@@ -133,6 +133,15 @@ void Static::paint(HDC dc) const {
             break;
         case SS_GRAYFRAME:
             FrameRect(dc, &client, GetSysColorBrush(COLOR_3DSHADOW));
+            break;
+        case SS_WHITEFRAME:
+            FrameRect(dc, &client, GetSysColorBrush(COLOR_3DHIGHLIGHT));
+            break;
+        case SS_BLACKRECT:
+            FillRect(dc, &client, GetSysColorBrush(COLOR_3DDKSHADOW));
+            break;
+        case SS_WHITERECT:
+            FillRect(dc, &client, GetSysColorBrush(COLOR_3DHIGHLIGHT));
             break;
         default:
             if (isText()) {

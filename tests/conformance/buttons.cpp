@@ -261,6 +261,9 @@ void traceStatics(Trace& trace) {
         {"etched vertical", SS_ETCHEDVERT},
         {"etched frame", SS_ETCHEDFRAME},
         {"black frame", SS_BLACKFRAME},
+        {"white frame", SS_WHITEFRAME | SS_NOTIFY},
+        {"black rectangle", SS_BLACKRECT},
+        {"white rectangle", SS_WHITERECT},
         {"sunken", SS_LEFT | SS_SUNKEN},
     };
     for (const Kind& kind : kStatics) {
@@ -285,6 +288,35 @@ void traceStatics(Trace& trace) {
     }
 }
 
+// On a ground of its own colour: what a static leaves alone shows that.
+void traceFrames(Trace& trace) {
+    trace.section("look of frames and rectangles");
+    constexpr Kind kStatics[] = {
+        {"black frame", SS_BLACKFRAME},       {"grey frame", SS_GRAYFRAME},
+        {"white frame", SS_WHITEFRAME},       {"black rectangle", SS_BLACKRECT},
+        {"white rectangle", SS_WHITERECT},    {"etched frame", SS_ETCHEDFRAME},
+        {"sunken", SS_WHITERECT | SS_SUNKEN}, {"disabled", SS_BLACKRECT | WS_DISABLED},
+    };
+    HBRUSH ground = CreateSolidBrush(kRed);
+    for (const Kind& kind : kStatics) {
+        LoggingParent parent(trace, LoggingParent::Kind::Window);
+        parent.setHook([ground](UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
+            result = TRUE;
+            constexpr RECT kAll = {0, 0, 100, 100};
+            return message == WM_ERASEBKGND && FillRect(reinterpret_cast<HDC>(wParam), &kAll, ground) != 0;
+        });
+        parent.add("Static", "Text", kind.style, 30, 2, 2, 12, 5);
+        InvalidateRect(parent.handle(), nullptr, TRUE);
+        parent.drain();
+        const Canvas canvas(16, 9);
+        HDC dc = GetDC(parent.handle());
+        BitBlt(canvas, 0, 0, 16, 9, dc, 0, 0, SRCCOPY);
+        ReleaseDC(parent.handle(), dc);
+        tracePicture(trace, kind.name, canvas);
+    }
+    DeleteObject(ground);
+}
+
 }  // namespace
 
 void traceButtons(Trace& trace) {
@@ -295,4 +327,5 @@ void traceButtons(Trace& trace) {
     traceMessageOrder(trace);
     traceArrowKeys(trace);
     traceStatics(trace);
+    traceFrames(trace);
 }

@@ -46,6 +46,7 @@ Kind kindOf(HWND window, DWORD style) {
                 return Kind::Label;
             case SS_BLACKFRAME:
             case SS_GRAYFRAME:
+            case SS_WHITEFRAME:
             case SS_ETCHEDFRAME:
                 return Kind::Frame;
             default:
