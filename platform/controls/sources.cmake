@@ -1,4 +1,5 @@
 set(ROOM_SOURCES)
-list(APPEND ROOM_SOURCES static.cpp button.cpp button_paint.cpp tab_control.cpp tab_paint.cpp)
+list(APPEND ROOM_SOURCES static.cpp button.cpp button_paint.cpp tab_control.cpp tab_paint.cpp
+            track_bar.cpp track_bar_paint.cpp)
 list(APPEND ROOM_SOURCES edit.cpp edit_input.cpp edit_text.cpp edit_view.cpp list_box.cpp list_box_input.cpp
             list_box_paint.cpp list_items.cpp list_scroll_bar.cpp combo_box.cpp combo_box_list.cpp combo_box_paint.cpp)

@@ -1,4 +1,4 @@
-// Common controls: the tab control, under its documented names.
+// Common controls: the tab control and the track bar, under their documented names.
 #pragma once
 
 #include <windows.h>
@@ -6,6 +6,8 @@
 #include <prsht.h>
 
 #define WC_TABCONTROLA "SysTabControl32"
+#define TRACKBAR_CLASSA "msctls_trackbar32"
+#define ICC_BAR_CLASSES 0x00000004
 #define ICC_TAB_CLASSES 0x00000008
 
 struct tagINITCOMMONCONTROLSEX {
@@ -17,6 +19,8 @@ using INITCOMMONCONTROLSEX = tagINITCOMMONCONTROLSEX;
 #define NM_FIRST (0U - 0U)
 #define NM_CLICK (NM_FIRST - 2)
 #define NM_RCLICK (NM_FIRST - 5)
+#define NM_CUSTOMDRAW (NM_FIRST - 12)
+#define NM_RELEASEDCAPTURE (NM_FIRST - 16)
 
 #define TCS_FOCUSNEVER 0x8000
 #define TCS_MULTILINE 0x0200
@@ -69,6 +73,61 @@ struct tagTCKEYDOWN {
 };
 #pragma pack(pop)
 using NMTCKEYDOWN = tagTCKEYDOWN;
+
+// Custom drawing.
+#define CDRF_DODEFAULT 0x00000000
+#define CDRF_SKIPDEFAULT 0x00000004
+#define CDRF_NOTIFYPOSTPAINT 0x00000010
+#define CDRF_NOTIFYITEMDRAW 0x00000020
+#define CDDS_PREPAINT 0x00000001
+#define CDDS_POSTPAINT 0x00000002
+#define CDDS_PREERASE 0x00000003
+#define CDDS_POSTERASE 0x00000004
+#define CDDS_ITEM 0x00010000
+#define CDDS_ITEMPREPAINT (CDDS_ITEM | CDDS_PREPAINT)
+#define CDDS_ITEMPOSTPAINT (CDDS_ITEM | CDDS_POSTPAINT)
+#define CDIS_DEFAULT 0x0020
+#define CDIS_HOT 0x0040
+
+struct tagNMCUSTOMDRAWINFO {
+    NMHDR hdr;
+    DWORD dwDrawStage;
+    HDC hdc;
+    RECT rc;
+    DWORD_PTR dwItemSpec;
+    UINT uItemState;
+    LPARAM lItemlParam;
+};
+using NMCUSTOMDRAW = tagNMCUSTOMDRAWINFO;
+
+// Track bars.
+#define TBS_VERT 0x0002
+#define TBS_BOTH 0x0008
+#define TBS_NOTICKS 0x0010
+#define TBM_GETPOS (WM_USER)
+#define TBM_GETRANGEMIN (WM_USER + 1)
+#define TBM_GETRANGEMAX (WM_USER + 2)
+#define TBM_SETPOS (WM_USER + 5)
+#define TBM_SETRANGE (WM_USER + 6)
+#define TBM_SETRANGEMIN (WM_USER + 7)
+#define TBM_SETRANGEMAX (WM_USER + 8)
+#define TBM_SETPAGESIZE (WM_USER + 21)
+#define TBM_GETPAGESIZE (WM_USER + 22)
+#define TBM_SETLINESIZE (WM_USER + 23)
+#define TBM_GETLINESIZE (WM_USER + 24)
+#define TBM_GETTHUMBRECT (WM_USER + 25)
+#define TBM_GETCHANNELRECT (WM_USER + 26)
+#define TB_LINEUP 0
+#define TB_LINEDOWN 1
+#define TB_PAGEUP 2
+#define TB_PAGEDOWN 3
+#define TB_THUMBPOSITION 4
+#define TB_THUMBTRACK 5
+#define TB_TOP 6
+#define TB_BOTTOM 7
+#define TB_ENDTRACK 8
+#define TBCD_THUMB 0x0002
+#define TBCD_CHANNEL 0x0003
 
 #pragma GCC visibility push(default)
 extern "C" {

@@ -13,6 +13,7 @@ void registerEditClass();       // "Edit"
 void registerListBoxClasses();  // "ListBox" and the drop-down list "ComboLBox"
 void registerComboBoxClass();   // "ComboBox"
 void registerTabClass();        // "SysTabControl32"
+void registerTrackBarClass();   // "msctls_trackbar32"
 
 // Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
 void setStyleQuietly(HWND window, DWORD style);

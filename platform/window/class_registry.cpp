@@ -37,6 +37,7 @@ void ensureSystemClasses() {
     registerListBoxClasses();
     registerComboBoxClass();
     registerTabClass();
+    registerTrackBarClass();
 }
 
 bool isNamed(const WindowClass& windowClass, LPCSTR name) {

@@ -26,9 +26,10 @@ struct Group {
 };
 
 constexpr Group kGroups[] = {
-    {"windows", traceWindows}, {"painting", tracePainting}, {"drawing", traceDrawing}, {"system", traceSystem},
-    {"buttons", traceButtons}, {"tabs", traceTabs},         {"edits", traceEdits},     {"combos", traceCombos},
-    {"dialogs", traceDialogs}, {"sheets", traceSheets},     {"texts", traceTexts},     {"files", traceFileDialog},
+    {"windows", traceWindows},  {"painting", tracePainting}, {"drawing", traceDrawing}, {"system", traceSystem},
+    {"buttons", traceButtons},  {"tabs", traceTabs},         {"tracks", traceTracks},   {"edits", traceEdits},
+    {"combos", traceCombos},    {"dialogs", traceDialogs},   {"sheets", traceSheets},   {"texts", traceTexts},
+    {"files", traceFileDialog},
 };
 
 // Takes the trace line by line. Without expected sums it prints each section and its sum, else what is not as expected.
@@ -95,7 +96,7 @@ int main(int argc, char** argv) {
 #ifndef _WIN32
     TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
 #endif
-    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES};
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
 
     const std::vector<std::string_view> wanted(argv + (expects ? 3 : 1), argv + argc);

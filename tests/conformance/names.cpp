@@ -91,9 +91,13 @@ constexpr NamedCode kListBoxCodes[] = {NAMED(LBN_SELCHANGE), NAMED(LBN_DBLCLK), 
 constexpr NamedCode kComboBoxCodes[] = {NAMED(CBN_SELCHANGE),  NAMED(CBN_SETFOCUS),   NAMED(CBN_KILLFOCUS),
                                         NAMED(CBN_EDITCHANGE), NAMED(CBN_EDITUPDATE), NAMED(CBN_DROPDOWN),
                                         NAMED(CBN_CLOSEUP),    NAMED(CBN_SELENDOK),   NAMED(CBN_SELENDCANCEL)};
-constexpr NamedCode kNotifications[] = {
-    NAMED(NM_CLICK),      NAMED(NM_RCLICK),      NAMED(TCN_KEYDOWN), NAMED(TCN_SELCHANGE), NAMED(TCN_SELCHANGING),
-    NAMED(PSN_SETACTIVE), NAMED(PSN_KILLACTIVE), NAMED(PSN_APPLY),   NAMED(PSN_RESET),     NAMED(PSN_QUERYCANCEL)};
+constexpr NamedCode kNotifications[] = {NAMED(NM_CLICK),      NAMED(NM_RCLICK),      NAMED(NM_RELEASEDCAPTURE),
+                                        NAMED(TCN_KEYDOWN),   NAMED(TCN_SELCHANGE),  NAMED(TCN_SELCHANGING),
+                                        NAMED(PSN_SETACTIVE), NAMED(PSN_KILLACTIVE), NAMED(PSN_APPLY),
+                                        NAMED(PSN_RESET),     NAMED(PSN_QUERYCANCEL)};
+constexpr NamedCode kScrollCodes[] = {NAMED(TB_LINEUP),   NAMED(TB_LINEDOWN),      NAMED(TB_PAGEUP),
+                                      NAMED(TB_PAGEDOWN), NAMED(TB_THUMBPOSITION), NAMED(TB_THUMBTRACK),
+                                      NAMED(TB_TOP),      NAMED(TB_BOTTOM),        NAMED(TB_ENDTRACK)};
 #undef NAMED
 
 struct ClassCodes {
@@ -146,4 +150,8 @@ const char* commandName(HWND control, UINT code) {
 
 const char* notificationName(UINT code) {
     return findName(kNotifications, code);
+}
+
+const char* scrollName(UINT code) {
+    return findName(kScrollCodes, code);
 }

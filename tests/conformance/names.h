@@ -41,3 +41,5 @@ const char* messageName(UINT message);
 const char* commandName(HWND control, UINT code);
 // Name of a WM_NOTIFY code ("TCN_SELCHANGE", "PSN_APPLY" ...).
 const char* notificationName(UINT code);
+// Name of a track bar's code in WM_HSCROLL and WM_VSCROLL ("TB_THUMBTRACK" ...).
+const char* scrollName(UINT code);

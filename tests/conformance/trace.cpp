@@ -1,6 +1,10 @@
 // The trace and the tools that its sections share.
 #include "tests/conformance/trace.h"
 
+#ifdef _WIN32
+#include <uxtheme.h>
+#endif
+
 #include <array>
 #include <cstdarg>
 #include <cstdio>
@@ -101,6 +105,10 @@ bool LoggingParent::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
     } else if (message == WM_NOTIFY) {
         const auto* header = reinterpret_cast<const NMHDR*>(lParam);
         trace_.line("WM_NOTIFY id %d %s", static_cast<int>(header->idFrom), notificationName(header->code));
+    } else if (message == WM_HSCROLL || message == WM_VSCROLL) {
+        trace_.line("%s id %d %s %d", message == WM_HSCROLL ? "WM_HSCROLL" : "WM_VSCROLL",
+                    GetDlgCtrlID(reinterpret_cast<HWND>(lParam)), scrollName(LOWORD(wParam)),
+                    static_cast<short>(HIWORD(wParam)));
     }
     return false;
 }
@@ -121,6 +129,12 @@ void tracePicture(Trace& trace, const char* what, const Canvas& canvas) {
     for (const std::string& row : canvas.picture()) {
         trace.line("%s", row.c_str());
     }
+}
+
+void drawClassically([[maybe_unused]] HWND control) {
+#ifdef _WIN32
+    SetWindowTheme(control, L" ", L" ");
+#endif
 }
 
 void drainQueue(HWND dialog) {

@@ -97,6 +97,8 @@ public:
 
 // Writes the rows of a picture below its name.
 void tracePicture(Trace& trace, const char* what, const Canvas& canvas);
+// Windows draws common controls in a style of the user's otherwise.
+void drawClassically(HWND control);
 // Dispatches everything that is queued for this thread; with a dialog, through IsDialogMessage first.
 void drainQueue(HWND dialog = nullptr);
 // Posts a key press and its release, as an unmodified key would arrive; the character follows from translation.
@@ -115,6 +117,7 @@ void traceDrawing(Trace& trace);
 void traceSystem(Trace& trace);
 void traceButtons(Trace& trace);
 void traceTabs(Trace& trace);
+void traceTracks(Trace& trace);
 void traceEdits(Trace& trace);
 void traceCombos(Trace& trace);
 void traceOwnerDrawn(Trace& trace);  // of the combo boxes
