@@ -12,6 +12,7 @@ IMPLEMENT_DYNAMIC(CListBox, CWnd)
 IMPLEMENT_DYNAMIC(CComboBox, CWnd)
 IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
+IMPLEMENT_DYNAMIC(CSliderCtrl, CWnd)
 
 namespace {
 
@@ -47,7 +48,7 @@ struct ControlClass {
 constexpr ControlClass kControlClasses[] = {
     {"Edit", &Make<CEdit>},           {"Button", &Make<CButton>},        {"ComboBox", &Make<CComboBox>},
     {"Static", &Make<CStatic>},       {"ListBox", &Make<CListBox>},      {"ComboLBox", &Make<CListBox>},
-    {"ScrollBar", &Make<CScrollBar>}, {WC_TABCONTROLA, &Make<CTabCtrl>},
+    {"ScrollBar", &Make<CScrollBar>}, {WC_TABCONTROLA, &Make<CTabCtrl>}, {TRACKBAR_CLASSA, &Make<CSliderCtrl>},
 };
 
 }  // namespace
@@ -223,4 +224,20 @@ int CTabCtrl::SetCurSel(int index) {
 }
 BOOL CTabCtrl::GetItem(int index, TCITEMA* item) const {
     return SendMessage(TCM_GETITEMA, IndexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
+}
+
+int CSliderCtrl::GetPos() const {
+    return static_cast<int>(SendMessage(TBM_GETPOS));
+}
+void CSliderCtrl::SetPos(int position) {
+    SendMessage(TBM_SETPOS, TRUE, position);
+}
+void CSliderCtrl::SetRange(int minimum, int maximum, BOOL redraw) {
+    SendMessage(TBM_SETRANGEMIN, FALSE, minimum);
+    SendMessage(TBM_SETRANGEMAX, static_cast<WPARAM>(redraw), maximum);
+}
+
+void AfxInitCommonControls() {
+    const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&classes);
 }

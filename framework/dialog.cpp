@@ -2,6 +2,7 @@
 
 #include "framework/dialog.h"
 
+#include "framework/common_controls.h"
 #include "framework/dialog_template.h"
 #include "framework/exception.h"
 #include "framework/message_routing.h"
@@ -50,6 +51,7 @@ BOOL CDialog::CreateFromTemplate(const DLGTEMPLATE* dialogTemplate, HWND parent)
     if (dialogTemplate == nullptr) {
         return FALSE;
     }
+    AfxInitCommonControls();
     AfxHookWindowCreate(this);
     const HWND dialog = CreateDialogIndirectParamA(AfxGetInstanceHandle(), dialogTemplate, parent, AfxDlgProc, 0);
     AfxUnhookWindowCreate();
