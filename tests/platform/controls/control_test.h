@@ -33,7 +33,7 @@ protected:
     }
 
     HWND parent_ = nullptr;
-    std::vector<UINT> codes_;  // Of WM_COMMAND and WM_NOTIFY, in the order received.
+    std::vector<UINT> codes_;  // Of WM_COMMAND, WM_NOTIFY and WM_HSCROLL, in the order received.
     Hook hook_;                // Called for these, WM_DRAWITEM and WM_DELETEITEM (code 0); its result is the answer.
 
 private:
@@ -44,12 +44,14 @@ private:
         }
         auto* self = reinterpret_cast<ControlTest*>(GetWindowLongPtrA(window, GWLP_USERDATA));
         const bool isAboutItem = message == WM_DRAWITEM || message == WM_DELETEITEM;
-        if (message != WM_COMMAND && message != WM_NOTIFY && !isAboutItem) {
+        if (message != WM_COMMAND && message != WM_NOTIFY && message != WM_HSCROLL && !isAboutItem) {
             return DefWindowProcA(window, message, wParam, lParam);
         }
         UINT code = 0;
         if (!isAboutItem) {
-            code = message == WM_COMMAND ? HIWORD(wParam) : reinterpret_cast<const NMHDR*>(lParam)->code;
+            code = message == WM_COMMAND   ? HIWORD(wParam)
+                   : message == WM_HSCROLL ? LOWORD(wParam)
+                                           : reinterpret_cast<const NMHDR*>(lParam)->code;
             self->codes_.push_back(code);
         }
         return self->hook_ ? self->hook_(message, code) : 0;
