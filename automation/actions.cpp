@@ -18,23 +18,6 @@
 namespace automation {
 namespace {
 
-HWND VisibleControl(const Stage& stage, const Argument& id) {
-    HWND control = ControlOf(stage, id);
-    if (!IsWindowVisible(control)) {
-        FailExpectation("control " + id.text + " to be visible", "it hidden");
-    }
-    return control;
-}
-
-// A control that a user can move the focus to.
-HWND UsableControl(const Stage& stage, const Argument& id) {
-    HWND control = VisibleControl(stage, id);
-    if (!CanTakeInput(control)) {
-        FailExpectation("control " + id.text + " to be enabled", "it disabled");
-    }
-    return control;
-}
-
 // What a scenario in a file has in UTF-8 it gets there again.
 std::filesystem::path PathOf(const std::string& text1252) {
     const std::string utf8 = ConvertFrom1252(text1252);

@@ -17,6 +17,7 @@ void TypeInto(Stage& stage, const Command& command);
 void TypeKeys(Stage& stage, const Command& command);
 void PressKey(Stage& stage, const Command& command);
 void Select(Stage& stage, const Command& command);
+void Drag(Stage& stage, const Command& command);
 void PickFile(Stage& stage, const Command& command);
 void Answer(Stage& stage, const Command& command);
 void PressOk(Stage& stage, const Command& command);

@@ -155,6 +155,12 @@ void ExpectSelection(Stage& stage, const Command& command) {
                 SendMessageA(combo, CB_GETCURSEL, 0, 0));
 }
 
+void ExpectPosition(Stage& stage, const Command& command) {
+    const std::string& id = command.arguments[0].text;
+    ExpectEqual("position of " + id, command.arguments[1].Number(),
+                SendMessageA(TrackBarOf(stage, command.arguments[0]), TBM_GETPOS, 0, 0));
+}
+
 void ExpectTabs(Stage& stage, const Command& command) {
     ExpectEqualTexts(stage, "tabs", command, 0, TabCaptions(TabsOf(stage)));
 }

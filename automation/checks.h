@@ -16,6 +16,7 @@ void ExpectFocus(Stage& stage, const Command& command);
 void ExpectItems(Stage& stage, const Command& command);
 void ExpectCount(Stage& stage, const Command& command);
 void ExpectSelection(Stage& stage, const Command& command);
+void ExpectPosition(Stage& stage, const Command& command);
 void ExpectTabs(Stage& stage, const Command& command);
 void ExpectTab(Stage& stage, const Command& command);
 void ExpectCaption(Stage& stage, const Command& command);

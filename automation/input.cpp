@@ -26,7 +26,13 @@ void PostButton(HWND target, UINT message, HWND window, POINT point) {
         return;
     }
     MapWindowPoints(window, target, &point, 1);
-    PostMessageA(target, message, message == WM_LBUTTONDOWN ? MK_LBUTTON : 0, MAKELPARAM(point.x, point.y));
+    PostMessageA(target, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(point.x, point.y));
+}
+
+// What a held button does belongs to whoever captured the mouse; a box that came up meanwhile has taken it away.
+void PostHeld(UINT message, HWND window, POINT point) {
+    HWND capture = GetCapture();
+    PostButton(capture != nullptr ? capture : window, message, window, point);
 }
 
 // The child that covers the point, or the window itself: in most of a combo box the mouse meets its edit.
@@ -108,6 +114,11 @@ void InputQueue::DoNext() {
 }
 
 void InputQueue::Click(HWND window, POINT point) {
+    PressButton(window, point);
+    ReleaseButton(window, point);
+}
+
+void InputQueue::PressButton(HWND window, POINT point) {
     Add([this, window, point] {
         HWND list = ListWithMouse();
         if (list == nullptr || list == window) {
@@ -121,11 +132,16 @@ void InputQueue::Click(HWND window, POINT point) {
             m_pieces.push_front([window, point] { PostButton(window, WM_LBUTTONDOWN, window, point); });
         }
     });
-    // The release belongs to whoever captured the mouse; a box that came up meanwhile has taken it away.
-    Add([window, point] {
-        HWND capture = GetCapture();
-        PostButton(capture != nullptr ? capture : window, WM_LBUTTONUP, window, point);
-    });
+}
+
+void InputQueue::MoveHeld(HWND window, POINT point) {
+    Add([window, point] { PostHeld(WM_MOUSEMOVE, window, point); });
+    // The next piece does not wait for moves, which may be those of a real mouse; a piece between lets this one pass.
+    Add([] {});
+}
+
+void InputQueue::ReleaseButton(HWND window, POINT point) {
+    Add([window, point] { PostHeld(WM_LBUTTONUP, window, point); });
 }
 
 void InputQueue::ClickMiddle(HWND window) {

@@ -35,6 +35,11 @@ public:
     // that is open elsewhere is closed by a press of its own first.
     void Click(HWND window, POINT point);
 
+    // The two halves of a click, and what the mouse does between them: it moves there with the button held.
+    void PressButton(HWND window, POINT point);
+    void MoveHeld(HWND window, POINT point);
+    void ReleaseButton(HWND window, POINT point);
+
     // Clicks the control in its middle, or what it has there inside it.
     void ClickMiddle(HWND window);
 

@@ -2,6 +2,8 @@
 
 #include "automation/stage.h"
 
+#include <commctrl.h>
+
 #include <array>
 #include <cctype>
 
@@ -96,6 +98,30 @@ void ExpectReadableTexts(HWND control) {
     if (!HasReadableTexts(control)) {
         FailExpectation("texts in control " + std::to_string(GetDlgCtrlID(control)), "entries that its owner draws");
     }
+}
+
+HWND VisibleControl(const Stage& stage, const Argument& id) {
+    HWND control = ControlOf(stage, id);
+    if (!IsWindowVisible(control)) {
+        FailExpectation("control " + id.text + " to be visible", "it hidden");
+    }
+    return control;
+}
+
+HWND UsableControl(const Stage& stage, const Argument& id) {
+    HWND control = VisibleControl(stage, id);
+    if (!CanTakeInput(control)) {
+        FailExpectation("control " + id.text + " to be enabled", "it disabled");
+    }
+    return control;
+}
+
+HWND TrackBarOf(const Stage& stage, const Argument& id) {
+    HWND control = ControlOf(stage, id);
+    if (ClassOf(control) != TRACKBAR_CLASSA) {
+        FailExpectation("control " + id.text + " to be a track bar", "class " + ClassOf(control));
+    }
+    return control;
 }
 
 HWND TabsOf(const Stage& stage) {

@@ -33,6 +33,15 @@ std::string Quote(const std::string& text);
 // A control of the window in front; fails when there is none with the id.
 HWND ControlOf(const Stage& stage, const Argument& id);
 
+// The same; fails when it is hidden.
+HWND VisibleControl(const Stage& stage, const Argument& id);
+
+// The same; fails when a user cannot move the focus there.
+HWND UsableControl(const Stage& stage, const Argument& id);
+
+// The same as ControlOf; fails when it is no track bar.
+HWND TrackBarOf(const Stage& stage, const Argument& id);
+
 // Fails when the control has texts that cannot be read.
 void ExpectReadableTexts(HWND control);
 

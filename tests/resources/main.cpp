@@ -5,6 +5,8 @@
 #include "tests/resources/template_lint.h"
 #include "tests/support/template_builder.h"
 
+#include <commctrl.h>
+
 #ifndef _WIN32
 #include <tavrikdisplay.h>  // Windows has one display; natively the dialogs are made in memory.
 #endif
@@ -142,6 +144,8 @@ int main() {
 #ifndef _WIN32
     TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
 #endif
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
     const bool sound = Program().run();
     return sound ? 0 : 1;
 }
