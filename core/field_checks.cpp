@@ -55,16 +55,20 @@ int CSettingsSheet::CheckTextFieldNoSelect(CString& text, CWnd* control, LPCSTR 
 }
 
 int CSettingsSheet::CheckNumberField(LPCSTR text, CWnd* control) {
+    return CheckNumber(this, text, control);
+}
+
+int CheckNumber(CWnd* owner, LPCSTR text, CWnd* control) {
     if (*text == '\0') {
-        ReportFieldError(this, LoadText(IDS_TEXT_EMPTY), IDS_FAULTY_TEXT_FIELD, control);
+        ReportFieldError(owner, LoadText(IDS_TEXT_EMPTY), IDS_FAULTY_TEXT_FIELD, control);
         return 0;
     }
     if (const char invalid = text[std::strspn(text, "0123456789.")]; invalid != '\0') {
-        ReportFieldError(this, InvalidCharacterMessage(invalid), IDS_FAULTY_TEXT_FIELD, control);
+        ReportFieldError(owner, InvalidCharacterMessage(invalid), IDS_FAULTY_TEXT_FIELD, control);
         return 0;
     }
     if (LeadingNumber(text) < kMinimumNumber) {
-        ReportFieldError(this, MinimumMessage(), IDS_VALUE_ERROR, control);
+        ReportFieldError(owner, MinimumMessage(), IDS_VALUE_ERROR, control);
         return 0;
     }
     return 1;

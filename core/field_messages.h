@@ -15,3 +15,6 @@ void ReportFieldError(CWnd* owner, LPCSTR message, UINT captionId, CWnd* control
 
 // Selects all of an edit's text and scrolls the caret into view.
 void SelectWholeText(CWnd* control);
+
+// The check of a number in a field, with its boxes owned by a window: see CSettingsSheet::CheckNumberField.
+int CheckNumber(CWnd* owner, LPCSTR text, CWnd* control);

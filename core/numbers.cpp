@@ -1,14 +1,21 @@
 // Numbers in settings and fields.
 #include "core/numbers.h"
 
+#include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstring>
 
+static constexpr char kBlanks[] = " \t\n\v\f\r";
+
 double LeadingNumber(LPCSTR text) {
-    text += std::strspn(text, " \t\n\v\f\r");
+    text += std::strspn(text, kBlanks);
     if (*text == '+' && text[1] != '-') {
         ++text;  // The conversion below takes a minus but no plus.
+    }
+    if (std::strchr("0123456789.", text[*text == '-' ? 1 : 0]) == nullptr) {
+        return 0.0;  // The conversion below takes names of numbers too.
     }
     double number = 0;
     const auto [end, error] = std::from_chars(text, text + std::strlen(text), number);
@@ -24,8 +31,22 @@ double LeadingNumber(LPCSTR text) {
     return isSmall ? 0.0 : isNegative ? -HUGE_VAL : HUGE_VAL;
 }
 
-CString OneDecimal(double number) {
+int LeadingInteger(LPCSTR text) {
+    text += std::strspn(text, kBlanks);
+    const bool isNegative = *text == '-';
+    if (*text == '+' || *text == '-') {
+        ++text;
+    }
+    long long number = 0;
+    for (; *text >= '0' && *text <= '9' && number <= INT_MAX; ++text) {
+        number = number * 10 + (*text - '0');
+    }
+    const int magnitude = static_cast<int>(std::min<long long>(number, INT_MAX));
+    return isNegative ? -magnitude : magnitude;
+}
+
+CString FixedText(double number, int decimals) {
     char text[400] = {};  // The largest number has 309 digits before the point.
-    std::to_chars(text, text + sizeof text - 1, number, std::chars_format::fixed, 1);
+    std::to_chars(text, text + sizeof text - 1, number, std::chars_format::fixed, decimals);
     return text;
 }

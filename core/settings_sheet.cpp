@@ -1,10 +1,9 @@
 // The sheet's operations on settings.
 #include "core/settings_sheet.h"
 
-#include <algorithm>
-#include <climits>
 #include <cstring>
 
+#include "core/numbers.h"
 #include "core/setting_keys.h"
 #include "core/store/settings.h"
 
@@ -20,22 +19,6 @@ constexpr MirroredSetting kMirroredSettings[] = {
     {kKeyBetPrefix, &CSettingsSheet::m_nBetPrefix},
     {kKeyCoordBet, &CSettingsSheet::m_nCoordBet},
 };
-
-// The leading integer of a text, as atoi reads it; one that does not fit counts as the nearest that does, where atoi
-// differs from system to system.
-int LeadingInteger(LPCSTR text) {
-    text += std::strspn(text, " \t\n\v\f\r");
-    const bool negative = *text == '-';
-    if (*text == '+' || *text == '-') {
-        ++text;
-    }
-    long long number = 0;
-    for (; *text >= '0' && *text <= '9' && number <= INT_MAX; ++text) {
-        number = number * 10 + (*text - '0');
-    }
-    const int magnitude = static_cast<int>(std::min<long long>(number, INT_MAX));
-    return negative ? -magnitude : magnitude;
-}
 
 }  // namespace
 
