@@ -68,6 +68,8 @@ protected:
     BOOL ApplyPage() { return CPropertyPage::OnApply(); }
     // Records the change of a setting in the page's own list.
     void RecordChange(LPCSTR key, LPCSTR value) { GetSheet()->PutSetting(&m_changes, key, value); }
+    // Has a field checked and recorded whenever it is left from now on.
+    void MarkChanged(const TextRow& row) { StateOf(row).m_bChanged = 1; }
     void SetModifiedByUser() { SetModified(m_bModifyAllowed); }
 
     // Begins the handling of a click. FALSE when there is nothing to record: the control of a sheet that is not

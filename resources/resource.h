@@ -3,12 +3,31 @@
 #pragma once
 
 // Dialogs.
+#define IDD_AUTO_TEXT 103
 #define IDD_PROJECT 129
 #define IDD_EXTERNAL 134
 #define IDD_DATABASE_CHOICE 176
 #define IDD_GENERAL 2000
 #define IDD_REPORT_TEMPLATE_CHOICE 2001
+#define IDD_FORMS 2008
 #define IDD_TEXTS_AND_COLOURS 3016
+
+// Dialog 103, the placement of an automatic text.
+#define IDC_TEXT_X 1040
+#define IDC_TEXT_Y 1041
+#define IDC_TEXT_HEIGHT 1042
+#define IDC_TEXT_ANGLE 1012
+#define IDC_DATE_FORMAT 1013
+#define IDC_DATE_FORMAT_LABEL 1046
+#define IDC_SHEET_FRAME 1038
+#define IDC_EDITED_BOX 1116
+#define IDC_EDITED_BAR 2000
+#define IDC_FIRST_OTHER_BOX 1117
+#define IDC_FIRST_OTHER_BAR 2001
+#define IDC_SECOND_OTHER_BOX 1118
+#define IDC_SECOND_OTHER_BAR 2002
+#define IDC_SLIDER_X 1114
+#define IDC_SLIDER_Y 1115
 
 // Dialog 129, the Project description page.
 #define IDC_PROJECT_LABEL 2015
@@ -63,6 +82,44 @@
 #define IDC_CABLE_TEXT1 1056
 #define IDC_CABLE_TEXT2 1057
 #define IDC_CABLE_PREVIEW 1103
+
+// Dialog 2008, the Forms page. The grid's fields lie between the numbers 2017 and 2034.
+#define IDC_HEAD_A4 2018
+#define IDC_HEAD_A3 2020
+#define IDC_HEAD_A2 2022
+#define IDC_HEAD_A1 2024
+#define IDC_FORM_A4 2017
+#define IDC_FORM_A3 2023
+#define IDC_FORM_A2 2028
+#define IDC_FORM_A1 2032
+#define IDC_RULER_A4 2019
+#define IDC_RULER_A3 2025
+#define IDC_RULER_A2 2029
+#define IDC_RULER_A1 2033
+#define IDC_REVISION_A4 2021
+#define IDC_REVISION_A3 2027
+#define IDC_REVISION_A2 2030
+#define IDC_REVISION_A1 2034
+#define IDC_ROW_A1_LABEL 2052
+#define IDC_BROWSE_FORM 2031
+#define IDC_AUTO_GROUP 2053
+#define IDC_NAME_GROUP 2054
+#define IDC_NAME_ON 1076
+#define IDC_NAME_CHANGE 1079
+#define IDC_NAME_PREVIEW 1073
+#define IDC_NAME_FILE 1034
+#define IDC_NAME_FULL_PATH 1035
+#define IDC_DATE_GROUP 2056
+#define IDC_DATE_ON 1064
+#define IDC_DATE_CHANGE 1078
+#define IDC_DATE_TODAY 1065
+#define IDC_DATE_PREVIEW 1071
+#define IDC_TIME_GROUP 2057
+#define IDC_TIME_ON 1072
+#define IDC_TIME_CHANGE 1077
+#define IDC_TIME_PREVIEW 1074
+#define IDC_FORM_SIZE_LABEL 2055
+#define IDC_FORM_SIZE 1043
 
 // Dialog 3016, the Texts and colours page.
 #define IDC_ATTRIBUTE_COLOUR 1055

@@ -72,6 +72,7 @@ INT_PTR projdescr::DoModal() {
     AddLoadedPage(m_pageCircuit);
     AddLoadedPage(m_pageTextColor);
     AddLoadedPage(m_pageExternal);
+    AddLoadedPage(m_pageForm);
     if (m_bOptionalPages != 0) {
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
         m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);

@@ -5,6 +5,7 @@
 #include "pages/circuit/dlgcircuit.h"
 #include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
+#include "pages/project/form.h"
 #include "pages/textcolor/textcolor.h"
 
 class projdescr : public CSettingsSheet {
@@ -31,6 +32,7 @@ private:
     void AddLoadedPage(CSettingsPage& page);
 
     CTextColor m_pageTextColor;
+    CForm m_pageForm;
     dlgcircuit m_pageCircuit;
     dlgextern m_pageExternal;
     dlgprojdef m_pageProject;

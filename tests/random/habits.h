@@ -13,7 +13,9 @@ constexpr const char* kKeys[] = {
     "PROJ_NAME",      "TITLE_A1",        "TITLE_A5",        "TITLE_B2",         "COMMENT_TAG",      "ACLTSHF1",
     "ACLTSHF3",       "TDS_DEF",         "RDS_DEF",         "DATABASEPREFIX",   "ATTR_COLOUR",      "BET_COLOUR",
     "100_COLOUR",     "BET_HGT",         "TERM_BET1HGT",    "ASSEMBLY_TXTHGT",  "ASSMBLY_TXTHGT",   "COLOR_INTERACT",
-    "BROKEN_PART",    "CABLE_BALLOON_H", "TERMINAL_HEIGHT", "TERMINAL_WIDTH",   "TERM_X_HOR",       "ASSMBLY_SCALE"};
+    "BROKEN_PART",    "CABLE_BALLOON_H", "TERMINAL_HEIGHT", "TERMINAL_WIDTH",   "TERM_X_HOR",       "ASSMBLY_SCALE",
+    "NVST_HEAD4",     "NVST_FORM3",      "AUTO_DATE",       "AUTO_TIME",        "DWG_TEXT",         "FORM_SIZE",
+    "DWG_PATH"};
 // None begins with a letter outside ASCII: where those stand in a sorted list depends on the desktop's language.
 constexpr const char* kValues[] = {"",
                                    "0",
@@ -34,6 +36,7 @@ constexpr const char* kValues[] = {"",
                                    "\"",
                                    "0.05",
                                    "1.2.3",
+                                   "20,10;2.5;-90",
                                    "99999999999999999999",
                                    "x \xE5\xE4\xF6 \xC5\xC4\xD6 \xE9",
                                    "ett mycket l\xE5ngt v\xE4rde som inte f\xE5r plats"};

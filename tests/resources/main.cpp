@@ -22,7 +22,7 @@ constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
 constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
 
 // Their users know them by this order of the keyboard.
-constexpr WORD kGivenOrder[] = {IDD_TEXTS_AND_COLOURS};
+constexpr WORD kGivenOrder[] = {IDD_TEXTS_AND_COLOURS, IDD_AUTO_TEXT};
 
 // Of 120 by 90 units.
 constexpr TemplateItem kSound[] = {
@@ -50,7 +50,7 @@ constexpr Fault kFaults[] = {
     {7, {kComboBox, 5, "", CBS_DROPDOWN | WS_TABSTOP, 88, 49, 27, 80}, nullptr},
     {5, {kButton, 3, "Two", kRadio, 12, 71, 40, 10}, "3 \"Two\" has the number of another control"},
     {8, {kButton, 6, "Press", WS_GROUP | WS_TABSTOP, 60, 77, 50, 14}, "6 \"Press\" lies outside of the page"},
-    {7, {kEdit, 5, "", WS_TABSTOP, 84, 49, 27, 13}, "5 \"\" lies over unnumbered \"Text:\""},
+    {7, {kEdit, 5, "", WS_TABSTOP, 83, 49, 27, 13}, "5 \"\" lies over unnumbered \"Text:\""},
     {1,
      {kButton, 1, "First", kCheckBox | WS_GROUP | WS_TABSTOP, 12, 12, 45, 10},
      "1 \"First\" covers the caption of unnumbered \"Boxes\""},

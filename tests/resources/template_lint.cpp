@@ -122,7 +122,8 @@ private:
 
 class TemplateLint {
 public:
-    TemplateLint(const std::string& name, HWND dialog) : name_(name), dialog_(dialog), dc_(dialog) {
+    TemplateLint(const std::string& name, HWND dialog)
+        : name_(name), dialog_(dialog), dc_(dialog), baseWidth_(dc_.baseUnits().cx) {
         const SIZE base = dc_.baseUnits();
         const auto toUnits = [&](RECT pixels) {
             const auto scaled = [](LONG length, int units, LONG pixelsOfThem) {
@@ -160,6 +161,8 @@ public:
     }
 
 private:
+    LONG unitsOf(LONG pixels) const { return pixels * 4 / baseWidth_; }
+
     static std::string titleOf(const Control& control) {
         const WORD id = control.id;
         return (id == kNoNumber ? "unnumbered" : std::to_string(id)) + " \"" + control.caption + "\"";
@@ -190,8 +193,9 @@ private:
             }
             for (std::size_t j = 0; j < i; ++j) {
                 RECT common;
+                // A column in common is the frames' edges.
                 if (control.isVisible() && controls_[j].isVisible() &&
-                    IntersectRect(&common, &control.place, &controls_[j].place)) {
+                    IntersectRect(&common, &control.place, &controls_[j].place) && common.right - common.left > 1) {
                     checkCommonPlace(control, controls_[j]);
                 }
             }
@@ -206,7 +210,9 @@ private:
         }
         const Control& frame = inside ? b : a;
         const Control& content = inside ? a : b;
-        if (content.place.top < frame.place.top + kLineDlu && !frame.caption.empty()) {
+        const LONG captionEnd = frame.place.left + unitsOf(dc_.measure(frame.caption, 0, DT_SINGLELINE).cx) + kLineDlu;
+        if (content.place.top < frame.place.top + kLineDlu && content.place.left < captionEnd &&
+            !frame.caption.empty()) {
             complain(content, "covers the caption of " + titleOf(frame));
         }
     }
@@ -377,6 +383,7 @@ private:
     std::string name_;
     HWND dialog_;
     DialogDc dc_;
+    LONG baseWidth_;  // Pixels of four units.
     RECT page_{};
     std::vector<Control> controls_;  // In the order of the template.
     std::vector<std::string> complaints_;

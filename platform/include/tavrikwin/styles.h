@@ -191,6 +191,7 @@
 #define SWP_FRAMECHANGED 0x0020
 #define SWP_SHOWWINDOW 0x0040
 #define SWP_HIDEWINDOW 0x0080
+#define SWP_NOCOPYBITS 0x0100
 #define HWND_TOP (reinterpret_cast<HWND>(0))
 #define HWND_BOTTOM (reinterpret_cast<HWND>(1))
 #define HWND_TOPMOST (reinterpret_cast<HWND>(-1))
@@ -239,6 +240,11 @@
 #define MB_ICONMASK 0x000000F0L
 #define MB_DEFBUTTON2 0x00000100L
 #define MB_TASKMODAL 0x00002000L
+
+// Track bars.
+#define TBS_VERT 0x0002
+#define TBS_BOTH 0x0008
+#define TBS_NOTICKS 0x0010
 
 // Hooks.
 #define WH_GETMESSAGE 3
