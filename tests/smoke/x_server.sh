@@ -119,11 +119,9 @@ press_ok
 sheet_ends 0
 sed 's/^STR_INCR=.*/STR_INCR=1/; s/^A2-A1=.*/A2-A1=1/; s/^CCT_DIR=.*/CCT_DIR=iec617åäö ÅÄÖ/
     s/^X-COORD=.*/X-COORD=12.5/; s/^PHASE_DIST_VER=.*/PHASE_DIST_VER=270/' "$folder/before" >"$folder/after"
-# The first page was shown a second time and its first two fields were left.
-printf 'TITLE_A3=\nTITLE_A4=\n' >>"$folder/after"
 expect_file "$folder/after" "what OK has written"
 grep -qx 'changed X-COORD: "20" -> "12.5"' "$folder/said" || fail "the host does not name the change"
-[ "$(grep -c . "$folder/said")" -eq 7 ] || fail "the host names other changes"
+[ "$(grep -c . "$folder/said")" -eq 5 ] || fail "the host names other changes"
 
 # Changes that the person gives up with Esc, and with the close box.
 open_sheet
