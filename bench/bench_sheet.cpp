@@ -3,6 +3,7 @@
 #include <tavrikdisplay.h>
 #include <windows.h>
 
+#include <commctrl.h>
 #include <prsht.h>
 
 #include <chrono>
@@ -18,6 +19,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kSettings = 110;
 constexpr int kDescription = 1002;
 constexpr UINT kStep = WM_APP;
+constexpr UINT kDialogStep = WM_APP + 1;
 constexpr char kCaption[] = "Bench";
 
 // What a step does once the sheet's modal loop runs; it ends with closing the sheet.
@@ -26,13 +28,14 @@ Step g_step = nullptr;
 Clock::time_point g_painted;
 
 LRESULT CALLBACK StepProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != kStep) {
+    if (message != kStep && message != kDialogStep) {
         return DefWindowProcA(window, message, wParam, lParam);
     }
-    HWND sheet = FindWindowA("#32770", kCaption);
-    RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    HWND front = FindWindowA("#32770", message == kStep ? kCaption : "Automatiskt datum");
+    ShowWindow(front, SW_SHOW);  // A dialog is shown when the queue is empty; this is not to be waited for.
+    RedrawWindow(front, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     g_painted = Clock::now();
-    g_step(sheet);
+    g_step(front);
     return 0;
 }
 
@@ -65,10 +68,13 @@ void Fill(CMdb& store) {
     SetSetting(&store, "CCT_DIR", "iec617");
 }
 
+// The host mode in which the forms page has automatic texts.
+constexpr int kHostMode = 1;
+
 int Open(CMdb& store, Step step) {
     g_step = step;
     PostMessageA(StepWindow(), kStep, 0, 0);
-    return Tavrikconfig(nullptr, kCaption, &store, 1, 1, 0);
+    return Tavrikconfig(nullptr, kCaption, &store, 1, 1, kHostMode);
 }
 
 void Press(HWND sheet, int button) {
@@ -147,11 +153,10 @@ void TabSwitch(benchmark::State& state) {
 }
 BENCHMARK(TabSwitch)->Unit(benchmark::kMicrosecond);
 
-constexpr WPARAM kTextsPage = 2;
-constexpr int kColourList = 1057;
-
-// From another page to the one with three lists of colours, which are filled anew each time, and painted.
-void ActivateTexts(benchmark::State& state) {
+// From another page to one, painted.
+void Activate(benchmark::State& state, WPARAM page) {
+    static WPARAM activated;
+    activated = page;
     CMdb store;
     Fill(store);
     g_keyState = &state;
@@ -161,13 +166,27 @@ void ActivateTexts(benchmark::State& state) {
             SendMessageA(sheet, PSM_SETCURSEL, 0, 0);
             RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
             g_keyState->ResumeTiming();
-            SendMessageA(sheet, PSM_SETCURSEL, kTextsPage, 0);
+            SendMessageA(sheet, PSM_SETCURSEL, activated, 0);
             RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         }
         Press(sheet, IDCANCEL);
     });
 }
+
+constexpr WPARAM kTextsPage = 2;
+constexpr WPARAM kFormsPage = 4;
+constexpr int kColourList = 1057;
+
+// With three lists of colours, which are filled anew each time.
+void ActivateTexts(benchmark::State& state) {
+    Activate(state, kTextsPage);
+}
 BENCHMARK(ActivateTexts)->Unit(benchmark::kMicrosecond);
+
+void ActivateForms(benchmark::State& state) {
+    Activate(state, kFormsPage);
+}
+BENCHMARK(ActivateForms)->Unit(benchmark::kMicrosecond);
 
 // Opens the list of colours to its painted first rows.
 void OpenColourList(benchmark::State& state) {
@@ -192,6 +211,69 @@ void OpenColourList(benchmark::State& state) {
     });
 }
 BENCHMARK(OpenColourList)->Unit(benchmark::kMicrosecond);
+
+constexpr int kDateChange = 1078;
+constexpr int kSliderX = 1114;
+
+// Runs a step in the dialog that places the automatic date, as soon as it is there.
+void InPlacementDialog(HWND sheet, Step step) {
+    g_step = step;
+    PostMessageA(StepWindow(), kDialogStep, 0, 0);
+    SendMessageA(FindControl(sheet, kDateChange), BM_CLICK, 0, 0);
+}
+
+void OpenPlacementDialog(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    SetSetting(&store, "AUTO_DATE", "20,30;2.5;90");
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        SendMessageA(sheet, PSM_SETCURSEL, kFormsPage, 0);
+        while (g_keyState->KeepRunning()) {
+            const Clock::time_point start = Clock::now();
+            InPlacementDialog(sheet, [](HWND dialog) { Press(dialog, IDCANCEL); });
+            g_keyState->SetIterationTime(std::chrono::duration<double>(g_painted - start).count());
+        }
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(OpenPlacementDialog)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+// A step of a dragged slider, to the moved and painted marker.
+void DragPlacement(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    SetSetting(&store, "AUTO_DATE", "20,30;2.5;90");
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        SendMessageA(sheet, PSM_SETCURSEL, kFormsPage, 0);
+        InPlacementDialog(sheet, [](HWND dialog) {
+            HWND slider = GetDlgItem(dialog, kSliderX);
+            RECT thumb{};
+            SetFocus(slider);  // Leaving the field sets the slider.
+            SendMessageA(slider, TBM_SETPOS, TRUE, 25);
+            SendMessageA(slider, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+            const LPARAM left = MAKELPARAM((thumb.left + thumb.right) / 2, (thumb.top + thumb.bottom) / 2);
+            const LPARAM right = left + 20;
+            SendMessageA(slider, WM_LBUTTONDOWN, MK_LBUTTON, left);
+            SendMessageA(slider, WM_MOUSEMOVE, MK_LBUTTON, right);
+            if (SendMessageA(slider, TBM_GETPOS, 0, 0) == 25) {
+                g_keyState->SkipWithError("The thumb does not move");
+            }
+            for (auto _ : *g_keyState) {
+                SendMessageA(slider, WM_MOUSEMOVE, MK_LBUTTON, right);
+                RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                SendMessageA(slider, WM_MOUSEMOVE, MK_LBUTTON, left);
+                RedrawWindow(dialog, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            }
+            g_keyState->SetItemsProcessed(2 * g_keyState->iterations());
+            SendMessageA(slider, WM_LBUTTONUP, 0, left);
+            Press(dialog, IDCANCEL);
+        });
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(DragPlacement)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
