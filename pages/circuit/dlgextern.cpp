@@ -161,7 +161,11 @@ void dlgextern::DoDataExchange(CDataExchange* exchange) {
     DDX_Text(exchange, IDC_ASSEMBLY_TEXT_HEIGHT, m_strAssemblyTextHeight);
 }
 
+// Hidden, it is not read: nobody could mend a wrong one, and the page could not be left.
 void dlgextern::ExchangeScale(CDataExchange* exchange, int id, CString& recorded) {
+    if (exchange->m_bSaveAndValidate && (exchange->m_pDlgWnd->GetDlgItem(id)->GetStyle() & WS_VISIBLE) == 0) {
+        return;
+    }
     double& scale = static_cast<dlgextern*>(exchange->m_pDlgWnd)->m_dAssemblyScale;
     DDX_Text(exchange, id, scale);
     DDV_MinMaxDouble(exchange, scale, kMinimumScale, kMaximumScale);
