@@ -258,14 +258,23 @@ void CSettingsPage::PickShownText(const TextRow& row) {
 }
 
 void CSettingsPage::PickEntry(const TextRow& row) {
+    RecordEntry(row);
+}
+
+BOOL CSettingsPage::RecordEntry(const TextRow& row) {
     if (!ReadMembers()) {
-        return;
+        return FALSE;
     }
     const auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(row.control)));
+    const int entry = combo->GetCurSel();
+    if (entry < 0) {
+        return FALSE;
+    }
     CString text;
-    combo->GetLBText(combo->GetCurSel(), text);
+    combo->GetLBText(entry, text);
     RecordChange(row.key, text);
     SetModifiedByUser();
+    return TRUE;
 }
 
 void CSettingsPage::OnListOpened(UINT control) {

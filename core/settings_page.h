@@ -72,6 +72,10 @@ protected:
     void MarkChanged(const TextRow& row) { StateOf(row).m_bChanged = 1; }
     void SetModifiedByUser() { SetModified(m_bModifyAllowed); }
 
+    // Records the entry picked from a row's list. FALSE when the list was confirmed without one and the field keeps its
+    // text, or the window is gone.
+    BOOL RecordEntry(const TextRow& row);
+
     // Begins the handling of a click. FALSE when there is nothing to record: the control of a sheet that is not
     // editable shows the member's value again, or the window is gone.
     BOOL BeginClick(ReadOnlyClick readOnlyClick);

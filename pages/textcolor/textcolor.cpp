@@ -145,8 +145,7 @@ void CTextColor::OnAssemblyHeightKillFocus() {
 }
 
 void CTextColor::PickAssemblyHeight(const TextRow& row) {
-    PickEntry(row);
-    if (m_hWnd == nullptr) {
+    if (!RecordEntry(row)) {
         return;
     }
     const CString height = CSettingsSheet::GetSettingText(&m_changes, row.key);
