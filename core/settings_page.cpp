@@ -113,7 +113,18 @@ BOOL CSettingsPage::OnSetActive() {
 BOOL CSettingsPage::OnKillActive() {
     const BOOL mayLeave = !IsRefused() && m_leaveCheck.MayLeave() && !IsRefused() && CheckUncheckedFields();
     m_nRefusedInput = 0;
+    EndForcedCheck();
     return mayLeave && CPropertyPage::OnKillActive();
+}
+
+// Where the focus was on no field, nothing has noted one. The next field to be refused would be taken for one that a
+// forced check refuses: it would not get the focus back, and what is left after it would go unchecked.
+void CSettingsPage::EndForcedCheck() {
+    const bool notesFields = std::any_of(m_rows.texts.begin(), m_rows.texts.end(),
+                                         [](const TextRow& row) { return row.lastEdit == LastEdit::Noted; });
+    if (notesFields && m_leaveCheck.m_pLastEditControl == nullptr) {
+        m_leaveCheck.m_pLastEditControl = this;
+    }
 }
 
 // A user who goes to the button that cancels, and then presses OK after all, means what the field shows.

@@ -124,6 +124,7 @@ private:
     TextState& StateOf(const TextRow& row) { return m_textStates[static_cast<size_t>(&row - m_rows.texts.data())]; }
     void CheckAndRecord(const TextRow& row, CWnd& field);
     BOOL CheckUncheckedFields();
+    void EndForcedCheck();
 
     const PageRows& m_rows;
     std::vector<TextState> m_textStates;
