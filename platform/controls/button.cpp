@@ -197,9 +197,15 @@ void Button::onWmLButtonDown() {
     const HWND window = window_;
     SetCapture(window);
     SetFocus(window);
-    if (IsWindow(window)) {
-        press();
+    if (!IsWindow(window)) {
+        return;
     }
+    if (GetFocus() != window) {
+        // The field that was to lose the focus took it back, with a message box that got the release.
+        ReleaseCapture();
+        return;
+    }
+    press();
 }
 
 // The second press of a double-click is told as such only to parents that want it; for the others it is one more press.

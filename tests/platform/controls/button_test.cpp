@@ -20,6 +20,22 @@ TEST_F(ButtonTest, ComesUpWhenTheReleaseWentElsewhere) {
     EXPECT_EQ(codes_, (std::vector<UINT>{BN_SETFOCUS}));
 }
 
+TEST_F(ButtonTest, IsNotPressedWhenTheFocusIsTakenBack) {
+    HWND field = add("Edit", "Text", 0, 90, 24);
+    HWND button = add("Button", "Text", BS_AUTOCHECKBOX, 90, 24);
+    SetFocus(field);
+    hook_ = [&](UINT, UINT code) -> LRESULT {
+        if (code == EN_KILLFOCUS) {
+            SendMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));  // The release comes while a message box is up.
+            SetFocus(field);
+        }
+        return 0;
+    };
+    SendMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    EXPECT_FALSE(SendMessageA(button, BM_GETSTATE, 0, 0) & BST_PUSHED);
+    EXPECT_EQ(GetCapture(), nullptr) << "the next press would be lost";
+}
+
 TEST_F(ButtonTest, ShowsItsStateInTheMarkAndTheCaption) {
     const COLORREF black = GetSysColor(COLOR_WINDOWTEXT);
     const COLORREF shadow = GetSysColor(COLOR_3DSHADOW);
