@@ -225,8 +225,12 @@ void CAutoText::OnHeightKillFocus() {
 void CAutoText::OnHeightPicked() {
     CComboBox& heights = Combo(IDC_TEXT_HEIGHT);
     m_openedList.OnConfirmed(heights.m_hWnd);
+    const int entry = heights.GetCurSel();
+    if (entry < 0) {
+        return;  // The list was confirmed without one, and the field keeps its text.
+    }
     CString text;
-    heights.GetLBText(heights.GetCurSel(), text);
+    heights.GetLBText(entry, text);
     m_placement.height = LeadingNumber(text);
     MoveEditedMarker();
 }
