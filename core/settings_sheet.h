@@ -32,6 +32,9 @@ public:
 
     BOOL PreTranslateMessage(MSG* message) override;
 
+    // Adds the connection page to the running sheet or removes it. A sheet that has none does nothing.
+    virtual void ShowConnectionPage(bool /*isShown*/) {}
+
     // Receives the value of the first record with the key; returns the record's 1-based index. 0 when there is none:
     // the value is then untouched.
     static int GetSetting(const CMdb* store, LPCSTR key, CString& value);

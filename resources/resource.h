@@ -6,6 +6,7 @@
 #define IDD_AUTO_TEXT 103
 #define IDD_PROJECT 129
 #define IDD_EXTERNAL 134
+#define IDD_CROSS_REFERENCE 135
 #define IDD_DATABASE_CHOICE 176
 #define IDD_GENERAL 2000
 #define IDD_REPORT_TEMPLATE_CHOICE 2001
@@ -55,6 +56,33 @@
 #define IDC_DATABASE_FILE 1110
 #define IDC_PREFIX_LABEL 2011
 #define IDC_DATABASE_PREFIX 1109
+
+// Dialog 135, the Cross-reference page. The format boxes have the numbers from 1036 to 1042, but for one.
+#define IDC_CONTINUED_TAG 1037
+#define IDC_SIGNAL_ONLY 1020
+#define IDC_SHEET_SIGNAL 1028
+#define IDC_SIGNAL_TYPE 1027
+#define IDC_XREF_EXAMPLE 1124
+#define IDC_SIGNAL_EXAMPLE 1125
+#define IDC_MIRROR_PREVIEW 1104
+#define IDC_MIRROR_PICTURE 2005
+#define IDC_MIRROR_TABLE 2006
+#define IDC_MIRROR_CROSS 2007
+#define IDC_BET_PREFIX 1044
+#define IDC_COORD_BET 1045
+#define IDC_CONNECT_ACTIVE 2038
+#define IDC_INTER_ACTIVE 2047
+#define IDC_FORMAT_GROUP 2058
+#define IDC_FORMAT_1 1042
+#define IDC_FORMAT_2 1041
+#define IDC_FORMAT_3 1040
+#define IDC_FORMAT_4 1039
+#define IDC_FORMAT_5 1038
+#define IDC_FORMAT_6 1036
+#define IDC_FORMAT_LABEL 2059
+#define IDC_CROSS_PREFIX 1063
+#define IDC_PREFIX_CAPTION 2060
+#define IDC_AUTO_BET_FORMAT 2062
 
 // Dialog 176, inside the file dialog that chooses a database.
 #define IDC_ALL_FILES 1113
@@ -197,6 +225,14 @@
 #define IDB_BALLOON_HORIZONTAL_WIRE_VER 169
 #define IDB_PART_BREAKING_WIRE_VER 170
 #define IDB_PART_ABOVE_WIRE_VER 171
+
+// Previews of contact mirrors, beside horizontal and vertical lines.
+#define IDB_MIRROR_PICTURE_VER 153
+#define IDB_MIRROR_TABLE_VER 154
+#define IDB_MIRROR_PICTURE_HOR 167
+#define IDB_MIRROR_TABLE_HOR 168
+#define IDB_MIRROR_CROSS_VER 2005
+#define IDB_MIRROR_CROSS_HOR 2006
 
 // Strings. The colour names 1 to 7 are addressed by the colour's number.
 #define IDS_COLOUR_RED 1

@@ -74,6 +74,7 @@ INT_PTR projdescr::DoModal() {
     AddLoadedPage(m_pageExternal);
     AddLoadedPage(m_pageForm);
     if (m_bOptionalPages != 0) {
+        AddLoadedPage(m_pageCrossRef);
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
         m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);
     }

@@ -3,6 +3,7 @@
 
 #include "core/settings_sheet.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/circuit/dlgcrossref.h"
 #include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
 #include "pages/project/form.h"
@@ -34,6 +35,7 @@ private:
     CTextColor m_pageTextColor;
     CForm m_pageForm;
     dlgcircuit m_pageCircuit;
+    dlgcrossref m_pageCrossRef;
     dlgextern m_pageExternal;
     dlgprojdef m_pageProject;
     // The application's name as it was before the sheet replaced it.

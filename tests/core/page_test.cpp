@@ -7,6 +7,7 @@
 #include "core/assembly_height.h"
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/circuit/dlgcrossref.h"
 #include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
 #include "pages/project/form.h"
@@ -160,6 +161,11 @@ protected:
 
 TEST_F(RowWalk, General) {
     dlgcircuit page;
+    Walk(page);
+}
+
+TEST_F(RowWalk, CrossReference) {
+    dlgcrossref page;
     Walk(page);
 }
 

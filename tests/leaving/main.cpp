@@ -157,7 +157,7 @@ private:
         m_sheet = nullptr;
         m_next = &Leaver::Enter;
         int result = -1;
-        m_driver.RunDuring([&] { result = m_exported(m_host.Handle(), "Inst\xE4llningar", &store, 0, 0, 0); });
+        m_driver.RunDuring([&] { result = m_exported(m_host.Handle(), "Inst\xE4llningar", &store, 0, 1, 0); });
         m_input.Clear();
         if (m_next == &Leaver::Rest) {
             return;

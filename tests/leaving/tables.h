@@ -20,6 +20,7 @@ inline constexpr Page kGeneral{"Allmänt", IDC_START_Y, IDC_CAPITAL_DESIGNATIONS
                                IDC_SYMBOL_STANDARD};
 // Its check box records a height that the Texts page shows.
 inline constexpr Page kExternal{"Yttre / Montage", IDC_TERMINAL_BOX_WIDTH, 0, IDC_PART_BREAKING, 0};
+inline constexpr Page kPro{"Pro", IDC_CONTINUED_TAG, IDC_SIGNAL_TYPE, IDC_MIRROR_CROSS, IDC_FORMAT_1};
 inline constexpr Page kForms{"Blanketter", IDC_RULER_A3, 0, 0, 0};
 inline constexpr Page kProject{"Projektbeskrivning", IDC_DESCRIPTION_2, 0, 0, IDC_SHEET_ATTRIBUTE};
 inline constexpr Page kTextsAndColours{"Texter/Färger", 0, IDC_AUTOMATIC_TEXTS, 0, IDC_DESIGNATION_HEIGHT};
@@ -53,6 +54,7 @@ inline const std::vector<Field> kFields = {
     {kGeneral, IDC_CROSS_DISTANCE, "CROSS_DIST", "1;2", "3", {{"", kEmpty}, {"25"}}},
     {kExternal, IDC_TERMINAL_X_HOR, "TERM_X_HOR", "1", "3", {{"", kEmpty}, {"25"}}},
     {kExternal, IDC_ASSEMBLY_SCALE, "ASSMBLY_SCALE", "1.5", "3.5", {{"0", kRange, kWrongValue}, {"2.5"}}},
+    {kPro, IDC_CROSS_PREFIX, "CROSS_PREFIX", "b", "a", {{"a\"b", kQuote}, {""}}},
     {kForms, IDC_HEAD_A4, "NVST_HEAD4", "a4", nullptr, {{""}, {"a \"b"}}},
     {kGeneral, IDC_SYMBOL_STANDARD, "CCT_DIR", "iec1082", nullptr, {{""}, {"DIN \"40"}}},
     {kTextsAndColours, IDC_DESIGNATION_HEIGHT, "BET_HGT", "1;2", "3", {{"2,5", ",är ogiltigt!"}, {"12.5"}}},

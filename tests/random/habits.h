@@ -15,7 +15,7 @@ constexpr const char* kKeys[] = {
     "100_COLOUR",     "BET_HGT",         "TERM_BET1HGT",    "ASSEMBLY_TXTHGT",  "ASSMBLY_TXTHGT",   "COLOR_INTERACT",
     "BROKEN_PART",    "CABLE_BALLOON_H", "TERMINAL_HEIGHT", "TERMINAL_WIDTH",   "TERM_X_HOR",       "ASSMBLY_SCALE",
     "NVST_HEAD4",     "NVST_FORM3",      "AUTO_DATE",       "AUTO_TIME",        "DWG_TEXT",         "FORM_SIZE",
-    "DWG_PATH"};
+    "DWG_PATH",       "XREF_FORMAT",     "CROSS_PREFIX",    "TBL_TYPE",         "SIGNAL_ONLY"};
 // None begins with a letter outside ASCII: where those stand in a sorted list depends on the desktop's language.
 constexpr const char* kValues[] = {"",
                                    "0",
@@ -37,6 +37,7 @@ constexpr const char* kValues[] = {"",
                                    "0.05",
                                    "1.2.3",
                                    "20,10;2.5;-90",
+                                   "$P.$C",
                                    "99999999999999999999",
                                    "x \xE5\xE4\xF6 \xC5\xC4\xD6 \xE9",
                                    "ett mycket l\xE5ngt v\xE4rde som inte f\xE5r plats"};
