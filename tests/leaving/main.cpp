@@ -74,8 +74,12 @@ bool IsWay(const Way& way, const Field& field) {
 // Every second way, from the first or the second on, where two desktops share the work.
 enum class Ways { All, Even, Odd };
 
+// Every third field of a way, from another one on for each, where all would take too long: each way is gone from
+// several fields, and each field left in many ways.
+enum class Fields { All, Third };
+
 // The cells of some ways whose names contain the text, those of a way one after the other.
-std::vector<Cell> CellsNamed(const std::string& part, Ways ways) {
+std::vector<Cell> CellsNamed(const std::string& part, Ways ways, Fields fields) {
     static const Text unchanged{nullptr};
     std::vector<Cell> cells;
     const auto add = [&](const Cell& cell) {
@@ -88,7 +92,11 @@ std::vector<Cell> CellsNamed(const std::string& part, Ways ways) {
             continue;
         }
         const Way& way = kWays[i];
-        for (const Field& field : kFields) {
+        for (size_t j = 0; j < kFields.size(); ++j) {
+            if (fields == Fields::Third && (i / 2 + j) % 3 != 0) {
+                continue;
+            }
+            const Field& field = kFields[j];
             if (way.goes != Goes::Cancels) {
                 add({field, unchanged, way});
             }
@@ -452,7 +460,8 @@ int main(int argc, char** argv) {
         }
         const std::string argument = arguments.empty() ? "" : arguments.front();
         const Ways ways = argument == "--even" ? Ways::Even : argument == "--odd" ? Ways::Odd : Ways::All;
-        const std::vector<Cell> cells = CellsNamed(ways == Ways::All ? argument : "", ways);
+        const Fields fields = arguments.size() > 1 && arguments[1] == "--third" ? Fields::Third : Fields::All;
+        const std::vector<Cell> cells = CellsNamed(ways == Ways::All ? argument : "", ways, fields);
         return Leaver(exported, cells).Play() ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const std::exception& error) {
         std::cerr << "tavrikleaving: " << error.what() << "\n";
