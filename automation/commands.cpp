@@ -7,6 +7,7 @@
 
 #include "automation/actions.h"
 #include "automation/checks.h"
+#include "automation/list_views.h"
 
 namespace automation {
 namespace {
@@ -25,6 +26,11 @@ constexpr CommandRow kCommands[] = {
     {"press", "p", When::DuringRun, Kind::Action, PressKey},
     {"select", "ne", When::DuringRun, Kind::Action, Select},
     {"drag", "nn", When::DuringRun, Kind::Action, Drag},
+    {"click-row", "nnr", When::DuringRun, Kind::Action, ClickRow},
+    {"double-click-row", "nnr", When::DuringRun, Kind::Action, DoubleClickRow},
+    {"rename-row", "nnt", When::DuringRun, Kind::Action, RenameRow},
+    {"click-header", "nn", When::DuringRun, Kind::Action, ClickHeader},
+    {"drag-header", "nnn", When::DuringRun, Kind::Action, DragHeader},
     {"pick", "t", When::DuringRun, Kind::Action, PickFile},
     {"answer", "tt", When::DuringRunOrBox, Kind::Check, Answer},
     {"ok", "", When::DuringRun, Kind::Action, PressOk},
@@ -44,6 +50,11 @@ constexpr CommandRow kCommands[] = {
     {"expect count", "nn", When::DuringRun, Kind::Check, ExpectCount},
     {"expect selection", "nn", When::DuringRun, Kind::Check, ExpectSelection},
     {"expect position", "nn", When::DuringRun, Kind::Check, ExpectPosition},
+    {"expect rows", "nn", When::DuringRun, Kind::Check, ExpectRows},
+    {"expect cell", "nnnt", When::DuringRun, Kind::Check, ExpectCell},
+    {"expect row-checked", "nn", When::DuringRun, Kind::Check, ExpectRowChecked},
+    {"expect row-unchecked", "nn", When::DuringRun, Kind::Check, ExpectRowUnchecked},
+    {"expect columns", "nn*", When::DuringRun, Kind::Check, ExpectColumns},
     {"expect tabs", "t*", When::DuringRun, Kind::Check, ExpectTabs},
     {"expect tab", "t", When::DuringRun, Kind::Check, ExpectTab},
     {"expect caption", "t", When::DuringRunOrBox, Kind::Check, ExpectCaption},

@@ -144,6 +144,23 @@ void InputQueue::ReleaseButton(HWND window, POINT point) {
     Add([window, point] { PostHeld(WM_LBUTTONUP, window, point); });
 }
 
+void InputQueue::DoubleClick(HWND window, POINT point) {
+    Click(window, point);
+    Add([window, point] { PostButton(window, WM_LBUTTONDBLCLK, window, point); });
+    Add([window, point] { PostHeld(WM_LBUTTONUP, window, point); });
+}
+
+// A move by little more than what a hand trembles makes it a drag.
+void InputQueue::Drag(HWND window, POINT from, POINT to) {
+    const int tremble = GetSystemMetrics(SM_CXDRAG) + 1;
+    const POINT begun = {from.x + (to.x < from.x ? -tremble : tremble), from.y};
+    Add([window, from] { PostButton(window, WM_LBUTTONDOWN, window, from); });
+    for (const POINT point : {begun, to}) {
+        Add([window, point] { PostHeld(WM_MOUSEMOVE, window, point); });
+    }
+    Add([window, to] { PostHeld(WM_LBUTTONUP, window, to); });
+}
+
 void InputQueue::ClickMiddle(HWND window) {
     POINT point = MiddleOf(window);
     HWND target = ChildAt(window, point);

@@ -39,6 +39,11 @@ public:
     void PressButton(HWND window, POINT point);
     void MoveHeld(HWND window, POINT point);
     void ReleaseButton(HWND window, POINT point);
+    // The same twice in quick succession.
+    void DoubleClick(HWND window, POINT point);
+
+    // Presses the left button there, moves it and releases it.
+    void Drag(HWND window, POINT from, POINT to);
 
     // Clicks the control in its middle, or what it has there inside it.
     void ClickMiddle(HWND window);

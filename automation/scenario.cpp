@@ -114,6 +114,9 @@ const char* Mismatch(char shape, const Argument& argument) {
             return text || (word && IsEntryNumber(value)) ? nullptr : "an entry's text or @N";
         case 'v':
             return text || (word && value == "missing") ? nullptr : "a text in double quotes or the word missing";
+        case 'r':
+            return word && (argument.IsNumber() || value == "check" || value == "label") ? nullptr
+                                                                                         : "check, label or a number";
         case 'p':
             return word && ParseKey(value) ? nullptr : "a key to press";
         default:

@@ -40,7 +40,7 @@ struct Scenario {
 
 // What arguments a command takes: one letter an argument.
 //   n number   t text   k key (word or text)   e list entry (text or @N)  v value (text or the word `missing`)
-//   p key to press   o option or flag word
+//   p key to press   o option or flag word   r part of a row (the word `check` or `label`, or a column's number)
 // A `*` behind the last letter means any number of those, also none.
 // Null for a command that does not exist.
 using ShapeOf = std::function<const char*(std::string_view name)>;

@@ -11,8 +11,6 @@ IMPLEMENT_DYNAMIC(CEdit, CWnd)
 IMPLEMENT_DYNAMIC(CListBox, CWnd)
 IMPLEMENT_DYNAMIC(CComboBox, CWnd)
 IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
-IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
-IMPLEMENT_DYNAMIC(CSliderCtrl, CWnd)
 
 namespace {
 
@@ -49,6 +47,7 @@ constexpr ControlClass kControlClasses[] = {
     {"Edit", &Make<CEdit>},           {"Button", &Make<CButton>},        {"ComboBox", &Make<CComboBox>},
     {"Static", &Make<CStatic>},       {"ListBox", &Make<CListBox>},      {"ComboLBox", &Make<CListBox>},
     {"ScrollBar", &Make<CScrollBar>}, {WC_TABCONTROLA, &Make<CTabCtrl>}, {TRACKBAR_CLASSA, &Make<CSliderCtrl>},
+    {WC_LISTVIEWA, &Make<CListCtrl>},
 };
 
 }  // namespace
@@ -211,33 +210,4 @@ void CComboBox::ShowDropDown(BOOL show) {
 }
 BOOL CComboBox::GetDroppedState() const {
     return SendMessage(CB_GETDROPPEDSTATE) != 0;
-}
-
-int CTabCtrl::GetItemCount() const {
-    return static_cast<int>(SendMessage(TCM_GETITEMCOUNT));
-}
-int CTabCtrl::GetCurSel() const {
-    return static_cast<int>(SendMessage(TCM_GETCURSEL));
-}
-int CTabCtrl::SetCurSel(int index) {
-    return static_cast<int>(SendMessage(TCM_SETCURSEL, IndexParameter(index)));
-}
-BOOL CTabCtrl::GetItem(int index, TCITEMA* item) const {
-    return SendMessage(TCM_GETITEMA, IndexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
-}
-
-int CSliderCtrl::GetPos() const {
-    return static_cast<int>(SendMessage(TBM_GETPOS));
-}
-void CSliderCtrl::SetPos(int position) {
-    SendMessage(TBM_SETPOS, TRUE, position);
-}
-void CSliderCtrl::SetRange(int minimum, int maximum, BOOL redraw) {
-    SendMessage(TBM_SETRANGEMIN, FALSE, minimum);
-    SendMessage(TBM_SETRANGEMAX, static_cast<WPARAM>(redraw), maximum);
-}
-
-void AfxInitCommonControls() {
-    const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
 }

@@ -59,8 +59,8 @@ void ListBox::onWmLButtonDown(POINT at) {
         moveTo(row);
         return;
     }
-    bar_.press(part, at.y);
-    setTop(bar_.topFor(part, at.y));
+    bar_.press(part, at);
+    setTop(bar_.topFor(part, at));
     SetTimer(window_, kRepeatTimer, kRepeatMs, nullptr);
     InvalidateRect(window_, &bar_.rect(), FALSE);
 }
@@ -77,7 +77,7 @@ void ListBox::onWmLButtonDblClk(POINT at) {
 void ListBox::onWmMouseMove(POINT at) {
     if (bar_.pressed() != ListScrollBar::Part::None) {
         if (bar_.pressed() == ListScrollBar::Part::Thumb) {
-            setTop(bar_.topFor(ListScrollBar::Part::Thumb, at.y));
+            setTop(bar_.topFor(ListScrollBar::Part::Thumb, at));
         }
         return;
     }
@@ -146,7 +146,7 @@ void ListBox::onWmTimer() {
     const ListScrollBar::Part part = bar_.pressed();
     if (part != ListScrollBar::Part::None) {
         if (part != ListScrollBar::Part::Thumb && bar_.partAt(at) == part) {
-            setTop(bar_.topFor(part, at.y));
+            setTop(bar_.topFor(part, at));
         }
     } else if (autoScroll_ && items_.count() > 0) {
         moveTo(std::clamp(caret_ + autoScroll_, 0, items_.count() - 1));

@@ -1,63 +1,75 @@
-// The scroll bar of a list box.
+// The scroll bar of a list.
 #include "platform/controls/list_scroll_bar.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace platform {
 namespace {
 
 constexpr int kLeastThumb = 8;
 
+// Rounded down; of more rows than the product of two ints can hold as well.
+int scaled(int value, int factor, int divisor) {
+    return static_cast<int>(static_cast<std::int64_t>(value) * factor / divisor);
+}
+
 }  // namespace
 
-void ListScrollBar::layout(const RECT& client, int count, int page, int top, bool always) {
+void ListScrollBar::layout(const RECT& client, int count, int page, int top, bool always, int line) {
     count_ = count;
     page_ = std::max(page, 1);
     top_ = top;
+    line_ = line;
     bar_ = client;
     const bool needed = always || hidden() > 0;
-    bar_.left = needed ? std::max(client.left, client.right - GetSystemMetrics(SM_CXVSCROLL)) : client.right;
+    if (isVertical()) {
+        bar_.left = needed ? std::max(client.left, client.right - GetSystemMetrics(SM_CXVSCROLL)) : client.right;
+    } else {
+        bar_.top = needed ? std::max(client.top, client.bottom - GetSystemMetrics(SM_CYHSCROLL)) : client.bottom;
+    }
 }
 
-// Arrows share a bar that is too short for both.
-int ListScrollBar::arrowHeight() const {
-    return std::min(GetSystemMetrics(SM_CYVSCROLL), static_cast<int>(bar_.bottom - bar_.top) / 2);
+// Arrows share a bar that is too short for both; they are as long one way as the other.
+int ListScrollBar::arrowLength() const {
+    return std::min(GetSystemMetrics(SM_CYVSCROLL), (end() - start()) / 2);
 }
 
 RECT ListScrollBar::partRect(Part part) const {
-    RECT rect = bar_;
-    const int trackTop = bar_.top + arrowHeight();
-    const int trackBottom = bar_.bottom - arrowHeight();
-    const int track = trackBottom - trackTop;
-    int thumb = hidden() > 0 ? std::max(track * page_ / count_, kLeastThumb) : 0;
+    const int trackStart = start() + arrowLength();
+    const int trackEnd = end() - arrowLength();
+    const int track = trackEnd - trackStart;
+    int thumb = hidden() > 0 ? std::max(scaled(track, page_, count_), kLeastThumb) : 0;
     if (thumb > track) {
         thumb = 0;
     }
-    const int thumbTop = hidden() > 0 ? trackTop + (track - thumb) * std::min(top_, hidden()) / hidden() : trackTop;
+    const int thumbStart =
+        hidden() > 0 ? trackStart + scaled(track - thumb, std::min(top_, hidden()), hidden()) : trackStart;
+    int from = start();
+    int to = end();
     switch (part) {
         case Part::LineUp:
-            rect.bottom = trackTop;
+            to = trackStart;
             break;
         case Part::PageUp:
-            rect.top = trackTop;
-            rect.bottom = thumbTop;
+            from = trackStart;
+            to = thumbStart;
             break;
         case Part::Thumb:
-            rect.top = thumbTop;
-            rect.bottom = thumbTop + thumb;
+            from = thumbStart;
+            to = thumbStart + thumb;
             break;
         case Part::PageDown:
-            rect.top = thumbTop + thumb;
-            rect.bottom = trackBottom;
+            from = thumbStart + thumb;
+            to = trackEnd;
             break;
         case Part::LineDown:
-            rect.top = trackBottom;
+            from = trackEnd;
             break;
         case Part::None:
-            SetRectEmpty(&rect);
-            break;
+            return {};
     }
-    return rect;
+    return isVertical() ? RECT{bar_.left, from, bar_.right, to} : RECT{from, bar_.top, to, bar_.bottom};
 }
 
 ListScrollBar::Part ListScrollBar::partAt(POINT point) const {
@@ -70,20 +82,20 @@ ListScrollBar::Part ListScrollBar::partAt(POINT point) const {
     return Part::None;
 }
 
-void ListScrollBar::press(Part part, int y) {
+void ListScrollBar::press(Part part, POINT point) {
     pressed_ = part;
-    pressedY_ = y;
+    pressedAt_ = isVertical() ? point.y : point.x;
     pressedTop_ = top_;
 }
 
-int ListScrollBar::topFor(Part part, int y) const {
+int ListScrollBar::topFor(Part part, POINT point) const {
     int top = top_;
     switch (part) {
         case Part::LineUp:
-            top -= 1;
+            top -= line_;
             break;
         case Part::LineDown:
-            top += 1;
+            top += line_;
             break;
         case Part::PageUp:
             top -= page_;
@@ -93,9 +105,13 @@ int ListScrollBar::topFor(Part part, int y) const {
             break;
         case Part::Thumb: {
             const RECT thumb = partRect(Part::Thumb);
-            const int way = bar_.bottom - bar_.top - 2 * arrowHeight() - (thumb.bottom - thumb.top);
+            const int length = isVertical() ? thumb.bottom - thumb.top : thumb.right - thumb.left;
+            const int way = end() - start() - 2 * arrowLength() - length;
+            const int moved = (isVertical() ? point.y : point.x) - pressedAt_;
             // Rounded to the nearest row.
-            top = way > 0 ? pressedTop_ + ((y - pressedY_) * hidden() * 2 + (y < pressedY_ ? -way : way)) / (2 * way)
+            const std::int64_t twice = std::int64_t{moved} * hidden() * 2 + (moved < 0 ? -way : way);
+            top = way > 0 ? pressedTop_ + static_cast<int>(std::clamp<std::int64_t>(twice / (2 * way), -pressedTop_,
+                                                                                    hidden() - pressedTop_))
                           : top_;
             break;
         }
@@ -114,8 +130,8 @@ void ListScrollBar::paint(HDC dc) const {
         RECT rect = partRect(part);
         DrawFrameControl(dc, &rect, DFC_SCROLL, state | inactive | (pressed_ == part ? DFCS_PUSHED : 0U));
     };
-    arrow(Part::LineUp, DFCS_SCROLLUP);
-    arrow(Part::LineDown, DFCS_SCROLLDOWN);
+    arrow(Part::LineUp, isVertical() ? DFCS_SCROLLUP : DFCS_SCROLLLEFT);
+    arrow(Part::LineDown, isVertical() ? DFCS_SCROLLDOWN : DFCS_SCROLLRIGHT);
     for (const Part part : {Part::PageUp, Part::PageDown}) {
         const RECT track = partRect(part);
         FillRect(dc, &track, GetSysColorBrush(COLOR_SCROLLBAR));

@@ -83,8 +83,8 @@ void FileList::onWmLButtonDown(POINT at) {
         headIsDown_ = true;
         InvalidateRect(window_, nullptr, FALSE);
     } else if (part != ListScrollBar::Part::None) {
-        bar_.press(part, at.y);
-        setTop(bar_.topFor(part, at.y));
+        bar_.press(part, at);
+        setTop(bar_.topFor(part, at));
         SetTimer(window_, kRepeatTimer, kRepeatMs, nullptr);
         InvalidateRect(window_, &bar_.rect(), FALSE);
     } else {
@@ -107,7 +107,7 @@ void FileList::onWmMouseMove(POINT at) {
     const ListScrollBar::Part part = bar_.pressed();
     if (part != ListScrollBar::Part::None) {
         if (part == ListScrollBar::Part::Thumb || bar_.partAt(at) == part) {
-            setTop(bar_.topFor(part, at.y));
+            setTop(bar_.topFor(part, at));
         }
     } else if (pressedHead_) {
         const bool down = headAt(at) == pressedHead_;

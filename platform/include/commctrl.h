@@ -1,4 +1,4 @@
-// Common controls: the tab control and the track bar, under their documented names.
+// Common controls: tab control, track bar, list view and header, under their documented names.
 #pragma once
 
 #include <windows.h>
@@ -7,6 +7,9 @@
 
 #define WC_TABCONTROLA "SysTabControl32"
 #define TRACKBAR_CLASSA "msctls_trackbar32"
+#define WC_LISTVIEWA "SysListView32"
+#define WC_HEADERA "SysHeader32"
+#define ICC_LISTVIEW_CLASSES 0x00000001
 #define ICC_BAR_CLASSES 0x00000004
 #define ICC_TAB_CLASSES 0x00000008
 
@@ -18,7 +21,11 @@ using INITCOMMONCONTROLSEX = tagINITCOMMONCONTROLSEX;
 
 #define NM_FIRST (0U - 0U)
 #define NM_CLICK (NM_FIRST - 2)
+#define NM_DBLCLK (NM_FIRST - 3)
+#define NM_RETURN (NM_FIRST - 4)
 #define NM_RCLICK (NM_FIRST - 5)
+#define NM_SETFOCUS (NM_FIRST - 7)
+#define NM_KILLFOCUS (NM_FIRST - 8)
 #define NM_CUSTOMDRAW (NM_FIRST - 12)
 #define NM_RELEASEDCAPTURE (NM_FIRST - 16)
 
@@ -74,18 +81,22 @@ struct tagTCKEYDOWN {
 #pragma pack(pop)
 using NMTCKEYDOWN = tagTCKEYDOWN;
 
-// Custom drawing.
+// Custom drawing: what is answered, the stages, and the states of an item.
 #define CDRF_DODEFAULT 0x00000000
 #define CDRF_SKIPDEFAULT 0x00000004
 #define CDRF_NOTIFYPOSTPAINT 0x00000010
 #define CDRF_NOTIFYITEMDRAW 0x00000020
+#define CDRF_NOTIFYSUBITEMDRAW 0x00000020
 #define CDDS_PREPAINT 0x00000001
 #define CDDS_POSTPAINT 0x00000002
 #define CDDS_PREERASE 0x00000003
 #define CDDS_POSTERASE 0x00000004
 #define CDDS_ITEM 0x00010000
+#define CDDS_SUBITEM 0x00020000
 #define CDDS_ITEMPREPAINT (CDDS_ITEM | CDDS_PREPAINT)
 #define CDDS_ITEMPOSTPAINT (CDDS_ITEM | CDDS_POSTPAINT)
+#define CDIS_SELECTED 0x0001
+#define CDIS_FOCUS 0x0010
 #define CDIS_DEFAULT 0x0020
 #define CDIS_HOT 0x0040
 
@@ -125,6 +136,224 @@ using NMCUSTOMDRAW = tagNMCUSTOMDRAWINFO;
 #define TB_ENDTRACK 8
 #define TBCD_THUMB 0x0002
 #define TBCD_CHANNEL 0x0003
+
+#define LVS_REPORT 0x0001
+#define LVS_SINGLESEL 0x0004
+#define LVS_SHOWSELALWAYS 0x0008
+#define LVS_EDITLABELS 0x0200
+#define LVS_EX_CHECKBOXES 0x00000004
+#define LVS_EX_HEADERDRAGDROP 0x00000010
+#define LVIF_TEXT 0x0001
+#define LVIF_PARAM 0x0004
+#define LVIF_STATE 0x0008
+#define LVIS_FOCUSED 0x0001
+#define LVIS_SELECTED 0x0002
+#define LVIS_STATEIMAGEMASK 0xF000
+#define INDEXTOSTATEIMAGEMASK(i) ((i) << 12)
+#define LVCF_FMT 0x0001
+#define LVCF_WIDTH 0x0002
+#define LVCF_TEXT 0x0004
+#define LVCF_SUBITEM 0x0008
+#define LVCFMT_LEFT 0x0000
+#define LVNI_ALL 0x0000
+#define LVNI_FOCUSED 0x0001
+#define LVNI_SELECTED 0x0002
+#define LVIR_BOUNDS 0
+#define LVIR_LABEL 2
+#define LVIR_SELECTBOUNDS 3
+#define LVHT_NOWHERE 0x0001
+#define LVHT_ONITEMLABEL 0x0004
+#define LVHT_ONITEMSTATEICON 0x0008
+#define LVHT_ABOVE 0x0008
+#define LVHT_BELOW 0x0010
+#define LVHT_TORIGHT 0x0020
+#define LVHT_TOLEFT 0x0040
+
+#define LVM_FIRST 0x1000
+#define LVM_GETITEMCOUNT (LVM_FIRST + 4)
+#define LVM_GETITEMA (LVM_FIRST + 5)
+#define LVM_SETITEMA (LVM_FIRST + 6)
+#define LVM_INSERTITEMA (LVM_FIRST + 7)
+#define LVM_DELETEITEM (LVM_FIRST + 8)
+#define LVM_DELETEALLITEMS (LVM_FIRST + 9)
+#define LVM_GETNEXTITEM (LVM_FIRST + 12)
+#define LVM_GETITEMRECT (LVM_FIRST + 14)
+#define LVM_HITTEST (LVM_FIRST + 18)
+#define LVM_ENSUREVISIBLE (LVM_FIRST + 19)
+#define LVM_EDITLABELA (LVM_FIRST + 23)
+#define LVM_GETEDITCONTROL (LVM_FIRST + 24)
+#define LVM_INSERTCOLUMNA (LVM_FIRST + 27)
+#define LVM_DELETECOLUMN (LVM_FIRST + 28)
+#define LVM_GETCOLUMNWIDTH (LVM_FIRST + 29)
+#define LVM_GETHEADER (LVM_FIRST + 31)
+#define LVM_GETTOPINDEX (LVM_FIRST + 39)
+#define LVM_GETCOUNTPERPAGE (LVM_FIRST + 40)
+#define LVM_SETITEMSTATE (LVM_FIRST + 43)
+#define LVM_GETITEMSTATE (LVM_FIRST + 44)
+#define LVM_GETITEMTEXTA (LVM_FIRST + 45)
+#define LVM_SETITEMTEXTA (LVM_FIRST + 46)
+#define LVM_SORTITEMS (LVM_FIRST + 48)
+#define LVM_SETEXTENDEDLISTVIEWSTYLE (LVM_FIRST + 54)
+#define LVM_GETSUBITEMRECT (LVM_FIRST + 56)
+#define LVM_SUBITEMHITTEST (LVM_FIRST + 57)
+#define LVM_SETCOLUMNORDERARRAY (LVM_FIRST + 58)
+#define LVM_GETCOLUMNORDERARRAY (LVM_FIRST + 59)
+
+#define LVN_FIRST (0U - 100U)
+#define LVN_ITEMCHANGING (LVN_FIRST - 0)
+#define LVN_ITEMCHANGED (LVN_FIRST - 1)
+#define LVN_INSERTITEM (LVN_FIRST - 2)
+#define LVN_DELETEITEM (LVN_FIRST - 3)
+#define LVN_DELETEALLITEMS (LVN_FIRST - 4)
+#define LVN_BEGINLABELEDITA (LVN_FIRST - 5)
+#define LVN_ENDLABELEDITA (LVN_FIRST - 6)
+#define LVN_COLUMNCLICK (LVN_FIRST - 8)
+#define LVN_ITEMACTIVATE (LVN_FIRST - 14)
+#define LVN_KEYDOWN (LVN_FIRST - 55)
+
+using PFNLVCOMPARE = int(CALLBACK*)(LPARAM, LPARAM, LPARAM);
+
+struct tagLVITEMA {
+    UINT mask;
+    int iItem;
+    int iSubItem;
+    UINT state;
+    UINT stateMask;
+    LPSTR pszText;
+    int cchTextMax;
+    int iImage;
+    LPARAM lParam;
+};
+using LVITEMA = tagLVITEMA;
+
+struct tagLVCOLUMNA {
+    UINT mask;
+    int fmt;
+    int cx;
+    LPSTR pszText;
+    int cchTextMax;
+    int iSubItem;
+};
+using LVCOLUMNA = tagLVCOLUMNA;
+
+struct tagLVHITTESTINFO {
+    POINT pt;
+    UINT flags;
+    int iItem;
+    int iSubItem;
+};
+using LVHITTESTINFO = tagLVHITTESTINFO;
+
+struct tagNMLISTVIEW {
+    NMHDR hdr;
+    int iItem;
+    int iSubItem;
+    UINT uNewState;
+    UINT uOldState;
+    UINT uChanged;
+    POINT ptAction;
+    LPARAM lParam;
+};
+using NMLISTVIEW = tagNMLISTVIEW;
+
+struct tagNMITEMACTIVATE {
+    NMHDR hdr;
+    int iItem;
+    int iSubItem;
+    UINT uNewState;
+    UINT uOldState;
+    UINT uChanged;
+    POINT ptAction;
+    LPARAM lParam;
+    UINT uKeyFlags;
+};
+using NMITEMACTIVATE = tagNMITEMACTIVATE;
+
+struct tagLVDISPINFO {
+    NMHDR hdr;
+    LVITEMA item;
+};
+using NMLVDISPINFOA = tagLVDISPINFO;
+
+struct tagNMLVCUSTOMDRAW {
+    NMCUSTOMDRAW nmcd;
+    COLORREF clrText;
+    COLORREF clrTextBk;
+    int iSubItem;
+};
+using NMLVCUSTOMDRAW = tagNMLVCUSTOMDRAW;
+
+#pragma pack(push, 1)
+struct tagLVKEYDOWN {
+    NMHDR hdr;
+    WORD wVKey;
+    UINT flags;
+};
+#pragma pack(pop)
+using NMLVKEYDOWN = tagLVKEYDOWN;
+
+#define HDS_BUTTONS 0x0002
+#define HDS_DRAGDROP 0x0040
+#define HDS_FULLDRAG 0x0080
+#define HDI_WIDTH 0x0001
+#define HDI_TEXT 0x0002
+#define HDI_ORDER 0x0080
+#define HHT_NOWHERE 0x0001
+#define HHT_ONHEADER 0x0002
+#define HHT_ONDIVIDER 0x0004
+#define HHT_ONDIVOPEN 0x0008
+#define HHT_TORIGHT 0x0400
+#define HHT_TOLEFT 0x0800
+
+#define HDM_FIRST 0x1200
+#define HDM_GETITEMCOUNT (HDM_FIRST + 0)
+#define HDM_INSERTITEMA (HDM_FIRST + 1)
+#define HDM_DELETEITEM (HDM_FIRST + 2)
+#define HDM_SETITEMA (HDM_FIRST + 4)
+#define HDM_LAYOUT (HDM_FIRST + 5)
+#define HDM_HITTEST (HDM_FIRST + 6)
+#define HDM_GETITEMRECT (HDM_FIRST + 7)
+#define HDM_GETORDERARRAY (HDM_FIRST + 17)
+#define HDM_SETORDERARRAY (HDM_FIRST + 18)
+
+#define HDN_FIRST (0U - 300U)
+#define HDN_ITEMCHANGEDA (HDN_FIRST - 1)
+#define HDN_ITEMCLICKA (HDN_FIRST - 2)
+#define HDN_DIVIDERDBLCLICKA (HDN_FIRST - 5)
+#define HDN_ENDTRACKA (HDN_FIRST - 7)
+#define HDN_BEGINDRAG (HDN_FIRST - 10)
+#define HDN_ENDDRAG (HDN_FIRST - 11)
+
+struct HDITEMA {
+    UINT mask;
+    int cxy;
+    LPSTR pszText;
+    HBITMAP hbm;
+    int cchTextMax;
+    int fmt;
+    LPARAM lParam;
+    int iImage;
+    int iOrder;
+};
+
+struct tagNMHEADERA {
+    NMHDR hdr;
+    int iItem;
+    int iButton;
+    HDITEMA* pitem;
+};
+using NMHEADERA = tagNMHEADERA;
+
+struct HDLAYOUT {
+    RECT* prc;
+    WINDOWPOS* pwpos;
+};
+
+struct HDHITTESTINFO {
+    POINT pt;
+    UINT flags;
+    int iItem;
+};
 
 #pragma GCC visibility push(default)
 extern "C" {

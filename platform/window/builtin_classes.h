@@ -14,6 +14,8 @@ void registerListBoxClasses();  // "ListBox" and the drop-down list "ComboLBox"
 void registerComboBoxClass();   // "ComboBox"
 void registerTabClass();        // "SysTabControl32"
 void registerTrackBarClass();   // "msctls_trackbar32"
+void registerHeaderClass();     // "SysHeader32"
+void registerListViewClass();   // "SysListView32"
 
 // Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
 void setStyleQuietly(HWND window, DWORD style);

@@ -38,6 +38,8 @@ void ensureSystemClasses() {
     registerComboBoxClass();
     registerTabClass();
     registerTrackBarClass();
+    registerHeaderClass();
+    registerListViewClass();
 }
 
 bool isNamed(const WindowClass& windowClass, LPCSTR name) {

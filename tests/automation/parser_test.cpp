@@ -32,6 +32,7 @@ TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
         {"press CTRL+CTRL+A", "'press': argument 1 must be a key to press"},
         {"select 1 @", "'select': argument 2 must be an entry's text or @N"},
         {"select 1 @-1", "'select': argument 2 must be an entry's text or @N"},
+        {"click-row 1 2 box", "'click-row': argument 3 must be check, label or a number"},
         {"store A nothing", "'store': argument 2 must be a text in double quotes or the word missing"},
     };
     for (const auto& row : rows) {

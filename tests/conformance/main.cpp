@@ -29,7 +29,7 @@ constexpr Group kGroups[] = {
     {"windows", traceWindows},  {"painting", tracePainting}, {"drawing", traceDrawing}, {"system", traceSystem},
     {"buttons", traceButtons},  {"tabs", traceTabs},         {"tracks", traceTracks},   {"edits", traceEdits},
     {"combos", traceCombos},    {"dialogs", traceDialogs},   {"sheets", traceSheets},   {"texts", traceTexts},
-    {"files", traceFileDialog},
+    {"files", traceFileDialog}, {"lists", traceListViews},   {"labels", traceLabels},   {"headers", traceHeaders},
 };
 
 // Takes the trace line by line. Without expected sums it prints each section and its sum, else what is not as expected.
@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
 #ifndef _WIN32
     TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
 #endif
-    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES};
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
 
     const std::vector<std::string_view> wanted(argv + (expects ? 3 : 1), argv + argc);

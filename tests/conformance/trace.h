@@ -125,3 +125,6 @@ void traceDialogs(Trace& trace);
 void traceSheets(Trace& trace);
 void traceTexts(Trace& trace);
 void traceFileDialog(Trace& trace);
+void traceListViews(Trace& trace);
+void traceLabels(Trace& trace);
+void traceHeaders(Trace& trace);

@@ -5,6 +5,8 @@
 #include "tests/resources/template_lint.h"
 #include "tests/support/template_builder.h"
 
+#include <windows.h>
+
 #include <commctrl.h>
 
 #ifndef _WIN32
@@ -144,7 +146,7 @@ int main() {
 #ifndef _WIN32
     TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
 #endif
-    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES};
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
     const bool sound = Program().run();
     return sound ? 0 : 1;

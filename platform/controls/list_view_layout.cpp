@@ -1,0 +1,264 @@
+// Where the parts of a list view are, and what of its rows is in view.
+#include "platform/controls/control_base.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/list_view_parts.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace platform {
+namespace {
+
+constexpr int kWideLine = 6;  // Pixels by which an arrow scrolls sideways.
+
+}  // namespace
+
+void ListView::measure() {
+    const HDC dc = GetDC(window_);
+    TEXTMETRICA metrics;
+    {
+        const SelectedFont selected(dc, font_);
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(window_, dc);
+    textHeight_ = metrics.tmHeight;
+    rowHeight_ = std::max(textHeight_, hasCheckBoxes() ? kBoxSize + 1 : 1);
+    RECT around = {0, 0, 0, std::numeric_limits<LONG>::max()};
+    WINDOWPOS head{};
+    HDLAYOUT layoutOfHead = {&around, &head};
+    SendMessageA(header_, HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layoutOfHead));
+    headHeight_ = head.cy;
+    layout();
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+// Each bar leaves less room for what the other one scrolls.
+void ListView::layout() {
+    RECT client;
+    GetClientRect(window_, &client);
+    const int width = contentWidth_;
+    const RECT nothing = {client.right, client.bottom, client.right, client.bottom};
+    bool isWide = width > client.right;
+    const auto layOutBar = [&] {
+        RECT room = client;
+        room.bottom -= isWide ? GetSystemMetrics(SM_CYHSCROLL) : 0;
+        const int shown = std::max(static_cast<int>(room.bottom - headHeight_) / rowHeight_, 1);
+        top_ = std::clamp(top_, 0, std::max(items_.count() - shown, 0));
+        bar_.layout(room, items_.count(), shown, top_, false);
+    };
+    layOutBar();
+    if (!isWide && width > bar_.rect().left) {
+        isWide = true;
+        layOutBar();
+    }
+    const RECT room = {0, 0, bar_.rect().left, client.bottom};
+    left_ = std::clamp(left_, 0, std::max(width - static_cast<int>(room.right), 0));
+    wideBar_.layout(isWide ? room : nothing, isWide ? width : 0, room.right, left_, false, kWideLine);
+    SetWindowPos(header_, nullptr, -left_, 0, room.right + left_, headHeight_, SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(window_, &bar_.rect(), FALSE);
+    InvalidateRect(window_, &wideBar_.rect(), FALSE);
+}
+
+RECT ListView::rowsRect() const {
+    RECT rect;
+    GetClientRect(window_, &rect);
+    rect.top = std::min(static_cast<LONG>(headHeight_), rect.bottom);
+    if (bar_.isShown()) {
+        rect.right = bar_.rect().left;
+    }
+    if (wideBar_.isShown()) {
+        rect.bottom = std::max(rect.top, wideBar_.rect().top);
+    }
+    return rect;
+}
+
+int ListView::page() const {
+    const RECT rows = rowsRect();
+    return std::max(static_cast<int>(rows.bottom - rows.top) / rowHeight_, 1);
+}
+
+// Over all columns.
+RECT ListView::rowRect(int row) const {
+    const int top = headHeight_ + (row - top_) * rowHeight_;
+    return {-left_, top, contentWidth_ - left_, top + rowHeight_};
+}
+
+RECT ListView::cellRect(int row, int column) const {
+    RECT rect = rowRect(row);
+    const Across across = hasColumn(column) ? columns_[static_cast<std::size_t>(column)] : Across{};
+    rect.left = across.left - left_;
+    rect.right = across.right - left_;
+    return rect;
+}
+
+RECT ListView::labelRect(int row) const {
+    RECT rect = cellRect(row, 0);
+    rect.left = std::min(rect.right, rect.left + kRowMargin + (hasCheckBoxes() ? kBoxSize : 0));
+    return rect;
+}
+
+// The label as far as its text goes.
+RECT ListView::selectRect(HDC dc, int row) const {
+    const std::string& text = items_.at(row).text;
+    SIZE size{};
+    GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    RECT rect = labelRect(row);
+    rect.right = std::min(rect.right, rect.left + size.cx + 2 * kCellPadding);
+    return rect;
+}
+
+// The part that is wanted stands in rect.left.
+bool ListView::onLvmGetItemRect(int row, RECT& rect) const {
+    if (!items_.has(row)) {
+        return false;
+    }
+    switch (rect.left) {
+        case LVIR_BOUNDS:
+            rect = rowRect(row);
+            return true;
+        case LVIR_LABEL:
+            rect = labelRect(row);
+            return true;
+        case LVIR_SELECTBOUNDS: {
+            const HDC dc = GetDC(window_);
+            {
+                const SelectedFont selected(dc, font_);
+                rect = selectRect(dc, row);
+            }
+            ReleaseDC(window_, dc);
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+// The column stands in rect.top. The bounds of the first one are those of the whole row.
+bool ListView::onLvmGetSubItemRect(int row, RECT& rect) const {
+    const int column = rect.top;
+    if (column == 0) {
+        return onLvmGetItemRect(row, rect);
+    }
+    if (!items_.has(row) || !hasColumn(column)) {
+        return false;
+    }
+    rect = cellRect(row, column);
+    return true;
+}
+
+ListView::Cell ListView::rowAt(POINT at) const {
+    const RECT rows = rowsRect();
+    Cell hit;
+    hit.column = 0;
+    const UINT beside = (at.x < rows.left     ? LVHT_TOLEFT
+                         : at.x >= rows.right ? LVHT_TORIGHT
+                                              : 0U) |
+                        (at.y < rows.top       ? LVHT_ABOVE
+                         : at.y >= rows.bottom ? LVHT_BELOW
+                                               : 0U);
+    const int row = top_ + static_cast<int>(at.y - rows.top) / rowHeight_;
+    if (beside != 0 || !items_.has(row)) {
+        hit.flags = beside != 0 ? beside : LVHT_NOWHERE;
+        return hit;
+    }
+    const RECT label = labelRect(row);
+    if (PtInRect(&label, at)) {
+        hit.row = row;
+        hit.flags = LVHT_ONITEMLABEL;
+    } else if (hasCheckBoxes() && at.x < label.left && at.x >= label.left - kBoxSize) {
+        hit.row = row;
+        hit.flags = LVHT_ONITEMSTATEICON;
+    }
+    return hit;
+}
+
+ListView::Cell ListView::cellAt(POINT at) const {
+    const RECT rows = rowsRect();
+    Cell hit;
+    const auto isMet = [&](const Across& across) { return at.x + left_ >= across.left && at.x + left_ < across.right; };
+    if (const auto met = std::find_if(columns_.begin(), columns_.end(), isMet); met != columns_.end()) {
+        hit.column = static_cast<int>(met - columns_.begin());
+    }
+    const int row = top_ + static_cast<int>(at.y - rows.top) / rowHeight_;
+    if (hit.column != kNone && PtInRect(&rows, at) && items_.has(row)) {
+        hit.row = row;
+        hit.flags = hit.column == 0 ? rowAt(at).flags : LVHT_ONITEMLABEL;
+    }
+    return hit;
+}
+
+int ListView::onLvmHitTest(LVHITTESTINFO& hit) const {
+    const Cell found = rowAt(hit.pt);
+    hit.flags = found.flags;
+    return hit.iItem = found.row;
+}
+
+int ListView::onLvmSubItemHitTest(LVHITTESTINFO& hit) const {
+    const Cell found = cellAt(hit.pt);
+    hit.flags = found.flags;
+    hit.iSubItem = found.column;
+    return hit.iItem = found.row;
+}
+
+bool ListView::onLvmEnsureVisible(int row, bool partly) {
+    if (!items_.has(row)) {
+        return false;
+    }
+    const RECT rows = rowsRect();
+    const int wholeRows = page();
+    const bool peeps = partly && row == top_ + wholeRows && (rows.bottom - rows.top) % rowHeight_ != 0;
+    if (row < top_) {
+        scrollTo(row, left_);
+    } else if (row >= top_ + wholeRows && !peeps) {
+        scrollTo(row - wholeRows + 1, left_);
+    }
+    return true;
+}
+
+// A label edit would stay where its row no longer is, so it ends first.
+void ListView::scrollTo(int top, int left) {
+    const RECT rows = rowsRect();
+    const int oldTop = top_;
+    const int oldLeft = left_;
+    const auto limited = [&] {
+        top = std::clamp(top, 0, std::max(items_.count() - page(), 0));
+        left = std::clamp(left, 0, std::max(contentWidth_ - static_cast<int>(rows.right), 0));
+    };
+    limited();
+    if ((top == oldTop && left == oldLeft) || !endEdit(true)) {
+        return;
+    }
+    limited();
+    top_ = top;
+    left_ = left;
+    if (redraw_) {
+        layout();
+        invalidateRows();
+    }
+}
+
+void ListView::invalidateRow(int row) const {
+    if (redraw_ && row >= top_ && items_.has(row)) {
+        RECT rect = rowsRect();
+        rect.top = headHeight_ + (row - top_) * rowHeight_;
+        rect.bottom = std::min(rect.bottom, rect.top + rowHeight_);
+        if (rect.top < rect.bottom) {
+            InvalidateRect(window_, &rect, FALSE);
+        }
+    }
+}
+
+// From that row to the end of the view.
+void ListView::invalidateRows(int from) const {
+    if (!redraw_) {
+        return;
+    }
+    RECT rect = rowsRect();
+    const int rowsAbove = std::clamp(from - top_, 0, page() + 1);
+    rect.top = std::min(rect.bottom, rect.top + rowsAbove * rowHeight_);
+    if (rect.top < rect.bottom) {
+        InvalidateRect(window_, &rect, FALSE);
+    }
+}
+
+}  // namespace platform
