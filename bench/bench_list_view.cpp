@@ -6,7 +6,6 @@
 #include <commctrl.h>
 
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -22,8 +21,7 @@ HWND Header(HWND list) {
 }
 
 int CALLBACK CompareTexts(LPARAM a, LPARAM b, LPARAM direction) {
-    return static_cast<int>(direction) *
-           std::strcmp(reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b));
+    return static_cast<int>(direction) * lstrcmpiA(reinterpret_cast<LPCSTR>(a), reinterpret_cast<LPCSTR>(b));
 }
 
 // Sorts by the other direction at each click on a column's head.

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "framework/controls.h"
+
 IMPLEMENT_DYNAMIC(CTabCtrl, CWnd)
 IMPLEMENT_DYNAMIC(CSliderCtrl, CWnd)
 IMPLEMENT_DYNAMIC(CListCtrl, CWnd)

@@ -2,8 +2,9 @@
 // Deliberately missing: messages that nobody above the framework sends.
 #pragma once
 
-#include "framework/controls.h"
 #include "framework/window.h"
+
+class CEdit;
 
 class CTabCtrl : public CWnd {
     DECLARE_DYNAMIC(CTabCtrl)
