@@ -8,16 +8,17 @@ here=tests/conformance
 native=build/trace-native.txt wine=build/trace-wine.txt listed=build/trace-listed.txt
 found=build/trace-found.txt unlisted=build/trace-unlisted.txt sums=build/trace-sums.txt
 
-# differences NATIVE WINE: the lines of one system alone, below the headings of their sections.
+# differences NATIVE WINE: the lines of one system alone, below the headings of their sections. Each section is compared
+# by itself, so that what is listed of it does not change with another one.
 differences() {
-    local with_section='/^\[/ { section = $0 } !/^=/ { print section "|" $0 }'
-    diff <(awk "$with_section" "$1") <(awk "$with_section" "$2") | awk '/^[<>]/ {
-        heading = substr($0, 3, index($0, "]|") - 2)
-        if (heading != last) print heading
-        last = heading
-        print substr($0, 1, 2) substr($0, index($0, "]|") + 2)
-    }'
+    local name
+    diff <(grep -a '^= ' "$1") <(grep -a '^= ' "$2") | sed -n 's/^[<>] = [^ ]* [^ ]* //p' | awk '!seen[$0]++' |
+        while read -r name; do
+            printf '[%s]\n' "$name"
+            diff <(section "$1" "$name") <(section "$2" "$name") | grep -a '^[<>]' || true
+        done
 }
+section() { awk -v heading="[$2]" '/^\[/ { inside = $0 == heading } inside && !/^=/' "$1"; }
 
 # run TRACE COMMAND...: through a file, because what Wine leaves running would keep a pipe open.
 run() {
