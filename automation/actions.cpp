@@ -140,15 +140,8 @@ void Open(Stage& stage, const Command& command) {
 
 void AddTabClick(InputQueue& input, HWND tabControl, int index) {
     RECT item{};
-    RECT client{};
-    GetClientRect(tabControl, &client);
     SendMessageA(tabControl, TCM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-    const POINT middle{(item.left + item.right) / 2, (item.top + item.bottom) / 2};
-    if (PtInRect(&client, middle)) {
-        input.Click(tabControl, middle);
-    } else {
-        input.Add([tabControl, index] { PostMessageA(tabControl, TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0); });
-    }
+    input.Click(tabControl, {(item.left + item.right) / 2, (item.top + item.bottom) / 2});
 }
 
 void ClickTab(Stage& stage, const Command& command) {

@@ -14,11 +14,10 @@ namespace {
 constexpr int kRowLeft = 2;  // The selected tab grows into this and the next margin.
 constexpr int kRowTop = 2;
 constexpr int kPaddingX = 6;       // Between a tab's side and its caption.
-constexpr int kPaddingY = 3;       // Above and below the caption.
-constexpr int kMinimumWidth = 42;  // Of a tab.
+constexpr int kPaddingY = 5;       // Above and below the caption together.
+constexpr int kMinimumWidth = 54;  // Of a tab.
 constexpr int kBodyMargin = 4;     // From the control's sides to the display area.
-constexpr int kBodyEdge = 2;       // From the row of tabs to the display area.
-constexpr int kArrowSize = 17;     // Side of a scroll arrow.
+constexpr int kBodyEdge = 2;       // From the tabs to the display area.
 
 }  // namespace
 
@@ -49,11 +48,11 @@ LRESULT TabControl::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETFONT:
             return reinterpret_cast<LRESULT>(font_);
         case WM_SIZE:
-            ensureVisible(selected_);
+            laidOut_ = false;
             return 0;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            invalidateRow();
+            invalidateRows();
             return 0;
         case WM_LBUTTONDOWN:
             onWmLButtonDown(point);
@@ -106,7 +105,8 @@ LRESULT TabControl::handleTabMessage(UINT message, WPARAM wParam, LPARAM lParam)
             onTcmAdjustRect(wParam != 0, *reinterpret_cast<RECT*>(lParam));
             return 0;
         case TCM_GETROWCOUNT:
-            return items_.empty() ? 0 : 1;
+            layout();
+            return rows_;
         default:
             return DefWindowProcA(window_, message, wParam, lParam);
     }
@@ -133,26 +133,16 @@ LRESULT TabControl::onWmNcHitTest(POINT screen) {
     POINT point = screen;
     ScreenToClient(window_, &point);
     layout();
-    const RECT left = arrowRect(false);
-    const RECT right = arrowRect(true);
-    const bool onArrow = scrolls() && (PtInRect(&left, point) || PtInRect(&right, point));
-    return onArrow || itemAt(point) >= 0 ? HTCLIENT : HTTRANSPARENT;
+    return itemAt(point) >= 0 ? HTCLIENT : HTTRANSPARENT;
 }
 
 void TabControl::onWmLButtonDown(POINT point) {
     const HWND window = window_;
-    layout();
-    for (const bool right : {false, true}) {
-        const RECT arrow = arrowRect(right);
-        if (scrolls() && PtInRect(&arrow, point)) {
-            scroll(right);
-            return;
-        }
-    }
     if (!(styleOf(window) & TCS_FOCUSNEVER)) {
         SetFocus(window);
     }
     if (IsWindow(window)) {
+        layout();
         selectByUser(itemAt(point));
     }
 }
@@ -267,10 +257,12 @@ int TabControl::onTcmSetCurSel(int index) {
     if (index < -1 || index >= count()) {
         return -1;
     }
+    // The rows stand in the order that the selections so far have given them.
+    layout();
     const int before = selected_;
     selected_ = index;
-    ensureVisible(index);
-    invalidateRow();
+    bringRowForward(index);
+    invalidateRows();
     return before;
 }
 
@@ -286,16 +278,25 @@ void TabControl::onTcmAdjustRect(bool larger, RECT& rect) {
     const int sign = larger ? -1 : 1;
     rect.left += sign * kBodyMargin;
     rect.right -= sign * kBodyMargin;
-    rect.top += sign * (rowBottom() + kBodyEdge);
+    rect.top += sign * (rowsBottom() + kBodyEdge);
     rect.bottom -= sign * kBodyMargin;
 }
 
-// Captions are measured once after a change, not at every insertion.
+// Everything is measured once after a change, not at every insertion.
 void TabControl::layout() {
     if (laidOut_) {
         return;
     }
     laidOut_ = true;
+    measure();
+    breakIntoRows();
+    if (rows_ > 1 && !(styleOf(window_) & TCS_RAGGEDRIGHT)) {
+        evenRows();
+    }
+    bringRowForward(selected_);
+}
+
+void TabControl::measure() {
     HDC dc = GetDC(window_);
     {
         const SelectedFont selected(dc, font_);
@@ -309,81 +310,91 @@ void TabControl::layout() {
         }
     }
     ReleaseDC(window_, dc);
-    first_ = std::clamp(first_, 0, std::max(0, count() - 1));
-    if (!scrolls()) {
-        first_ = 0;
+}
+
+void TabControl::breakIntoRows() {
+    const bool breaks = (styleOf(window_) & TCS_MULTILINE) != 0;
+    int left = 0;
+    rows_ = items_.empty() ? 0 : 1;
+    for (Item& item : items_) {
+        if (breaks && left > 0 && left + item.width > rowLength()) {
+            ++rows_;
+            left = 0;
+        }
+        item.left = left;
+        item.row = rows_ - 1;
+        left += item.width;
     }
 }
 
-int TabControl::rowBottom() const {
-    return kRowTop + textHeight_ + 2 * kPaddingY;
-}
-
-int TabControl::rowLength() const {
-    int length = 2 * kRowLeft;
-    for (const Item& item : items_) {
-        length += item.width;
-    }
-    return length;
-}
-
-// Items left of the first one shown get negative coordinates.
-RECT TabControl::itemRect(int index) const {
-    LONG left = kRowLeft;
-    for (int i = std::min(index, first_); i < std::max(index, first_); ++i) {
-        const int width = items_[static_cast<std::size_t>(i)].width;
-        left += index > first_ ? width : -width;
-    }
-    return {left, kRowTop, left + items_[static_cast<std::size_t>(index)].width, rowBottom()};
-}
-
-bool TabControl::scrolls() const {
-    RECT client;
-    GetClientRect(window_, &client);
-    return rowLength() > client.right;
-}
-
-RECT TabControl::arrowRect(bool right) const {
-    RECT client;
-    GetClientRect(window_, &client);
-    const LONG left = client.right - (right ? 1 : 2) * kArrowSize;
-    const LONG top = rowBottom() - kArrowSize - 1;
-    return {left, top, left + kArrowSize, top + kArrowSize};
-}
-
-bool TabControl::canScroll(bool right) const {
-    if (!right) {
-        return first_ > 0;
-    }
-    return itemRect(count() - 1).right > arrowRect(false).left;
-}
-
-void TabControl::scroll(bool right) {
-    if (canScroll(right)) {
-        first_ += right ? 1 : -1;
-        invalidateRow();
+// Spreads the tabs over the rows by their number; what does not divide goes to the first rows.
+void TabControl::evenRows() {
+    const std::size_t rows = static_cast<std::size_t>(rows_);
+    std::span<Item> rest(items_);
+    for (std::size_t row = 0; row < rows; ++row) {
+        const std::size_t tabs = items_.size() / rows + (row < items_.size() % rows ? 1 : 0);
+        for (Item& item : rest.first(tabs)) {
+            item.row = static_cast<int>(row);
+        }
+        fillRow(rest.first(tabs));
+        rest = rest.subspan(tabs);
     }
 }
 
-void TabControl::ensureVisible(int index) {
-    layout();
-    if (!scrolls()) {
-        first_ = 0;
-        return;
+// All tabs grow alike, and the last one takes the odd pixels; they shrink when an evened row is too long.
+void TabControl::fillRow(std::span<Item> row) const {
+    int spare = rowLength();
+    for (const Item& item : row) {
+        spare -= item.width;
     }
+    const int share = spare / static_cast<int>(row.size());
+    int left = 0;
+    for (Item& item : row) {
+        item.left = left;
+        item.width += share;
+        left += item.width;
+    }
+    row.back().width += rowLength() - left;
+}
+
+// The row of the selected tab stands next to the page; those that were in front of it move away by one.
+void TabControl::bringRowForward(int index) {
     if (!isItem(index)) {
         return;
     }
-    first_ = std::min(first_, index);
-    while (first_ < index && itemRect(index).right > arrowRect(false).left) {
-        ++first_;
+    const int chosen = items_[static_cast<std::size_t>(index)].row;
+    for (Item& item : items_) {
+        if (item.row == chosen) {
+            item.row = rows_ - 1;
+        } else if (item.row > chosen) {
+            --item.row;
+        }
     }
-    invalidateRow();
+}
+
+int TabControl::rowLength() const {
+    RECT client;
+    GetClientRect(window_, &client);
+    return client.right - 2 * kRowLeft;
+}
+
+int TabControl::rowHeight() const {
+    return textHeight_ + kPaddingY;
+}
+
+int TabControl::rowsBottom() const {
+    return kRowTop + rows_ * rowHeight();
+}
+
+RECT TabControl::itemRect(int index) const {
+    const Item& item = items_[static_cast<std::size_t>(index)];
+    const LONG left = kRowLeft + item.left;
+    const LONG top = kRowTop + item.row * rowHeight();
+    return {left, top, left + item.width, top + rowHeight()};
 }
 
 int TabControl::itemAt(POINT point) const {
-    const bool hidden = scrolls() && point.x >= arrowRect(false).left;
-    for (int i = first_; !hidden && i < count(); ++i) {
+    for (int i = 0; i < count(); ++i) {
         const RECT rect = itemRect(i);
         if (PtInRect(&rect, point)) {
             return i;
@@ -392,11 +403,11 @@ int TabControl::itemAt(POINT point) const {
     return -1;
 }
 
-void TabControl::invalidateRow() const {
-    RECT row;
-    GetClientRect(window_, &row);
-    row.bottom = rowBottom() + kBodyEdge;
-    InvalidateRect(window_, &row, TRUE);
+void TabControl::invalidateRows() const {
+    RECT rows;
+    GetClientRect(window_, &rows);
+    rows.bottom = rowsBottom() + kBodyEdge;
+    InvalidateRect(window_, &rows, TRUE);
 }
 
 void registerTabClass() {

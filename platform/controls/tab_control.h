@@ -1,11 +1,12 @@
-// One tab control: a single row of tabs over a raised page area, with scroll arrows when the row is too long. Buttons
-// instead of tabs, several rows, images and tool tips are not offered.
+// One tab control: tabs in a row, or with TCS_MULTILINE in as many as they need, over a raised page area. Arrows that
+// scroll a row which is too long, buttons instead of tabs, images and tool tips are not offered.
 #pragma once
 
 #include <windows.h>
 
 #include <commctrl.h>
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,10 @@ private:
     struct Item {
         std::string text;
         LPARAM param = 0;
-        int width = 0;  // Pixels; measured by layout().
+        // Where layout() has put it, in pixels from the left end of its row.
+        int left = 0;
+        int width = 0;
+        int row = 0;  // Counted from the top.
     };
 
     LRESULT handleTabMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -48,28 +52,28 @@ private:
 
     // Geometry; all in pixels of the client area.
     void layout();
-    RECT itemRect(int index) const;
-    int rowBottom() const;
+    void measure();
+    void breakIntoRows();
+    void evenRows();
+    void fillRow(std::span<Item> row) const;
+    void bringRowForward(int index);
     int rowLength() const;
-    bool scrolls() const;
-    RECT arrowRect(bool right) const;
-    bool canScroll(bool right) const;
-    void scroll(bool right);
-    void ensureVisible(int index);
+    int rowHeight() const;
+    int rowsBottom() const;
+    RECT itemRect(int index) const;
     int itemAt(POINT point) const;
-    void invalidateRow() const;
+    void invalidateRows() const;
 
     // Painting, in tab_paint.cpp.
     void onWmPaint(HDC given);
     void paint(HDC dc) const;
     void paintItem(HDC dc, int index) const;
-    void paintArrows(HDC dc) const;
 
     HWND window_;
     HFONT font_ = nullptr;
     std::vector<Item> items_;
     int selected_ = -1;  // -1 for none.
-    int first_ = 0;      // The leftmost item shown; more than 0 only while the row scrolls.
+    int rows_ = 0;
     int textHeight_ = 0;
     bool laidOut_ = false;
 };

@@ -36,23 +36,15 @@ void TabControl::paint(HDC dc) const {
     const SelectedFont selected(dc, font_);
     RECT body;
     GetClientRect(window_, &body);
-    const LONG right = scrolls() ? arrowRect(false).left : body.right;
-    body.top = rowBottom();
+    body.top = rowsBottom();
     DrawEdge(dc, &body, EDGE_RAISED, BF_RECT | BF_SOFT);
-
-    const int saved = SaveDC(dc);
-    IntersectClipRect(dc, 0, 0, right, rowBottom() + kGrow);
-    for (int i = first_; i < count(); ++i) {
+    for (int i = 0; i < count(); ++i) {
         if (i != selected_) {
             paintItem(dc, i);
         }
     }
-    if (isItem(selected_) && selected_ >= first_) {
+    if (isItem(selected_)) {
         paintItem(dc, selected_);
-    }
-    RestoreDC(dc, saved);
-    if (scrolls()) {
-        paintArrows(dc);
     }
 }
 
@@ -72,14 +64,6 @@ void TabControl::paintItem(HDC dc, int index) const {
         RECT focus = caption;
         InflateRect(&focus, -kFocusInset, -1);
         DrawFocusRect(dc, &focus);
-    }
-}
-
-void TabControl::paintArrows(HDC dc) const {
-    for (const bool right : {false, true}) {
-        RECT arrow = arrowRect(right);
-        const UINT look = (right ? DFCS_SCROLLRIGHT : DFCS_SCROLLLEFT) | (canScroll(right) ? 0u : DFCS_INACTIVE);
-        DrawFrameControl(dc, &arrow, DFC_SCROLL, look);
     }
 }
 

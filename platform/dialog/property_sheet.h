@@ -31,7 +31,6 @@ private:
     struct Slot {
         HPROPSHEETPAGE page = nullptr;
         std::string caption;
-        SIZE size{};  // Of the template, in pixels.
         HWND window = nullptr;
         bool changed = false;
     };
@@ -54,6 +53,7 @@ private:
     INT_PTR onWmNotify(const NMHDR& header);
     void setTitle(const std::string& title, DWORD flags);
     void fitToPages();
+    void centre();
     void placeButtons(int right, int top);
     RECT pageRect() const;
     HWND item(int id) const { return GetDlgItem(window_, id); }
@@ -100,6 +100,7 @@ private:
     std::string startPage_;  // The caption of the first page to be shown, with PSH_USEPSTARTPAGE.
     UINT startIndex_ = 0;
     std::vector<Slot> slots_;
+    SIZE largestPage_{};  // Of those that the sheet is opened with, in pixels.
     HWND window_ = nullptr;
     int active_ = -1;         // Index of the page that is shown; -1 for none.
     bool pageValid_ = false;  // False once the sheet has ended: PSM_GETCURRENTPAGEHWND tells an owner so.

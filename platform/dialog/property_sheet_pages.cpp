@@ -20,8 +20,12 @@ bool PropertySheet::takePage(HPROPSHEETPAGE page) {
     Slot slot;
     slot.page = page;
     slot.caption = source->caption;
-    slot.size = {horizontalPixels(source->width), verticalPixels(source->height)};
     slots_.push_back(std::move(slot));
+    // A page that comes into a running sheet has to be content with the room that there is.
+    if (window_ == nullptr) {
+        largestPage_.cx = std::max<LONG>(largestPage_.cx, horizontalPixels(source->width));
+        largestPage_.cy = std::max<LONG>(largestPage_.cy, verticalPixels(source->height));
+    }
     return true;
 }
 
@@ -100,7 +104,7 @@ LRESULT PropertySheet::onPsmAddPage(HPROPSHEETPAGE page) {
     const auto rows = SendMessageA(tabs(), TCM_GETROWCOUNT, 0, 0);
     const int index = static_cast<int>(slots_.size()) - 1;
     insertTab(index);
-    // Another row of tabs would cut off the pages below.
+    // Another row of tabs would cut off the pages below; the room of one that goes stays.
     if (SendMessageA(tabs(), TCM_GETROWCOUNT, 0, 0) > rows && rows > 0) {
         fitToPages();
         if (HWND shown = activePage()) {

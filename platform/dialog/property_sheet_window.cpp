@@ -154,6 +154,7 @@ void PropertySheet::onWmInitDialog(HWND window) {
         insertTab(static_cast<int>(i));
     }
     fitToPages();
+    centre();
     SetFocus(item(IDOK));
     if (callback_ != nullptr) {
         callback_(window, PSCB_INITIALIZED, 0);
@@ -172,21 +173,17 @@ void PropertySheet::setTitle(const std::string& title, DWORD flags) {
     SetWindowTextA(window_, shown.c_str());
 }
 
-// Makes the tab control as large as the largest page needs, and the sheet as large as that and the buttons need.
+// Makes the tab control as large as its rows and the largest page need, and the sheet as large as that and the buttons
+// need.
 void PropertySheet::fitToPages() {
     const SIZE margin = {horizontalPixels(kMargin), verticalPixels(kMargin)};
-    RECT around{};
-    for (const Slot& slot : slots_) {
-        around.right = std::max(around.right, slot.size.cx);
-        around.bottom = std::max(around.bottom, slot.size.cy);
-    }
-    const SIZE page = {around.right, around.bottom};
+    RECT around = {0, 0, largestPage_.cx, largestPage_.cy};
     // How many rows the tabs take depends on the width, and the height on the rows.
     SendMessageA(tabs(), TCM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&around));
     const int width = std::max<int>(around.right - around.left, horizontalPixels(kLeastTabsWidth));
     SetWindowPos(tabs(), nullptr, margin.cx, margin.cy, width, verticalPixels(kLeastTabsHeight),
                  SWP_NOZORDER | SWP_NOACTIVATE);
-    around = {0, 0, page.cx, page.cy};
+    around = {0, 0, largestPage_.cx, largestPage_.cy};
     SendMessageA(tabs(), TCM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&around));
     const int height = std::max<int>(around.bottom - around.top, verticalPixels(kLeastTabsHeight));
     SetWindowPos(tabs(), nullptr, margin.cx, margin.cy, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -195,9 +192,15 @@ void PropertySheet::fitToPages() {
     placeButtons(frame.right - margin.cx, 2 * margin.cy + height);
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)));
-    const SIZE size = {frame.right - frame.left, frame.bottom - frame.top};
-    const POINT at = centredPosition(size, owner_);
-    SetWindowPos(window_, nullptr, at.x, at.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window_, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void PropertySheet::centre() {
+    RECT frame;
+    GetWindowRect(window_, &frame);
+    const POINT at = centredPosition({frame.right - frame.left, frame.bottom - frame.top}, owner_);
+    SetWindowPos(window_, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Puts the buttons that the sheet has side by side, the last one up to the right edge of the tab control.

@@ -390,6 +390,72 @@ void tracePages(Trace& trace) {
     playModeless(PSH_NOAPPLYNOW, kSteps);
 }
 
+// Where the page and the buttons stand in a sheet with rows of tabs.
+void traceLayout() {
+    HWND tabs = tabControl();
+    RECT display;
+    GetClientRect(tabs, &display);
+    SendMessageA(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&display));
+    MapWindowPoints(tabs, stage->sheet, reinterpret_cast<POINT*>(&display), 2);
+    const auto placeOf = [](HWND window) {
+        RECT rect{};
+        GetWindowRect(window, &rect);
+        MapWindowPoints(nullptr, stage->sheet, reinterpret_cast<POINT*>(&rect), 2);
+        return rect;
+    };
+    const RECT page = placeOf(reinterpret_cast<HWND>(ask(PSM_GETCURRENTPAGEHWND)));
+    RECT first{};
+    SendMessageA(tabs, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first));
+    const int rowsOff = static_cast<int>((page.top - display.top) / (first.bottom - first.top));
+    stage->spy.line("== rows " + std::to_string(SendMessageA(tabs, TCM_GETROWCOUNT, 0, 0)) + ", page " +
+                    (EqualRect(&page, &display) ? "in its place" : "off by " + std::to_string(rowsOff) + " rows") +
+                    ", buttons " + (placeOf(GetDlgItem(stage->sheet, IDOK)).top > page.bottom ? "below" : "covered"));
+}
+
+void addThree() {
+    for (int i = 0; i < 3; ++i) {
+        Page& page = addPage("i");
+        ask(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(makePage(page)));
+        traceLayout();
+    }
+}
+
+void lookAtTab(int index) {
+    clickTab(index);
+    traceLayout();
+}
+
+void traceRows(Trace& trace) {
+    const Scene scene(trace, "rows of tabs");
+    for (int i = 0; i < 4; ++i) {
+        addPage("i");
+    }
+    constexpr Step kSteps[] = {
+        {"four pages", traceLayout},
+        {"add three", addThree},
+        {"click the last", [] { lookAtTab(6); }},
+        {"click the first", [] { lookAtTab(0); }},
+        {"remove others",
+         [] {
+             for (int i = 0; i < 3; ++i) {
+                 ask(PSM_REMOVEPAGE, 2);
+                 traceLayout();
+             }
+         }},
+        {"click the last", [] { lookAtTab(3); }},
+        {"add three", addThree},
+        {"remove the current ones",
+         [] {
+             for (int i = 6; i > 2; --i) {
+                 clickTab(i);
+                 ask(PSM_REMOVEPAGE, static_cast<WPARAM>(i));
+                 traceLayout();
+             }
+         }},
+    };
+    playModeless(PSH_NOAPPLYNOW, kSteps);
+}
+
 // What the timer of a modal sheet does next.
 UINT modalCommand = 0;
 
@@ -432,5 +498,6 @@ void traceSheets(Trace& trace) {
     traceRefusals(trace);
     traceApply(trace);
     tracePages(trace);
+    traceRows(trace);
     traceModal(trace);
 }

@@ -2,6 +2,7 @@
 #include "tests/conformance/trace.h"
 
 #include <iterator>
+#include <string>
 
 namespace {
 
@@ -172,6 +173,12 @@ void traceGeometry(Trace& trace) {
     trace.section("geometry");
     TabScene scene(trace);
     // Widths depend on the font; everything else is compared.
+    HDC dc = GetDC(scene.tabs());
+    HGDIOBJ before = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(scene.tabs(), WM_GETFONT, 0, 0)));
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(dc, &metrics);
+    SelectObject(dc, before);
+    ReleaseDC(scene.tabs(), dc);
     int rowHeight = 0;
     for (int i = 0; i < static_cast<int>(std::size(kCaptions)); ++i) {
         const RECT rect = scene.itemRect(i);
@@ -180,7 +187,8 @@ void traceGeometry(Trace& trace) {
                    static_cast<int>(rect.top), next.left == 0 || next.left == rect.right);
         rowHeight = rect.bottom;
     }
-    trace.line("rows %d", static_cast<int>(SendMessageA(scene.tabs(), TCM_GETROWCOUNT, 0, 0)));
+    trace.line("rows %d, %d higher than the text", static_cast<int>(SendMessageA(scene.tabs(), TCM_GETROWCOUNT, 0, 0)),
+               rowHeight - 2 - static_cast<int>(metrics.tmHeight));
     RECT rect = {0, 0, 360, 200};
     SendMessageA(scene.tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&rect));
     trace.line("display area: left %d below tabs %d right %d bottom %d", static_cast<int>(rect.left),
@@ -205,6 +213,132 @@ void traceGeometry(Trace& trace) {
                static_cast<int>(SendMessageA(scene.tabs(), WM_NCHITTEST, 0, MAKELPARAM(beside.x, beside.y))));
 }
 
+// Tabs that are all as narrow as a tab can be, whatever the font, and the rows that they stand in.
+class RowScene {
+public:
+    RowScene(Trace& trace, int count, DWORD style = 0, LoggingParent::Kind kind = LoggingParent::Kind::Window)
+        : trace_(trace), parent_(trace, kind) {
+        tabs_ = parent_.add(WC_TABCONTROLA, "", TCS_MULTILINE | WS_TABSTOP | style, 40, 10, 10, 360, 200);
+        for (int i = 0; i < count; ++i) {
+            insert(i);
+        }
+        rows("filled with " + std::to_string(count));
+    }
+
+    LRESULT ask(UINT message, int index = 0, LPARAM lParam = 0) const {
+        return SendMessageA(tabs_, message, static_cast<WPARAM>(index), lParam);
+    }
+    void insert(int index) {
+        TCITEMA item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<LPSTR>("i");
+        ask(TCM_INSERTITEMA, index, reinterpret_cast<LPARAM>(&item));
+    }
+    RECT itemRect(int index) const {
+        RECT rect{};
+        ask(TCM_GETITEMRECT, index, reinterpret_cast<LPARAM>(&rect));
+        return rect;
+    }
+    POINT middle(int index) const {
+        const RECT rect = itemRect(index);
+        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+    }
+    // Writes the tabs with their left and right ends, row by row from the top, and how far the display area is below.
+    void rows(const std::string& what) {
+        parent_.drain();
+        const int count = number(ask(TCM_GETITEMCOUNT));
+        const int rowCount = number(ask(TCM_GETROWCOUNT));
+        trace_.line("%s: %d rows, selection %d%s", what.c_str(), rowCount, number(ask(TCM_GETCURSEL)),
+                    GetFocus() == tabs_ ? " focus" : "");
+        const RECT first = itemRect(0);
+        const int height = static_cast<int>(first.bottom - first.top);
+        for (int row = 0; row < rowCount; ++row) {
+            std::string line;
+            for (int i = 0; i < count; ++i) {
+                const RECT rect = itemRect(i);
+                if (rect.top == 2 + row * height) {
+                    line +=
+                        " " + std::to_string(i) + ":" + std::to_string(rect.left) + "-" + std::to_string(rect.right);
+                }
+            }
+            trace_.line("  %s", line.c_str());
+        }
+        RECT display = {0, 0, 360, 200};
+        ask(TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&display));
+        trace_.line("   display area %d below", static_cast<int>(display.top) - rowCount * height);
+    }
+    void select(int index) {
+        ask(TCM_SETCURSEL, index);
+        rows("select " + std::to_string(index));
+    }
+    void remove(int index) {
+        ask(TCM_DELETEITEM, index);
+        rows("delete " + std::to_string(index));
+    }
+    void resize(int width) {
+        SetWindowPos(tabs_, nullptr, 0, 0, width, 200, SWP_NOMOVE | SWP_NOZORDER);
+        rows("width " + std::to_string(width));
+    }
+    HWND tabs() const { return tabs_; }
+
+private:
+    Trace& trace_;
+    LoggingParent parent_;
+    HWND tabs_ = nullptr;
+};
+
+void traceRows(Trace& trace) {
+    for (const DWORD style : {0, TCS_RAGGEDRIGHT}) {
+        trace.section(style == 0 ? "rows" : "rows, ragged");
+        for (const int count : {0, 1, 6, 7, 12, 20}) {
+            RowScene scene(trace, count, style);
+        }
+        RowScene scene(trace, 14, style);
+        for (const int index : {13, 0, 7, 6, -1, 5}) {
+            scene.select(index);
+        }
+        scene.insert(0);
+        scene.rows("insert at 0");
+        scene.insert(15);
+        scene.rows("insert at 15");
+        for (const int index : {6, 14, 0}) {
+            scene.remove(index);
+        }
+        scene.select(12);
+        scene.remove(0);
+        for (const int width : {250, 1000, 360}) {
+            scene.resize(width);
+        }
+        while (scene.ask(TCM_GETITEMCOUNT) > 6) {
+            scene.ask(TCM_DELETEITEM, 6);
+        }
+        scene.rows("one row again");
+    }
+}
+
+void traceRowInput(Trace& trace) {
+    trace.section("rows by mouse and keys");
+    RowScene scene(trace, 14);
+    for (const int index : {13, 2, 7, 7}) {
+        const POINT point = scene.middle(index);
+        TCHITTESTINFO hit{};
+        hit.pt = point;
+        const int found = number(scene.ask(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+        trace.line("hit in %d: item %d flags %#x", index, found, static_cast<unsigned>(hit.flags));
+        postClick(scene.tabs(), point.x, point.y);
+        scene.rows("click");
+    }
+    constexpr struct {
+        const char* name;
+        UINT key;
+    } kKeys[] = {{"left", VK_LEFT}, {"left", VK_LEFT}, {"left", VK_LEFT},   {"left", VK_LEFT}, {"up", VK_UP},
+                 {"down", VK_DOWN}, {"end", VK_END},   {"right", VK_RIGHT}, {"up", VK_UP},     {"home", VK_HOME}};
+    for (const auto& key : kKeys) {
+        postKey(scene.tabs(), key.key);
+        scene.rows(key.name);
+    }
+}
+
 }  // namespace
 
 void traceTabs(Trace& trace) {
@@ -212,4 +346,6 @@ void traceTabs(Trace& trace) {
     traceSelection(trace);
     traceKeys(trace);
     traceGeometry(trace);
+    traceRows(trace);
+    traceRowInput(trace);
 }
