@@ -110,8 +110,8 @@ int ListScrollBar::topFor(Part part, POINT point) const {
             const int moved = (isVertical() ? point.y : point.x) - pressedAt_;
             // Rounded to the nearest row.
             const std::int64_t twice = std::int64_t{moved} * hidden() * 2 + (moved < 0 ? -way : way);
-            top = way > 0 ? pressedTop_ + static_cast<int>(std::clamp<std::int64_t>(twice / (2 * way), -pressedTop_,
-                                                                                    hidden() - pressedTop_))
+            top = way > 0 ? pressedTop_ + static_cast<int>(std::clamp<std::int64_t>(
+                                              twice / (std::int64_t{2} * way), -pressedTop_, hidden() - pressedTop_))
                           : top_;
             break;
         }

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "automation/player.h"
+#include "host/store.h"
 #include "tests/support/template_builder.h"
 
 namespace {
@@ -42,16 +43,6 @@ click-row 20 1 2
 rename-row 2 0 "x"
 close
 )";
-
-class NoStore : public automation::StoreAccess {
-public:
-    void Append(const std::string&, const std::string&) override {}
-    void Clear() override {}
-    std::optional<std::string> Find(const std::string&) const override { return {}; }
-    std::optional<bool> IsChanged(const std::string&) const override { return {}; }
-    int Count() const override { return 0; }
-    std::string Snapshot() const override { return {}; }
-};
 
 LRESULT Send(HWND list, UINT message, int row, void* structure) {
     return SendMessageA(list, message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(structure));
@@ -119,7 +110,8 @@ std::optional<int> RunListDialog(const automation::OpenArguments&) {
 }
 
 TEST(ListViewCommands, ActOnRowsAndColumnsAndSayWhatIsNotThere) {
-    NoStore store;
+    CMdb records;
+    host::ScenarioStore store(records);
     std::ostringstream said;
     const automation::Scenario scenario = automation::ParseScenario("a.scn", kScenario, automation::ShapeOfCommand);
     ASSERT_TRUE(scenario.errors.empty()) << scenario.errors.front();

@@ -366,24 +366,25 @@ void traceScrolling(Trace& trace) {
     where("emptied", 0);
 }
 
+// A row's place is printed by its distance from the row's bounds, the whole list's as it is.
+void printDrawing(const ListScene& scene, const NMLVCUSTOMDRAW& draw) {
+    const bool ofRow = (draw.nmcd.dwDrawStage & CDDS_ITEM) != 0;
+    const int row = ofRow ? static_cast<int>(draw.nmcd.dwItemSpec) : -1;
+    const RECT bounds = ofRow ? scene.rectOf(row, LVIR_BOUNDS) : RECT{};
+    const RECT& rect = draw.nmcd.rc;
+    scene.trace().line("stage %#x item %d.%d state %#x param %d rect %d,%d to %d,%d",
+                       static_cast<unsigned>(draw.nmcd.dwDrawStage), row,
+                       (draw.nmcd.dwDrawStage & CDDS_SUBITEM) != 0 ? draw.iSubItem : 0, draw.nmcd.uItemState,
+                       ofRow ? static_cast<int>(draw.nmcd.lItemlParam) : 0, static_cast<int>(rect.left),
+                       static_cast<int>(rect.top - bounds.top), static_cast<int>(rect.right),
+                       static_cast<int>(rect.bottom - bounds.bottom));
+}
+
 void traceCustomDraw(Trace& trace) {
     trace.section("custom draw");
     ListScene scene(trace, {.exStyle = kChecks, .rows = 3});
     scene.setState(1, LVIS_SELECTED | LVIS_FOCUSED | INDEXTOSTATEIMAGEMASK(2),
                    LVIS_SELECTED | LVIS_FOCUSED | LVIS_STATEIMAGEMASK);
-    // A row's place is printed by its distance from the row's bounds, the whole list's as it is.
-    const auto print = [&](const NMLVCUSTOMDRAW& draw) {
-        const bool ofRow = (draw.nmcd.dwDrawStage & CDDS_ITEM) != 0;
-        const int row = ofRow ? static_cast<int>(draw.nmcd.dwItemSpec) : -1;
-        const RECT bounds = ofRow ? scene.rectOf(row, LVIR_BOUNDS) : RECT{};
-        const RECT& rect = draw.nmcd.rc;
-        trace.line("stage %#x item %d.%d state %#x param %d rect %d,%d to %d,%d",
-                   static_cast<unsigned>(draw.nmcd.dwDrawStage), row,
-                   (draw.nmcd.dwDrawStage & CDDS_SUBITEM) != 0 ? draw.iSubItem : 0, draw.nmcd.uItemState,
-                   ofRow ? static_cast<int>(draw.nmcd.lItemlParam) : 0, static_cast<int>(rect.left),
-                   static_cast<int>(rect.top - bounds.top), static_cast<int>(rect.right),
-                   static_cast<int>(rect.bottom - bounds.bottom));
-    };
     struct {
         const char* what;
         LRESULT onPrepaint, onItem, onSubItem;
@@ -403,7 +404,7 @@ void traceCustomDraw(Trace& trace) {
         const bool isAsked = message == WM_NOTIFY && draw->nmcd.hdr.code == static_cast<UINT>(NM_CUSTOMDRAW) &&
                              draw->nmcd.hdr.hwndFrom == scene.list();
         if (isAsked) {
-            print(*draw);
+            printDrawing(scene, *draw);
             const DWORD stage = draw->nmcd.dwDrawStage;
             result = stage == CDDS_PREPAINT ? onPrepaint : stage == CDDS_ITEMPREPAINT ? onItem : onSubItem;
         }

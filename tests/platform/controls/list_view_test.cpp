@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include <string>
-#include <utility>
 
 #include "tests/platform/controls/control_test.h"
 
@@ -210,16 +209,6 @@ TEST_F(ListViewTest, HighlightsTheSelectedLabelAloneAndPaintsAllOfItself) {
         const int underHeader = kWidth * label.top;
         EXPECT_LE(painted.count(kGround, 0, kWidth), underHeader) << "part of the rows is not painted";
     }
-}
-
-TEST_F(ListViewTest, RepaintsNoMoreThanTheRowThatChanges) {
-    HWND list = create(8);
-    UpdateWindow(parent_);
-    setState(list, 3, kSelected, kSelected);
-    RECT update{};
-    ASSERT_TRUE(GetUpdateRect(list, &update, FALSE));
-    const RECT row = rectOf(list, 3, LVIR_BOUNDS);
-    EXPECT_EQ(std::pair(update.top, update.bottom), std::pair(row.top, row.bottom));
 }
 
 }  // namespace
