@@ -13,6 +13,6 @@ COLORREF GetAciColor(int index);
 // 255 minus each component.
 COLORREF GetAciInverseColor(int index);
 
-// Five bits a component, red in bits 11 to 15, green in 5 to 9, blue in 0 to 4. Bit 10 is always 0: readers of the
-// value expect this packing.
+// Five bits a component, red in bits 11 to 15, green in 5 to 9, blue in 0 to 4. Bit 10 is always 0,
+// on purpose.
 WORD GetAciColor15(int index);

@@ -12,7 +12,7 @@ public:
     int m_nCoordBet = 0;
     int m_nBetPrefix = 0;
     int m_nDrwMode = 0;
-    // Non-zero: the cross-reference page, and with it the connection page, are part of the sheet.
+    // Non-zero: the cross-reference page is part of the sheet, and the connection page where "NORV_LEVEL" is 3.
     int m_bOptionalPages = 0;
     // Read by nothing, like the second one below; kept with its value, because the order of the fields is fixed.
     int m_nReserved1 = 6;

