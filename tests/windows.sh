@@ -8,7 +8,6 @@ if step "build, 64-bit Windows" build_preset win64; then
     step "exports and imports, 64 bit" tests/dll_interface.sh win64
     if step "Wine" start_wine; then
         step "scripted user under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/automation/commands.scn
-        step "track bars under Wine" wine build/win64/bin/tavriktracks.exe
         step "verdicts of the player under Wine" tests/player/verdicts.sh build/win64/bin/tavrikplayer.exe
         step "scenarios under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/scenarios/*.scn
         step "fields left under Wine" tests/leaving/wine.sh

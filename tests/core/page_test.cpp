@@ -300,60 +300,6 @@ TEST_F(OddPages, MarkTheSheetModifiedUntilTheyAreApplied) {
         IDCANCEL);
 }
 
-TEST_F(OddPages, ShowOneBoxForAClickedTabWhenTheTransferRefuses) {
-    m_sheet.Load({});
-    const auto clickOtherTab = [this] {
-        const HWND tabs = m_sheet.GetTabControl()->m_hWnd;
-        RECT tab{};
-        SendMessageA(tabs, TCM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&tab));
-        const LPARAM point = MAKELPARAM((tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2);
-        ++m_sheet.m_nInput;
-        SendMessageA(tabs, WM_LBUTTONDOWN, MK_LBUTTON, point);
-        SendMessageA(tabs, WM_LBUTTONUP, 0, point);
-    };
-    Run(
-        m_sheet,
-        [&] {
-            // Too long for the row; only the program can put it there.
-            SetWindowTextA(Combo(), "123456789");
-            clickOtherTab();
-            EXPECT_EQ(m_boxes.Take().size(), 1U);
-            EXPECT_FALSE(m_sheet.SetActivePage(1)) << "forced, without a click";
-            EXPECT_EQ(m_boxes.Take().size(), 1U);
-            EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
-            SetWindowTextA(Combo(), "1234567");
-            clickOtherTab();
-            EXPECT_TRUE(m_boxes.Take().empty());
-            EXPECT_EQ(m_sheet.GetActiveIndex(), 1);
-            m_sheet.PressButton(PSBTN_CANCEL);
-        },
-        IDCANCEL);
-}
-
-TEST_F(OddPages, CheckNothingOnTheWayToAButtonThatCancels) {
-    for (const char* caption : {"Avbryt", "Cancel"}) {
-        Run(
-            m_sheet,
-            [&] {
-                const HWND button = ::GetDlgItem(m_sheet.m_hWnd, IDCANCEL);
-                Replace(Typed(), ";");
-                SetWindowTextA(button, caption);
-                ::SetFocus(button);
-                EXPECT_TRUE(m_boxes.Take().empty()) << caption;
-                ::SetFocus(Typed());
-                SetWindowTextA(button, "Annat");
-                ::SetFocus(button);
-                EXPECT_EQ(m_boxes.Take().size(), 1U) << "a sheet that runs again checks again";
-                // The focus leaves the field while the sheet is being cancelled.
-                m_page.m_focusAtReset = button;
-                m_sheet.PressButton(PSBTN_CANCEL);
-            },
-            IDCANCEL);
-        EXPECT_TRUE(m_boxes.Take().empty()) << caption;
-        m_page.m_focusAtReset = nullptr;
-    }
-}
-
 TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
     using Leaving = std::function<void()>;
     const auto spoil = [this] {
@@ -493,28 +439,6 @@ TEST_F(Pages, ExternalAppliesWithoutTheFocusedFieldAndGoesOnToNoticeChanges) {
     }
     EXPECT_EQ(g_assemblyHeightKeyFound, 1);
     EXPECT_EQ(records, "ASSEMBLY_TXTHGT=3.5 ASSEMBLY_TXTVISIBLE=0 ASSMBLY_TXTHGT=0.0001 ");
-}
-
-TEST_F(Pages, GeneralReadsTheSheetsNumbersAgainWhenShownAgain) {
-    dlgcircuit page;
-    dlgcircuit other;
-    Sheet sheet({&page, &other});
-    Run(
-        sheet,
-        [&] {
-            HWND functionOriented = Control(page, IDC_FUNCTION_ORIENTED);
-            EXPECT_TRUE(IsWindowEnabled(functionOriented));
-            sheet.SetActivePage(1);
-            CMdb changes;
-            sheet.PutSetting(&changes, "BET_PREFIX", "1");
-            sheet.SetActivePage(0);
-            EXPECT_FALSE(IsWindowEnabled(functionOriented));
-            HWND combo = Control(page, IDC_SYMBOL_STANDARD);
-            EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), 3) << "one blank entry, however often the page is shown";
-            sheet.PressButton(PSBTN_CANCEL);
-        },
-        IDCANCEL);
-    EXPECT_EQ(sheet.m_workSettings.GetFirst(), nullptr);
 }
 
 // Where the preview of the time shows something other than the dialog's colour, from its left and lower edge on.

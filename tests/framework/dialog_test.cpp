@@ -32,26 +32,6 @@ protected:
     ModalDialog m_dialog{CWnd::FromHandle(m_host)};
 };
 
-TEST_F(Dialogs, OkReadsTheMembersAndEndsWithOne) {
-    RunInLoop({[&] {
-                   EXPECT_FALSE(::IsWindowEnabled(m_host));
-                   EXPECT_EQ(::GetWindow(m_dialog.m_hWnd, GW_OWNER), m_host);
-                   m_dialog.SetDlgItemText(IDC_TEXT, "x");
-                   m_dialog.SendDlgItemMessage(IDOK, BM_CLICK);
-               },
-               [&] {
-                   EXPECT_TRUE(m_dialog.IsWindowVisible());
-                   EXPECT_EQ(BoxTexts(), Texts({"Ange ett heltal."}));
-                   m_dialog.SetDlgItemText(IDC_TEXT, "8");
-                   m_dialog.SendDlgItemMessage(IDOK, BM_CLICK);
-               }});
-    EXPECT_EQ(m_dialog.DoModal(), IDOK);
-    EXPECT_EQ(m_dialog.m_number, 8);
-    EXPECT_EQ(m_dialog.m_hWnd, nullptr);
-    EXPECT_TRUE(::IsWindowEnabled(m_host));
-    EXPECT_EQ(::GetActiveWindow(), m_host);
-}
-
 TEST_F(Dialogs, QuitEndsTheLoopAndIsLeftForTheOneOutside) {
     RunInLoop({[] { ::PostQuitMessage(4); }});
     EXPECT_EQ(m_dialog.DoModal(), -1);
@@ -72,23 +52,6 @@ TEST_F(Dialogs, FailingInitialisationIsReportedAndEndsIt) {
     EXPECT_EQ(m_dialog.DoModal(), -1);
     EXPECT_EQ(BoxTexts().size(), 1u);
     EXPECT_EQ(m_dialog.m_hWnd, nullptr);
-    EXPECT_TRUE(::IsWindowEnabled(m_host));
-}
-
-TEST_F(Dialogs, InnerDialogWithoutParentIsOwnedByTheFrontOne) {
-    ModalDialog inner(nullptr);
-    RunInLoop({[&] { EXPECT_EQ(inner.DoModal(), IDCANCEL); },
-               [&] {
-                   EXPECT_EQ(::GetWindow(inner.m_hWnd, GW_OWNER), m_dialog.m_hWnd);
-                   EXPECT_FALSE(m_dialog.IsWindowEnabled());
-                   inner.EndDialog(IDCANCEL);
-               },
-               [&] {
-                   EXPECT_TRUE(m_dialog.IsWindowEnabled());
-                   EXPECT_FALSE(::IsWindowEnabled(m_host));
-                   m_dialog.EndDialog(3);
-               }});
-    EXPECT_EQ(m_dialog.DoModal(), 3);
     EXPECT_TRUE(::IsWindowEnabled(m_host));
 }
 

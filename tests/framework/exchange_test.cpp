@@ -44,14 +44,6 @@ protected:
         m_dialog.m_exchange = std::move(exchange);
         return m_dialog.UpdateData(saveAndValidate);
     }
-    // Which radio buttons of the group are checked, as in "010".
-    std::string Radios() const {
-        std::string checked;
-        for (int id = IDC_RADIO_FIRST; id <= IDC_RADIO_LAST; ++id) {
-            checked += m_dialog.IsDlgButtonChecked(id) != 0 ? '1' : '0';
-        }
-        return checked;
-    }
 
     FieldsDialog m_dialog;
 };
@@ -135,29 +127,6 @@ TEST_F(DataExchange, RefusalPromptsFocusesSelectsAndAbandons) {
     }
 }
 
-TEST_F(DataExchange, BoundsAndLengthItselfPass) {
-    double real = 0;
-    CString text;
-    for (const char* shown : {"1", "1e5"}) {
-        SetText(IDC_TEXT, shown);
-        EXPECT_TRUE(Read([&](CDataExchange* exchange) {
-            DDX_Text(exchange, IDC_TEXT, real);
-            DDV_MinMaxDouble(exchange, real, 1.0, 100000.0);
-            DDX_Text(exchange, IDC_TEXT, text);
-            DDV_MaxChars(exchange, text, 3);
-        }));
-    }
-    EXPECT_EQ(real, 100000.0);
-    real = 0;
-    EXPECT_TRUE(Show([&](CDataExchange* exchange) {
-        DDV_MinMaxDouble(exchange, real, 1.0, 2.0);  // What a member holds is shown as it is.
-        DDX_Text(exchange, IDC_TEXT, text);
-        DDV_MaxChars(exchange, text, 4);
-    }));
-    EXPECT_EQ(::SendMessageA(Item(IDC_TEXT), EM_GETLIMITTEXT, 0, 0), 4);
-    EXPECT_EQ(BoxTexts(), Texts());
-}
-
 TEST_F(DataExchange, SetsATextOnlyWhenItDiffers) {
     CEdit edit;
     CString text("same");
@@ -188,64 +157,6 @@ TEST_F(DataExchange, NotificationsAreIgnoredOnlyMeanwhile) {
     EXPECT_FALSE(Read(TextOfMember(integer)));
     SetText(IDC_TEXT, "typed again");
     EXPECT_EQ(m_dialog.m_changes, 2) << "a refusal ends the exchange too";
-}
-
-TEST_F(DataExchange, ButtonsAndListsShowTheirNumbersOrNothing) {
-    int number = 0;
-    const Exchange radio = [&](CDataExchange* data) { DDX_Radio(data, IDC_RADIO_FIRST, number); };
-    const Exchange check = [&](CDataExchange* data) { DDX_Check(data, IDC_CHECK, number); };
-    const Exchange list = [&](CDataExchange* data) { DDX_CBIndex(data, IDC_LIST, number); };
-    struct Case {
-        const Exchange& exchange;
-        int shown;
-        int read;
-        const char* radios;
-    };
-    const Case cases[] = {
-        {radio, 1, 1, "010"},  {radio, 0, 0, "100"},  {radio, 2, 2, "001"}, {radio, -1, -1, "000"},
-        {radio, 3, -1, "000"}, {check, 1, 1, "000"},  {check, 2, 2, "000"}, {check, 0, 0, "000"},
-        {check, 3, 0, "000"},  {check, -1, 0, "000"}, {list, 1, 1, "000"},  {list, -1, -1, "000"},
-        {list, 1, 1, "000"},   {list, 99, -1, "000"}, {list, 0, 0, "000"},  {list, -7, -1, "000"},
-    };
-    for (const Case& c : cases) {
-        number = c.shown;
-        Show(c.exchange);
-        EXPECT_EQ(Radios(), c.radios);
-        number = 99;
-        Read(c.exchange);
-        EXPECT_EQ(number, c.read);
-        EXPECT_TRUE(&c.exchange == &check || m_dialog.IsDlgButtonChecked(IDC_CHECK) == 0) << "the next group";
-    }
-}
-
-TEST_F(DataExchange, ComboSelectsByPrefixElseShowsTheText) {
-    CString text;
-    const Exchange exchange = [&](CDataExchange* data) { DDX_CBString(data, IDC_COMBO, text); };
-    struct Case {
-        const char* member;
-        const char* shown;
-        LRESULT selection;
-    };
-    const Case cases[] = {
-        {"iec6", "IEC617", 1}, {"IEC", "iec1082", 0}, {"DIN", "DIN", CB_ERR}, {"iec617", "IEC617", 1}, {"", "", CB_ERR},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.member);
-        // A text that is set leaves the selection as it is.
-        m_dialog.SendDlgItemMessage(IDC_COMBO, CB_SETCURSEL, static_cast<WPARAM>(-1));
-        text = c.member;
-        Show(exchange);
-        EXPECT_EQ(Text(IDC_COMBO), c.shown);
-        EXPECT_EQ(::SendMessageA(Item(IDC_COMBO), CB_GETCURSEL, 0, 0), c.selection);
-        Read(exchange);
-        EXPECT_EQ(text, c.shown);
-    }
-}
-
-TEST_F(DataExchange, MissingControlIsReportedAndRefused) {
-    CString text;
-    EXPECT_FALSE(Read([&](CDataExchange* exchange) { DDX_Text(exchange, 12345, text); }));
-    EXPECT_EQ(BoxTexts(), Texts({"Internt fel. (not supported)"}));
 }
 
 }  // namespace

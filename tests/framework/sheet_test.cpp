@@ -90,41 +90,6 @@ TEST_F(Sheet, CreatesPagesWhenShownAndRefreshesOnlyLaterActivations) {
                               "second read", "first active", "first show", "first reset", "second reset"}));
 }
 
-TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
-    m_sheet.AddPage(&m_third);
-    const INT_PTR result = Run({[&] {
-                                    m_sheet.SetActivePage(1);
-                                    m_first.m_acceptsApply = false;
-                                    Press(IDOK);
-                                },
-                                [&] {
-                                    EXPECT_EQ(m_sheet.GetActivePage(), &m_second) << "also when another page refuses";
-                                    m_first.m_acceptsApply = true;
-                                    Trace();
-                                    Press(IDOK);
-                                }});
-    EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(m_third.m_hWnd, nullptr) << "never shown";
-    EXPECT_EQ(Trace(), Texts({"second kill", "second read", "first apply", "second apply"}));
-}
-
-TEST_F(Sheet, RefusalsKeepItOpen) {
-    const INT_PTR result = Run({[&] {
-                                    m_first.m_acceptsApply = false;
-                                    Press(IDOK);
-                                },
-                                [&] {
-                                    m_first.m_acceptsCancel = false;
-                                    Press(IDCANCEL);
-                                },
-                                [&] {
-                                    EXPECT_TRUE(m_sheet.ContinueModal());
-                                    m_first.m_acceptsCancel = true;
-                                    Press(IDCANCEL);
-                                }});
-    EXPECT_EQ(result, IDCANCEL) << "a refused OK leaves no trace in the result";
-}
-
 TEST_F(Sheet, DestroyedByTheHostIsNotAccepted) {
     const auto destroy = [&] { ::DestroyWindow(m_sheet.m_hWnd); };
     m_first.m_acceptsApply = false;
@@ -134,22 +99,6 @@ TEST_F(Sheet, DestroyedByTheHostIsNotAccepted) {
     EXPECT_EQ(Run({[&] { Press(IDOK); }}), -1) << "while a page was asked";
     EXPECT_EQ(m_first.m_hWnd, nullptr);
     EXPECT_TRUE(::IsWindowEnabled(m_host));
-}
-
-TEST_F(Sheet, OwnerIsTheHostsTopLevelWindowAndGetsTheActivationBack) {
-    const HWND child =
-        CreateWindowExA(0, "Static", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, m_host, nullptr, nullptr, nullptr);
-    CPropertySheet sheet("", CWnd::FromHandle(child), 0);
-    sheet.AddPage(&m_first);
-    RunInLoop({[&] {
-        EXPECT_EQ(::GetWindow(sheet.m_hWnd, GW_OWNER), m_host);
-        EXPECT_FALSE(::IsWindowEnabled(m_host));
-        EXPECT_EQ(::GetActiveWindow(), sheet.m_hWnd);
-        sheet.EndDialog(IDCANCEL);
-    }});
-    sheet.DoModal();
-    EXPECT_TRUE(::IsWindowEnabled(m_host));
-    EXPECT_EQ(::GetActiveWindow(), m_host);
 }
 
 TEST_F(Sheet, PagesComeAndGoWhileItRuns) {

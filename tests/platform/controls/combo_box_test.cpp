@@ -65,14 +65,6 @@ TEST_F(ListTest, HasABarOnlyWhenNotAllEntriesFit) {
     EXPECT_EQ(barred.count(kGround, 0, kWidth), 0) << "part of the list is not painted";
 }
 
-TEST_F(ListTest, HoldsDataWhereTheOwnerDrawsWithoutStrings) {
-    HWND list = addList(LBS_OWNERDRAWFIXED, 0);
-    EXPECT_EQ(SendMessageA(list, LB_ADDSTRING, 0, 0x1234), 0);
-    ULONG_PTR data = 0;
-    EXPECT_EQ(SendMessageA(list, LB_GETTEXT, 0, reinterpret_cast<LPARAM>(&data)), LRESULT{sizeof data});
-    EXPECT_EQ(data, ULONG_PTR{0x1234});
-}
-
 using ComboBoxTest = ListTest;
 
 TEST_F(ComboBoxTest, OpensItsListBelowOrAboveAndNoHigherThanItsEntries) {

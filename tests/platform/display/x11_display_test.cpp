@@ -111,20 +111,6 @@ protected:
         return pixel;
     }
 
-    void sendKey(::Window window, KeySym symbol, unsigned state) {
-        for (const int type : {KeyPress, KeyRelease}) {
-            XEvent event{};
-            event.xkey.type = type;
-            event.xkey.window = window;
-            event.xkey.root = DefaultRootWindow(other_);
-            event.xkey.keycode = XKeysymToKeycode(other_, symbol);
-            event.xkey.state = state;
-            event.xkey.same_screen = True;
-            XSendEvent(other_, window, True, KeyPressMask, &event);
-        }
-        XFlush(other_);
-    }
-
     void sendMove(::Window window, POINT at, unsigned state) {
         XEvent event{};
         event.xmotion.type = MotionNotify;
@@ -253,45 +239,6 @@ TEST_F(X11DisplayTest, MovesInARowAreOneUnlessAButtonOrTheWindowChanges) {
     EXPECT_TRUE(pumpUntilEvent("move 1 button 0 at 6,6"));
     EXPECT_EQ(events_, (Events{"move 1 button 0 at 2,2", "move 2 button 0 at 3,3", "move 1 button 0 at 4,4",
                                "move 1 button 0 at 6,6"}));
-}
-
-TEST_F(X11DisplayTest, KeysCarryVirtualKeyTextAndModifiers) {
-    open(1, {0, 0, 100, 100}, "keys");
-    display_->pump(sink_, kPumpMs);
-    const ::Window window = windowTitled("keys");
-    sendKey(window, XK_a, ShiftMask);
-    sendKey(window, XK_a, LockMask);
-    sendKey(window, XK_a, ControlMask);
-    sendKey(window, XK_Delete, 0);
-    sendKey(window, XK_Return, ControlMask);
-    ASSERT_TRUE(pumpUntilEvent("key 0d up ''"));
-    EXPECT_EQ(events_, (Events{"modifiers 04", "key 41 down 'A'", "key 41 up ''", "modifiers 40", "key 41 down 'A'",
-                               "key 41 up ''", "modifiers 08", "key 41 down '\x01'", "key 41 up ''", "modifiers 00",
-                               "key 2e down ''", "key 2e up ''", "modifiers 08", "key 0d down '\n'", "key 0d up ''"}));
-}
-
-TEST_F(X11DisplayTest, CloseButtonAsksAndVanishedWindowIsSurvived) {
-    open(1, {0, 0, 100, 100}, "closing");
-    display_->pump(sink_, kPumpMs);
-    const ::Window window = windowTitled("closing");
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(other_, "WM_PROTOCOLS", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(XInternAtom(other_, "WM_DELETE_WINDOW", False));
-    XSendEvent(other_, window, False, NoEventMask, &event);
-    XFlush(other_);
-    EXPECT_TRUE(pumpUntilEvent("close 1"));
-
-    XDestroyWindow(other_, window);
-    XSync(other_, False);
-    const Surface surface(10, 10);
-    display_->present(windowNumber(1), surface, {0, 0, 10, 10});
-    display_->setRect(windowNumber(1), {5, 5, 50, 50});
-    display_->pump(sink_, 0);
-    display_->destroyWindow(windowNumber(1));
-    EXPECT_EQ(display_->screenSize().cx, DisplayWidth(other_, DefaultScreen(other_)));
 }
 
 TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {

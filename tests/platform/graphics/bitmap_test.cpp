@@ -96,23 +96,3 @@ TEST(Dib, MalformedDataGiveNoBitmap) {
     EXPECT_FALSE(loads([](Dib& dib) { dib.header().biClrUsed = 1; }));
     EXPECT_EQ(platform::bitmapFromPackedDib(nullptr, 100), nullptr);
 }
-
-TEST(Dib, BitsComeBackInTheOrderThatTheHeaderAsksFor) {
-    Canvas canvas(2, 2);
-    canvas.paint({"RB", "KW"});
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    EXPECT_EQ(GetDIBits(canvas, canvas.bitmap(), 0, 0, nullptr, &info, DIB_RGB_COLORS), 2);
-    EXPECT_EQ(info.bmiHeader.biWidth, 2);
-    EXPECT_EQ(info.bmiHeader.biSizeImage, 16u);
-    std::vector<BYTE> bits(16, 0xEE);
-    info.bmiHeader.biBitCount = 24;
-    EXPECT_EQ(GetDIBits(canvas, canvas.bitmap(), 0, 2, bits.data(), &info, DIB_RGB_COLORS), 2);
-    EXPECT_EQ(bits, (std::vector<BYTE>{0, 0, 0, 255, 255, 255, 0, 0, 0, 0, 255, 255, 0, 0, 0, 0}));
-    info.bmiHeader.biHeight = -2;
-    info.bmiHeader.biBitCount = 32;
-    EXPECT_EQ(GetDIBits(canvas, canvas.bitmap(), 0, 1, bits.data(), &info, DIB_RGB_COLORS), 1);
-    EXPECT_EQ(bits[2], 255);
-    EXPECT_EQ(bits[4], 255);
-    EXPECT_EQ(GetDIBits(canvas, canvas.bitmap(), 2, 5, bits.data(), &info, DIB_RGB_COLORS), 0);
-}

@@ -72,25 +72,3 @@ TEST(Region, StaysDisjointAndExactThroughRandomOperations) {
         }
     }
 }
-
-TEST(Region, IntersectsWithARegionOfSeveralParts) {
-    Region holed(RECT{0, 0, 10, 10});
-    holed.subtract({4, 4, 6, 6});
-    Region region(RECT{3, 3, 20, 5});
-    region.intersect(holed);
-    EXPECT_TRUE(region.contains(3, 4));
-    EXPECT_FALSE(region.contains(4, 4));
-    EXPECT_TRUE(region.contains(9, 3));
-    EXPECT_FALSE(region.contains(10, 3));
-    const RECT bounds = region.bounds();
-    EXPECT_EQ(bounds.left, 3);
-    EXPECT_EQ(bounds.right, 10);
-}
-
-TEST(Region, EmptyRectanglesAddNothing) {
-    Region region(RECT{5, 5, 5, 9});
-    EXPECT_TRUE(region.isEmpty());
-    region.add(RECT{9, 9, 3, 12});
-    EXPECT_TRUE(region.isEmpty());
-    EXPECT_FALSE(region.intersects({0, 0, 100, 100}));
-}

@@ -55,28 +55,6 @@ protected:
 
 }  // namespace
 
-TEST_F(Text, DialogFontHasTheFixedDialogUnits) {
-    TEXTMETRICA metrics{};
-    EXPECT_TRUE(GetTextMetricsA(canvas_, &metrics));
-    EXPECT_EQ(metrics.tmHeight, kLine);
-    EXPECT_EQ(metrics.tmAveCharWidth, 6);
-    EXPECT_EQ(metrics.tmAscent + metrics.tmDescent, metrics.tmHeight);
-    EXPECT_EQ(platform::dialogFont(8), platform::dialogFont(8));
-    EXPECT_EQ(GetStockObject(DEFAULT_GUI_FONT), platform::dialogFont(8));
-    LOGFONTA description{};
-    GetObjectA(platform::dialogFont(8), sizeof description, &description);
-    EXPECT_EQ(description.lfHeight, -11);
-    description.lfWeight = FW_BOLD;
-    description.lfHeight = 26;
-    const HFONT large = CreateFontIndirectA(&description);
-    SelectObject(canvas_, large);
-    GetTextMetricsA(canvas_, &metrics);
-    EXPECT_EQ(metrics.tmHeight, 26);
-    EXPECT_EQ(metrics.tmWeight, FW_BOLD);
-    SelectObject(canvas_, platform::dialogFont(8));
-    DeleteObject(large);
-}
-
 TEST_F(Text, ExtentsAddUpAndFit) {
     int fit = -1;
     int extents[5] = {};

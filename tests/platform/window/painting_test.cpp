@@ -17,40 +17,6 @@ COLORREF pixelOf(HWND window, int x, int y) {
     return colour;
 }
 
-TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
-    Scene scene;
-    screen().takePresented(scene.top);
-    RECT painted{};
-    scene.windows.spy().setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
-        if (message != WM_PAINT) {
-            return false;
-        }
-        EXPECT_EQ(scene.second, window);
-        PAINTSTRUCT paint;
-        BeginPaint(window, &paint);
-        painted = paint.rcPaint;
-        EndPaint(window, &paint);
-        result = 0;
-        return true;
-    });
-    const RECT part{3, 4, 13, 9};
-    InvalidateRect(scene.second, &part, TRUE);
-    drainQueue();
-    EXPECT_TRUE(EqualRect(&part, &painted));
-    const RECT shown = screen().takePresented(scene.top);
-    const RECT onTop{13, 44, 23, 49};
-    EXPECT_TRUE(EqualRect(&onTop, &shown));
-}
-
-TEST(Painting, SunkenEdgeIsDrawnAroundTheClientArea) {
-    Scene scene;
-    scene.windows.create("edged", WS_CHILD | WS_VISIBLE, {100, 10, 50, 20}, scene.top, 0, WS_EX_CLIENTEDGE);
-    drainQueue();
-    EXPECT_EQ(GetSysColor(COLOR_3DSHADOW), pixelOf(scene.top, 100, 10));
-    EXPECT_EQ(GetSysColor(COLOR_3DHILIGHT), pixelOf(scene.top, 149, 20));
-    EXPECT_EQ(kWhite, pixelOf(scene.top, 102, 12));
-}
-
 TEST(Caret, IsInvertedPixelsThatPaintingLeavesAlone) {
     Scene scene;
     CreateCaret(scene.first, nullptr, 1, 10);
