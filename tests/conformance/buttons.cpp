@@ -34,8 +34,15 @@ public:
                     static_cast<unsigned>(SendMessageA(button, WM_GETDLGCODE, 0, 0)),
                     GetFocus() == button ? " focus" : "", GetCapture() == button ? " capture" : "");
     }
+    void pressInEveryWay(HWND button) {
+        postClick(button);
+        state("clicked", button);
+        postKey(button, VK_SPACE);
+        state("space", button);
+        SendMessageA(button, BM_CLICK, 0, 0);
+        state("BM_CLICK", button);
+    }
     LoggingParent& parent() { return parent_; }
-    Trace& trace() { return trace_; }
 
 private:
     Trace& trace_;
@@ -51,12 +58,7 @@ void traceClicks(Trace& trace) {
             trace.line("-- %s", notify ? "with BS_NOTIFY" : "plain");
             HWND button = scene.add(kind.style | notify, 10);
             scene.state("fresh", button);
-            postClick(button);
-            scene.state("clicked", button);
-            postKey(button, VK_SPACE);
-            scene.state("space", button);
-            SendMessageA(button, BM_CLICK, 0, 0);
-            scene.state("BM_CLICK", button);
+            scene.pressInEveryWay(button);
             PostMessageA(button, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(5, 5));
             PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
             scene.state("double-clicked", button);
@@ -73,40 +75,34 @@ void traceInterruptedPresses(Trace& trace) {
         trace.line("-- style %#x", static_cast<unsigned>(style));
         ButtonScene scene(trace);
         HWND button = scene.add(style, 10);
-        PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-        scene.state("down", button);
-        PostMessageA(button, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(500, 5));
-        scene.state("dragged off", button);
-        PostMessageA(button, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(6, 5));
-        scene.state("dragged back", button);
-        PostMessageA(button, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(500, 5));
-        PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(500, 5));
-        scene.state("released outside", button);
-
-        PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-        PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(500, 5));
-        scene.state("released outside without a move", button);
-
-        PostMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-        scene.state("down again", button);
+        constexpr LPARAM kInside = MAKELPARAM(5, 5);
+        constexpr LPARAM kOutside = MAKELPARAM(500, 5);
+        const auto post = [&](UINT message, WPARAM wParam, LPARAM lParam, const char* what = nullptr) {
+            PostMessageA(button, message, wParam, lParam);
+            if (what) {
+                scene.state(what, button);
+            }
+        };
+        post(WM_LBUTTONDOWN, MK_LBUTTON, kInside, "down");
+        post(WM_MOUSEMOVE, MK_LBUTTON, kOutside, "dragged off");
+        post(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(6, 5), "dragged back");
+        post(WM_MOUSEMOVE, MK_LBUTTON, kOutside);
+        post(WM_LBUTTONUP, 0, kOutside, "released outside");
+        post(WM_LBUTTONDOWN, MK_LBUTTON, kInside);
+        post(WM_LBUTTONUP, 0, kOutside, "released outside without a move");
+        post(WM_LBUTTONDOWN, MK_LBUTTON, kInside, "down again");
         ReleaseCapture();
         scene.state("capture lost", button);
-
-        PostMessageA(button, WM_KEYDOWN, VK_SPACE, 1);
-        scene.state("space down", button);
+        post(WM_KEYDOWN, VK_SPACE, 1, "space down");
         SetFocus(scene.parent().handle());
         scene.state("focus lost", button);
         SetFocus(button);
-        PostMessageA(button, WM_KEYUP, VK_SPACE, 1);
-        scene.state("space up alone", button);
-
-        PostMessageA(button, WM_KEYDOWN, VK_SPACE, 1);
+        post(WM_KEYUP, VK_SPACE, 1, "space up alone");
+        post(WM_KEYDOWN, VK_SPACE, 1);
         scene.parent().drain();
         postKey(button, VK_RETURN);
         scene.state("another key while space is down", button);
-        PostMessageA(button, WM_KEYUP, VK_SPACE, 1);
-        scene.state("space up", button);
-
+        post(WM_KEYUP, VK_SPACE, 1, "space up");
         SetWindowLongA(button, GWL_STYLE, GetWindowLongA(button, GWL_STYLE) | WS_DISABLED);
         SendMessageA(button, BM_CLICK, 0, 0);
         scene.state("BM_CLICK while disabled", button);
@@ -183,31 +179,23 @@ void traceOwnerDraw(Trace& trace) {
         InvalidateRect(button, nullptr, TRUE);
         UpdateWindow(button);
     };
+    const auto step = [&](const char* what, const auto& action) {
+        trace.line("-- %s", what);
+        action();
+        scene.parent().drain();
+    };
+    const LONG style = GetWindowLongA(button, GWL_STYLE);
     redraw("fresh");
-    trace.line("-- focus");
-    SetFocus(button);
-    scene.parent().drain();
+    step("focus", [=] { SetFocus(button); });
     redraw("redrawn with focus");
-    trace.line("-- space down");
-    PostMessageA(button, WM_KEYDOWN, VK_SPACE, 1);
-    scene.parent().drain();
-    trace.line("-- space up");
-    PostMessageA(button, WM_KEYUP, VK_SPACE, 1);
-    scene.parent().drain();
-    trace.line("-- disabled");
-    EnableWindow(button, FALSE);
-    scene.parent().drain();
+    step("space down", [=] { PostMessageA(button, WM_KEYDOWN, VK_SPACE, 1); });
+    step("space up", [=] { PostMessageA(button, WM_KEYUP, VK_SPACE, 1); });
+    step("disabled", [=] { EnableWindow(button, FALSE); });
     redraw("redrawn disabled");
-    trace.line("-- enabled by its style");
-    SetWindowLongA(button, GWL_STYLE, GetWindowLongA(button, GWL_STYLE) & ~WS_DISABLED);
-    scene.parent().drain();
+    step("enabled by its style", [=] { SetWindowLongA(button, GWL_STYLE, style); });
     redraw("redrawn enabled");
-    trace.line("-- text");
-    SetWindowTextA(button, "Other");
-    scene.parent().drain();
-    trace.line("-- focus away");
-    SetFocus(scene.parent().handle());
-    scene.parent().drain();
+    step("text", [=] { SetWindowTextA(button, "Other"); });
+    step("focus away", [&] { SetFocus(scene.parent().handle()); });
     trace.line("-- hidden");
     ShowWindow(button, SW_HIDE);
     redraw("redrawn hidden");
@@ -223,12 +211,7 @@ void traceMessageOrder(Trace& trace) {
         WindowSpy spy(trace, {}, Detail::Window);
         spy.ignorePainting();
         spy.watch(button);
-        postClick(button);
-        scene.state("clicked", button);
-        postKey(button, VK_SPACE);
-        scene.state("space", button);
-        SendMessageA(button, BM_CLICK, 0, 0);
-        scene.state("BM_CLICK", button);
+        scene.pressInEveryWay(button);
     }
 }
 

@@ -15,21 +15,12 @@ public:
         drain();
     }
 
-    void press(int x) { post(WM_LBUTTONDOWN, MK_LBUTTON, x, kMiddle); }
-    void move(int x, int y = kMiddle) { post(WM_MOUSEMOVE, MK_LBUTTON, x, y); }
-    void release(int x, int y = kMiddle) { post(WM_LBUTTONUP, 0, x, y); }
-    void twice(int x) {
-        press(x);
-        release(x);
-        post(WM_LBUTTONDBLCLK, MK_LBUTTON, x, kMiddle);
-        release(x);
-    }
-    void drag(int from, int to, int y = kMiddle) {
-        press(from);
-        move(from + (to > from ? 3 : -3));
-        move((from + to) / 2, y);
-        move(to, y);
-        release(to, y);
+    HeaderScene& press(int x) { return post(WM_LBUTTONDOWN, MK_LBUTTON, x, kMiddle); }
+    HeaderScene& move(int x, int y = kMiddle) { return post(WM_MOUSEMOVE, MK_LBUTTON, x, y); }
+    HeaderScene& release(int x, int y = kMiddle) { return post(WM_LBUTTONUP, 0, x, y); }
+    HeaderScene& twice(int x) { return press(x).release(x).post(WM_LBUTTONDBLCLK, MK_LBUTTON, x, kMiddle).release(x); }
+    HeaderScene& drag(int from, int to, int y = kMiddle) {
+        return press(from).move(from + (to > from ? 3 : -3)).move((from + to) / 2, y).move(to, y).release(to, y);
     }
     void columns(const char* after) {
         drain();
@@ -47,30 +38,22 @@ public:
 
 private:
     static constexpr int kMiddle = 8;
-    void post(UINT message, WPARAM keys, int x, int y) {
+    HeaderScene& post(UINT message, WPARAM keys, int x, int y) {
         PostMessageA(header(), message, keys, MAKELPARAM(x, y));
         drain();
+        return *this;
     }
 };
 
 void traceClicks(Trace& trace) {
     trace.section("clicks");
     HeaderScene scene(trace);
-    scene.press(30);
-    scene.columns("pressed");
-    scene.release(30);
-    scene.columns("released");
-    scene.press(130);
-    scene.release(30);
-    scene.columns("released on another column");
-    scene.press(130);
-    scene.release(130, 60);
-    scene.columns("released below");
-    scene.twice(130);
-    scene.columns("twice");
-    scene.press(210);
-    scene.release(210);
-    scene.columns("beside all columns");
+    scene.press(30).columns("pressed");
+    scene.release(30).columns("released");
+    scene.press(130).release(30).columns("released on another column");
+    scene.press(130).release(130, 60).columns("released below");
+    scene.twice(130).columns("twice");
+    scene.press(210).release(210).columns("beside all columns");
     PostMessageA(scene.header(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(30, 8));
     PostMessageA(scene.header(), WM_RBUTTONUP, 0, MAKELPARAM(30, 8));
     scene.columns("right button");
@@ -79,46 +62,29 @@ void traceClicks(Trace& trace) {
 void traceDrags(Trace& trace) {
     trace.section("columns dragged");
     HeaderScene scene(trace);
-    scene.drag(120, 20);
-    scene.columns("second before first");
-    scene.drag(10, 150);
-    scene.columns("and back behind it");
-    scene.drag(20, 190);
-    scene.columns("first to the end");
-    scene.drag(150, 5);
-    scene.columns("last to the front");
-    scene.drag(30, 60);
-    scene.columns("within itself");
-    scene.drag(30, 110);
-    scene.columns("to the next one's first half");
-    scene.drag(30, 130, 150);
-    scene.columns("far below");
+    scene.drag(120, 20).columns("second before first");
+    scene.drag(10, 150).columns("and back behind it");
+    scene.drag(20, 190).columns("first to the end");
+    scene.drag(150, 5).columns("last to the front");
+    scene.drag(30, 60).columns("within itself");
+    scene.drag(30, 110).columns("to the next one's first half");
+    scene.drag(30, 130, 150).columns("far below");
     scene.answer(static_cast<UINT>(HDN_ENDDRAG), TRUE);
-    scene.drag(30, 150);
-    scene.columns("refused at the end");
+    scene.drag(30, 150).columns("refused at the end");
     scene.answer(static_cast<UINT>(HDN_BEGINDRAG), TRUE);
-    scene.drag(30, 150);
-    scene.columns("refused at the beginning");
+    scene.drag(30, 150).columns("refused at the beginning");
     scene.clearAnswer();
-    scene.press(30);
-    scene.move(31);
-    scene.release(31);
-    scene.columns("hardly moved");
+    scene.press(30).move(31).release(31).columns("hardly moved");
 }
 
 void traceWidths(Trace& trace) {
     trace.section("widths");
     HeaderScene scene(trace);
-    scene.drag(100, 130);
-    scene.columns("first wider");
-    scene.drag(128, 90);
-    scene.columns("narrower by its right side");
-    scene.drag(91, 10);
-    scene.columns("dragged beyond its left side");
-    scene.drag(14, -30);
-    scene.columns("to nothing");
-    scene.drag(2, 80);
-    scene.columns("and back");
+    scene.drag(100, 130).columns("first wider");
+    scene.drag(128, 90).columns("narrower by its right side");
+    scene.drag(91, 10).columns("dragged beyond its left side");
+    scene.drag(14, -30).columns("to nothing");
+    scene.drag(2, 80).columns("and back");
     RECT before{};
     SendMessageA(scene.header(), HDM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&before));
     scene.twice(before.right);

@@ -25,7 +25,7 @@ public:
     explicit EditScene(Trace& trace) : ListScene(trace, {.exStyle = kChecks, .rows = 20}) { SetFocus(list()); }
 
     HWND edit() const { return reinterpret_cast<HWND>(ask(LVM_GETEDITCONTROL)); }
-    void begin(int index) {
+    EditScene& begin(int index) {
         const bool given = ask(LVM_EDITLABELA, static_cast<WPARAM>(index)) != 0;
         HWND control = edit();
         DWORD from = 0;
@@ -38,10 +38,12 @@ public:
                      : GetFocus() == control ? "with the focus"
                                              : "without the focus",
                      static_cast<unsigned>(from), static_cast<unsigned>(to));
+        return *this;
     }
-    void type(const char* keys) {
+    EditScene& type(const char* keys) {
         typeKeys(edit(), keys);
         drain();
+        return *this;
     }
     void labels(const char* after) {
         state(after);
@@ -59,8 +61,7 @@ void traceLabelEdit(Trace& trace) {
     SetFocus(scene.other());
     scene.begin(1);
     trace.line("code %#x", static_cast<unsigned>(SendMessageA(scene.edit(), WM_GETDLGCODE, 0, 0)));
-    scene.type("Ny{enter}");
-    scene.labels("not stored without an answer");
+    scene.type("Ny{enter}").labels("not stored without an answer");
     scene.answer(static_cast<UINT>(LVN_ENDLABELEDITA), TRUE);
     const struct {
         const char* what;
@@ -79,8 +80,7 @@ void traceLabelEdit(Trace& trace) {
     };
     for (const auto& edit : kEdits) {
         SetFocus(scene.list());
-        scene.begin(edit.row);
-        scene.type(edit.keys);
+        scene.begin(edit.row).type(edit.keys);
         edit.then();
         scene.labels(edit.what);
     }
@@ -93,9 +93,7 @@ void traceLabelEdit(Trace& trace) {
             SendMessageA(scene.edit(), EM_LIMITTEXT, 7, 0);
         }
     });
-    scene.begin(0);
-    scene.type("L\xE5ngtext{enter}");
-    scene.labels("limited");
+    scene.begin(0).type("L\xE5ngtext{enter}").labels("limited");
     scene.begin(0);
     DestroyWindow(scene.list());
     trace.line("destroyed meanwhile, focus %s", GetFocus() == nullptr ? "nowhere" : "somewhere");
@@ -120,13 +118,11 @@ void traceEditOfMovingRow(Trace& trace) {
         scene.hideChanges();
         scene.hide(static_cast<UINT>(LVN_DELETEITEM));
         scene.answer(static_cast<UINT>(LVN_ENDLABELEDITA), TRUE);
-        scene.begin(4);
-        scene.type("Typed");
+        scene.begin(4).type("Typed");
         scene.ask(move.message, move.wParam,
                   move.message == LVM_SORTITEMS ? reinterpret_cast<LPARAM>(&compareBackwards) : 0);
         scene.state("done");
-        scene.type("{enter}");
-        scene.labels("Enter");
+        scene.type("{enter}").labels("Enter");
         trace.line("row 15 \"%s\"", scene.textOf(15).c_str());
     }
 }
@@ -135,22 +131,18 @@ void traceEditByUser(Trace& trace) {
     trace.section("by the user");
     ListScene scene(trace, {.exStyle = kChecks, .rows = 5});
     const auto giveUp = [&] { typeKeys(reinterpret_cast<HWND>(scene.ask(LVM_GETEDITCONTROL)), "{esc}"); };
-    scene.click(scene.labelOf(1));
-    scene.click(scene.labelOf(1));
+    scene.click(scene.labelOf(1)).click(scene.labelOf(1));
     waitForEdit(scene);
     scene.state("slow second click");
     giveUp();
-    scene.click(scene.boxOf(1));
-    scene.state("the box is no label");
-    scene.doubleClick(scene.labelOf(1));
-    scene.state("double click");
+    scene.click(scene.boxOf(1)).state("the box is no label");
+    scene.doubleClick(scene.labelOf(1)).state("double click");
     scene.onNotify([&](const NMHDR& header) {
         if (header.code == static_cast<UINT>(NM_DBLCLK)) {
             scene.ask(LVM_EDITLABELA, 1);
         }
     });
-    scene.doubleClick(scene.labelOf(1));
-    scene.state("edit begun in the double click");
+    scene.doubleClick(scene.labelOf(1)).state("edit begun in the double click");
 }
 
 }  // namespace

@@ -174,11 +174,12 @@ RECT ListScene::cellOf(int index, int column, int part) const {
     return rect;
 }
 
-void ListScene::doubleClick(POINT point) {
+ListScene& ListScene::doubleClick(POINT point) {
     click(point);
     PostMessageA(list_, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
     PostMessageA(list_, WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
     drain();
+    return *this;
 }
 
 void ListScene::state(const char* after) {

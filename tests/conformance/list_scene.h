@@ -48,11 +48,12 @@ public:
     POINT secondOf(int index) const { return at(kFirstWidth + 20, index); }
     POINT besideOf(int index) const { return at(kFirstWidth + kSecondWidth + 10, index); }
     POINT below() const { return {kFirstWidth + 20, 190}; }
-    void click(POINT point) {
+    ListScene& click(POINT point) {
         postClick(list_, point.x, point.y);
         drain();
+        return *this;
     }
-    void doubleClick(POINT point);
+    ListScene& doubleClick(POINT point);
     void drain() { parent_.drain(); }
 
     // One line on the selection, the focus and the first row, then of each row with a state.

@@ -122,8 +122,7 @@ void traceStates(Trace& trace) {
     scene.answer(static_cast<UINT>(LVN_ITEMCHANGING), TRUE);
     scene.setState(1, kBoth | INDEXTOSTATEIMAGEMASK(2), kBoth | LVIS_STATEIMAGEMASK);
     scene.state("refused");
-    scene.click(scene.labelOf(2));
-    scene.state("refused to the mouse");
+    scene.click(scene.labelOf(2)).state("refused to the mouse");
     scene.clearAnswer();
     scene.setState(3, kBoth, kBoth);
     constexpr struct {
@@ -208,11 +207,9 @@ void traceMouse(Trace& trace) {
                 scene.setState(-1, INDEXTOSTATEIMAGEMASK(1), LVIS_STATEIMAGEMASK);
             }
         });
-        scene.click(scene.boxOf(4));
-        scene.state("a click that clears all checks first");
+        scene.click(scene.boxOf(4)).state("a click that clears all checks first");
         scene.answer(static_cast<UINT>(NM_CLICK), TRUE);
-        scene.click(scene.boxOf(4));
-        scene.state("an answered click");
+        scene.click(scene.boxOf(4)).state("an answered click");
     }
 }
 
@@ -321,8 +318,7 @@ void traceHits(Trace& trace) {
     scene.ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
     for (const LONG x : {20, 70, 90}) {
         hit(scene, x, scene.rectOf(1, LVIR_BOUNDS).top + 1);
-        scene.click({x, scene.rectOf(1, LVIR_BOUNDS).top + 1});
-        scene.state("clicked there");
+        scene.click({x, scene.rectOf(1, LVIR_BOUNDS).top + 1}).state("clicked there");
     }
 }
 

@@ -19,25 +19,19 @@ void painting(Stage& stage) {
              {"frame", stage.first, RDW_INVALIDATE | RDW_FRAME},
              {"erase now", stage.first, RDW_INVALIDATE | RDW_ERASE | RDW_ERASENOW},
          }) {
-        stage.step(row.what);
-        RedrawWindow(row.window, nullptr, nullptr, row.flags);
+        stage.step(row.what, [&] { RedrawWindow(row.window, nullptr, nullptr, row.flags); });
         stage.note("-- paint");
     }
-    stage.step("update");
-    InvalidateRect(stage.first, nullptr, FALSE);
+    stage.step("update", [&] { InvalidateRect(stage.first, nullptr, FALSE); });
     UpdateWindow(stage.first);
-    stage.step("nothing to update");
-    UpdateWindow(stage.first);
-    stage.step("validated");
-    InvalidateRect(stage.first, nullptr, TRUE);
+    stage.step("nothing to update", [&] { UpdateWindow(stage.first); });
+    stage.step("validated", [&] { InvalidateRect(stage.first, nullptr, TRUE); });
     ValidateRect(stage.first, nullptr);
-    stage.step("no redraw");
-    SendMessageA(stage.first, WM_SETREDRAW, FALSE, 0);
+    stage.step("no redraw", [&] { SendMessageA(stage.first, WM_SETREDRAW, FALSE, 0); });
     InvalidateRect(stage.first, nullptr, TRUE);
     drainQueue();
     SendMessageA(stage.first, WM_SETREDRAW, TRUE, 0);
-    stage.step("redraw off and on again");
-    InvalidateRect(stage.first, nullptr, TRUE);
+    stage.step("redraw off and on again", [&] { InvalidateRect(stage.first, nullptr, TRUE); });
     SendMessageA(stage.first, WM_SETREDRAW, FALSE, 0);
     SendMessageA(stage.first, WM_SETREDRAW, TRUE, 0);
     stage.step("unpainted answer");
@@ -55,8 +49,7 @@ void paintingOfAClippedParent(Stage& stage) {
     HWND popup = stage.createQuietly("popup", kShownPopup | WS_CLIPCHILDREN, kTopPlace);
     HWND child = stage.createQuietly("child", kShownChild, {10, 10, 50, 20}, popup, 1);
     InvalidateRect(popup, nullptr, TRUE);
-    stage.step("hide child");
-    ShowWindow(child, SW_HIDE);
+    stage.step("hide child", [&] { ShowWindow(child, SW_HIDE); });
     drainQueue();
 }
 

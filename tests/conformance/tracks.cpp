@@ -34,10 +34,17 @@ public:
                     number(ask(TBM_GETRANGEMAX)), number(ask(TBM_GETPAGESIZE)), number(ask(TBM_GETLINESIZE)),
                     GetFocus() == control() ? " focus" : "", GetCapture() == control() ? " capture" : "");
     }
-    void after(const char* what) {
+    TrackStage& after(const char* what) {
         parent().drain();
         trace_.line("%s -> %d%s%s", what, position(), GetFocus() == control() ? " focus" : "",
                     GetCapture() == control() ? " capture" : "");
+        return *this;
+    }
+    template <class Action>
+    void step(const char* what, Action action) {
+        trace_.line("%s", what);
+        action();
+        parent().drain();
     }
 
     int position() const { return number(ask(TBM_GETPOS)); }
@@ -53,8 +60,9 @@ public:
         const POINT middle = {(thumb.left + thumb.right) / 2, (thumb.top + thumb.bottom) / 2};
         return vertical ? POINT{middle.x, middle.y + offset} : POINT{middle.x + offset, middle.y};
     }
-    void mouse(UINT message, POINT point) const {
+    TrackStage& mouse(UINT message, POINT point) {
         PostMessageA(control(), message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(point.x, point.y));
+        return *this;
     }
     void traceDrawing(LRESULT answer) {
         tracesDrawing_ = true;
@@ -178,41 +186,29 @@ void traceDrag(Trace& trace) {
             return kind.style & TBS_VERT ? POINT{start.x + beside, start.y + offset}
                                          : POINT{start.x + offset, start.y + beside};
         };
-        stage.mouse(WM_LBUTTONDOWN, start);
-        stage.after("down");
+        stage.mouse(WM_LBUTTONDOWN, start).after("down");
         for (const int offset : {0, 1, 2, 3, 3, 10, 30, 25, -20, 300, 320, -300, 0}) {
-            stage.mouse(WM_MOUSEMOVE, along(offset));
-            stage.after(("moved by " + std::to_string(offset)).c_str());
+            stage.mouse(WM_MOUSEMOVE, along(offset)).after(("moved by " + std::to_string(offset)).c_str());
         }
-        stage.mouse(WM_MOUSEMOVE, along(15, 200));
-        stage.after("moved far beside");
-        stage.mouse(WM_LBUTTONUP, along(15));
-        stage.after("up");
+        stage.mouse(WM_MOUSEMOVE, along(15, 200)).after("moved far beside");
+        stage.mouse(WM_LBUTTONUP, along(15)).after("up");
 
-        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(4));
-        stage.after("down beside the thumb's middle");
+        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(4)).after("down beside the thumb's middle");
         const POINT edge = stage.besideThumb(7);
-        stage.mouse(WM_MOUSEMOVE, edge);
-        stage.after("moved");
-        stage.mouse(WM_LBUTTONUP, edge);
-        stage.after("up");
+        stage.mouse(WM_MOUSEMOVE, edge).after("moved");
+        stage.mouse(WM_LBUTTONUP, edge).after("up");
 
-        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0));
-        stage.mouse(WM_LBUTTONUP, stage.besideThumb(0));
+        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0)).mouse(WM_LBUTTONUP, stage.besideThumb(0));
         stage.after("pressed without a move");
-        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(20));
-        stage.after("moved without the button");
+        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(20)).after("moved without the button");
 
-        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0));
-        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(-12));
+        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0)).mouse(WM_MOUSEMOVE, stage.besideThumb(-12));
         stage.after("dragged");
         SetCapture(stage.other());
         stage.after("capture taken away");
         ReleaseCapture();
-        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(12));
-        stage.after("moved on");
-        stage.mouse(WM_LBUTTONUP, stage.besideThumb(0));
-        stage.after("up");
+        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(12)).after("moved on");
+        stage.mouse(WM_LBUTTONUP, stage.besideThumb(0)).after("up");
     }
 }
 
@@ -223,26 +219,20 @@ void tracePaging(Trace& trace) {
         stage.ask(TBM_SETPOS, TRUE, 40);
         for (const int offset : {30, -30, 9, -9}) {
             const POINT point = stage.besideThumb(offset);
-            stage.mouse(WM_LBUTTONDOWN, point);
-            stage.after(("down at " + std::to_string(offset)).c_str());
-            stage.mouse(WM_LBUTTONUP, point);
-            stage.after("up");
+            stage.mouse(WM_LBUTTONDOWN, point).after(("down at " + std::to_string(offset)).c_str());
+            stage.mouse(WM_LBUTTONUP, point).after("up");
         }
         const POINT off = kind.style & TBS_VERT ? POINT{1, 90} : POINT{140, 1};
-        stage.mouse(WM_LBUTTONDOWN, off);
-        stage.mouse(WM_LBUTTONUP, off);
-        stage.after("beside the channel");
+        stage.mouse(WM_LBUTTONDOWN, off).mouse(WM_LBUTTONUP, off).after("beside the channel");
 
         stage.ask(TBM_SETPOS, TRUE, 0);
         const POINT beyond = stage.besideThumb(50);
-        stage.mouse(WM_LBUTTONDOWN, beyond);
-        stage.after("held");
+        stage.mouse(WM_LBUTTONDOWN, beyond).after("held");
         for (const int offset : {30, 0, -20, 30}) {
             stage.mouse(WM_MOUSEMOVE, stage.besideThumb(offset));
             stage.after(("moved to " + std::to_string(offset)).c_str());
         }
-        stage.mouse(WM_LBUTTONUP, beyond);
-        stage.after("up");
+        stage.mouse(WM_LBUTTONUP, beyond).after("up");
     }
 }
 
@@ -274,14 +264,10 @@ void traceMessageOrder(Trace& trace) {
     WindowSpy spy(trace, {}, Detail::Window);
     spy.ignorePainting();
     spy.watch(stage.control());
-    stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0));
-    stage.mouse(WM_MOUSEMOVE, stage.besideThumb(20));
-    stage.mouse(WM_LBUTTONUP, stage.besideThumb(20));
-    stage.after("dragged");
+    stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0)).mouse(WM_MOUSEMOVE, stage.besideThumb(20));
+    stage.mouse(WM_LBUTTONUP, stage.besideThumb(20)).after("dragged");
     SetFocus(stage.other());
-    stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(-30));
-    stage.mouse(WM_LBUTTONUP, stage.besideThumb(-30));
-    stage.after("paged");
+    stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(-30)).mouse(WM_LBUTTONUP, stage.besideThumb(-30)).after("paged");
     EnableWindow(stage.control(), FALSE);
     stage.after("disabled");
 }
@@ -299,27 +285,13 @@ void traceCustomDraw(Trace& trace) {
             stage.redraw(("answered " + std::to_string(answer)).c_str());
         }
         stage.traceDrawing(CDRF_NOTIFYITEMDRAW);
-        trace.line("focus");
-        SetFocus(stage.control());
-        stage.parent().drain();
-        trace.line("position");
-        stage.ask(TBM_SETPOS, TRUE, 10);
-        stage.parent().drain();
-        trace.line("down");
-        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0));
-        stage.parent().drain();
-        trace.line("moved");
-        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(5));
-        stage.parent().drain();
-        trace.line("up");
-        stage.mouse(WM_LBUTTONUP, stage.besideThumb(0));
-        stage.parent().drain();
-        trace.line("disabled");
-        EnableWindow(stage.control(), FALSE);
-        stage.parent().drain();
-        trace.line("position, no redraw");
-        stage.ask(TBM_SETPOS, FALSE, 20);
-        stage.parent().drain();
+        stage.step("focus", [&] { SetFocus(stage.control()); });
+        stage.step("position", [&] { stage.ask(TBM_SETPOS, TRUE, 10); });
+        stage.step("down", [&] { stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0)); });
+        stage.step("moved", [&] { stage.mouse(WM_MOUSEMOVE, stage.besideThumb(5)); });
+        stage.step("up", [&] { stage.mouse(WM_LBUTTONUP, stage.besideThumb(0)); });
+        stage.step("disabled", [&] { EnableWindow(stage.control(), FALSE); });
+        stage.step("position, no redraw", [&] { stage.ask(TBM_SETPOS, FALSE, 20); });
     }
 }
 
@@ -332,10 +304,8 @@ void traceLook(Trace& trace) {
         stage.picture("plain");
         SetFocus(stage.control());
         stage.picture("focused");
-        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0));
-        stage.picture("pressed");
-        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(12));
-        stage.picture("dragged");
+        stage.mouse(WM_LBUTTONDOWN, stage.besideThumb(0)).picture("pressed");
+        stage.mouse(WM_MOUSEMOVE, stage.besideThumb(12)).picture("dragged");
         stage.mouse(WM_LBUTTONUP, stage.besideThumb(0));
         stage.parent().drain();
         SetFocus(stage.other());

@@ -26,6 +26,11 @@ public:
         drainQueue();
         spy().line(std::string("-- ") + what);
     }
+    template <class Action>
+    void step(const char* what, Action action) {
+        step(what);
+        action();
+    }
     void previous(HWND window) { note("previous " + name(window)); }
     void state() {
         note("active " + name(GetActiveWindow()) + ", focus " + name(GetFocus()) + ", capture " + name(GetCapture()));

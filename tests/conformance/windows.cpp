@@ -11,14 +11,10 @@ void createAndShow(Stage& stage) {
     for (const DWORD style : kStyles) {
         stage.note("-- style " + std::to_string(style));
         HWND popup = stage.create("popup", style, kTopPlace);
-        stage.step("child");
-        stage.create("child", kShownChild, {10, 10, 50, 20}, popup, 1);
-        stage.step("show");
-        ShowWindow(popup, SW_SHOW);
-        stage.step("hide");
-        ShowWindow(popup, SW_HIDE);
-        stage.step("destroy");
-        DestroyWindow(popup);
+        stage.step("child", [&] { stage.create("child", kShownChild, {10, 10, 50, 20}, popup, 1); });
+        stage.step("show", [&] { ShowWindow(popup, SW_SHOW); });
+        stage.step("hide", [&] { ShowWindow(popup, SW_HIDE); });
+        stage.step("destroy", [&] { DestroyWindow(popup); });
         drainQueue();
     }
 }
@@ -29,21 +25,16 @@ void createChildren(Stage& stage) {
     HWND hidden = stage.create("hidden", WS_CHILD, {10, 40, 50, 20}, stage.top, 2);
     stage.step("quiet child");
     stage.create("quiet", kShownChild, {10, 70, 50, 20}, stage.top, 3, WS_EX_NOPARENTNOTIFY);
-    stage.step("empty child");
-    stage.create("empty", kShownChild, {0, 0, 0, 0}, stage.top, 4);
-    stage.step("show hidden");
-    ShowWindow(hidden, SW_SHOW);
-    stage.step("hide");
-    ShowWindow(hidden, SW_HIDE);
+    stage.step("empty child", [&] { stage.create("empty", kShownChild, {0, 0, 0, 0}, stage.top, 4); });
+    stage.step("show hidden", [&] { ShowWindow(hidden, SW_SHOW); });
+    stage.step("hide", [&] { ShowWindow(hidden, SW_HIDE); });
     stage.step("message-only window");
     HWND quiet = stage.create("quiet", 0, {0, 0, 0, 0}, HWND_MESSAGE);
     stage.note(GetParent(quiet) ? "parent" : "no parent");
     DestroyWindow(quiet);
-    stage.step("refused before it exists");
-    stage.answer(WM_NCCREATE, FALSE);
+    stage.step("refused before it exists", [&] { stage.answer(WM_NCCREATE, FALSE); });
     stage.note(stage.create("nc", kShownChild, {10, 10, 50, 20}, stage.top) ? "made" : "refused");
-    stage.step("refused");
-    stage.answer(WM_CREATE, -1);
+    stage.step("refused", [&] { stage.answer(WM_CREATE, -1); });
     stage.note(stage.create("create", kShownChild, {10, 10, 50, 20}, stage.top) ? "made" : "refused");
 }
 
@@ -56,10 +47,8 @@ void showAFilledWindow(Stage& stage) {
     for (const int command : {SW_SHOW, SW_HIDE, SW_SHOWNA}) {
         ShowWindow(two, command);
     }
-    stage.step("move a child");
-    MoveWindow(two, 10, 50, 60, 20, TRUE);
-    stage.step("show");
-    ShowWindow(popup, SW_SHOWNORMAL);
+    stage.step("move a child", [&] { MoveWindow(two, 10, 50, 60, 20, TRUE); });
+    stage.step("show", [&] { ShowWindow(popup, SW_SHOWNORMAL); });
     stage.note("-- update");
     UpdateWindow(popup);
     stage.step("show again");
@@ -68,28 +57,20 @@ void showAFilledWindow(Stage& stage) {
         ShowWindow(popup, command);
         drainQueue();
     }
-    stage.step("destroy hidden");
-    ShowWindow(popup, SW_HIDE);
+    stage.step("destroy hidden", [&] { ShowWindow(popup, SW_HIDE); });
     DestroyWindow(two);
 }
 
 void moveAndSize(Stage& stage) {
     constexpr UINT kAlone = SWP_NOZORDER | SWP_NOACTIVATE;
     stage.spy().ignorePainting();
-    stage.step("move");
-    SetWindowPos(stage.first, nullptr, 20, 15, 0, 0, SWP_NOSIZE | kAlone);
-    stage.step("size");
-    SetWindowPos(stage.first, nullptr, 0, 0, 60, 25, SWP_NOMOVE | kAlone);
-    stage.step("same place");
-    MoveWindow(stage.first, 20, 15, 60, 25, TRUE);
-    stage.step("order");
-    SetWindowPos(stage.second, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    stage.step("frame");
-    SetWindowPos(stage.second, nullptr, 0, 0, 0, 0, kOnlyFrame);
-    stage.step("move top");
-    MoveWindow(stage.top, 70, 80, 200, 100, TRUE);
-    stage.step("size top");
-    MoveWindow(stage.top, 70, 80, 220, 120, TRUE);
+    stage.step("move", [&] { SetWindowPos(stage.first, nullptr, 20, 15, 0, 0, SWP_NOSIZE | kAlone); });
+    stage.step("size", [&] { SetWindowPos(stage.first, nullptr, 0, 0, 60, 25, SWP_NOMOVE | kAlone); });
+    stage.step("same place", [&] { MoveWindow(stage.first, 20, 15, 60, 25, TRUE); });
+    stage.step("order", [&] { SetWindowPos(stage.second, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE); });
+    stage.step("frame", [&] { SetWindowPos(stage.second, nullptr, 0, 0, 0, 0, kOnlyFrame); });
+    stage.step("move top", [&] { MoveWindow(stage.top, 70, 80, 200, 100, TRUE); });
+    stage.step("size top", [&] { MoveWindow(stage.top, 70, 80, 220, 120, TRUE); });
     stage.step("hide and show by position");
     SetWindowPos(stage.first, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | kAlone | SWP_HIDEWINDOW);
     SetWindowPos(stage.first, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | kAlone | SWP_SHOWWINDOW);
@@ -101,13 +82,11 @@ void focusMoves(Stage& stage) {
         stage.note("-- to " + stage.name(window));
         stage.previous(SetFocus(window));
     }
-    stage.step("redirected while leaving");
-    stage.redirectFocus(stage.second, WM_KILLFOCUS, stage.top);
+    stage.step("redirected while leaving", [&] { stage.redirectFocus(stage.second, WM_KILLFOCUS, stage.top); });
     stage.previous(SetFocus(stage.first));
     stage.clearAnswer();
     stage.state();
-    stage.step("redirected while entering");
-    stage.redirectFocus(stage.second, WM_SETFOCUS, stage.first);
+    stage.step("redirected while entering", [&] { stage.redirectFocus(stage.second, WM_SETFOCUS, stage.first); });
     stage.previous(SetFocus(stage.second));
     stage.clearAnswer();
     stage.state();
@@ -115,26 +94,20 @@ void focusMoves(Stage& stage) {
 
 void focusOfUnfitWindows(Stage& stage) {
     stage.focusQuietly(stage.first);
-    stage.step("disable the focus window");
-    EnableWindow(stage.first, FALSE);
+    stage.step("disable the focus window", [&] { EnableWindow(stage.first, FALSE); });
     stage.state();
-    stage.step("focus a disabled window");
-    SetFocus(stage.first);
+    stage.step("focus a disabled window", [&] { SetFocus(stage.first); });
     stage.state();
     EnableWindow(stage.first, TRUE);
     stage.focusQuietly(stage.first);
-    stage.step("hide the focus window");
-    ShowWindow(stage.first, SW_HIDE);
+    stage.step("hide the focus window", [&] { ShowWindow(stage.first, SW_HIDE); });
     stage.state();
-    stage.step("focus a hidden window");
-    SetFocus(stage.first);
+    stage.step("focus a hidden window", [&] { SetFocus(stage.first); });
     stage.state();
-    stage.step("destroy the focus window");
-    DestroyWindow(stage.first);
+    stage.step("destroy the focus window", [&] { DestroyWindow(stage.first); });
     stage.state();
     stage.focusQuietly(stage.second);
-    stage.step("child of a disabled window");
-    EnableWindow(stage.top, FALSE);
+    stage.step("child of a disabled window", [&] { EnableWindow(stage.top, FALSE); });
     stage.state();
     EnableWindow(stage.top, TRUE);
 }
@@ -145,18 +118,13 @@ void activation(Stage& stage) {
     HWND other = stage.create("other", kShownPopup, {300, 60, 100, 100});
     drainQueue();
     stage.state();
-    stage.step("activate the first");
-    stage.previous(SetActiveWindow(stage.top));
+    stage.step("activate the first", [&] { stage.previous(SetActiveWindow(stage.top)); });
     stage.state();
-    stage.step("focus across");
-    SetFocus(other);
-    stage.step("focus a child across");
-    SetFocus(stage.second);
+    stage.step("focus across", [&] { SetFocus(other); });
+    stage.step("focus a child across", [&] { SetFocus(stage.second); });
     stage.state();
-    stage.step("destroy the inactive one");
-    DestroyWindow(other);
-    stage.step("destroy the active one");
-    DestroyWindow(stage.top);
+    stage.step("destroy the inactive one", [&] { DestroyWindow(other); });
+    stage.step("destroy the active one", [&] { DestroyWindow(stage.top); });
     stage.state();
 }
 
@@ -164,17 +132,13 @@ void modalPopup(Stage& stage) {
     stage.focusQuietly(stage.first);
     stage.step("create owned");
     HWND owned = stage.create("owned", kPopup, {80, 80, 100, 50}, stage.top);
-    stage.step("disable owner");
-    EnableWindow(stage.top, FALSE);
-    stage.step("show owned");
-    ShowWindow(owned, SW_SHOWNORMAL);
+    stage.step("disable owner", [&] { EnableWindow(stage.top, FALSE); });
+    stage.step("show owned", [&] { ShowWindow(owned, SW_SHOWNORMAL); });
     drainQueue();
     stage.note("last popup " + stage.name(GetLastActivePopup(stage.top)));
     stage.state();
-    stage.step("enable owner");
-    EnableWindow(stage.top, TRUE);
-    stage.step("destroy owned");
-    DestroyWindow(owned);
+    stage.step("enable owner", [&] { EnableWindow(stage.top, TRUE); });
+    stage.step("destroy owned", [&] { DestroyWindow(owned); });
     drainQueue();
     stage.state();
     stage.step("hide an active owned window");
@@ -182,16 +146,13 @@ void modalPopup(Stage& stage) {
     ShowWindow(hidden, SW_HIDE);
     drainQueue();
     stage.state();
-    stage.step("show without activation");
-    ShowWindow(hidden, SW_SHOWNA);
+    stage.step("show without activation", [&] { ShowWindow(hidden, SW_SHOWNA); });
     stage.state();
-    stage.step("destroy what a disabled owner owns");
-    SetActiveWindow(hidden);
+    stage.step("destroy what a disabled owner owns", [&] { SetActiveWindow(hidden); });
     EnableWindow(stage.top, FALSE);
     DestroyWindow(hidden);
     stage.state();
-    stage.step("destroy owner");
-    stage.create("last", kPopup, {80, 80, 100, 50}, stage.top);
+    stage.step("destroy owner", [&] { stage.create("last", kPopup, {80, 80, 100, 50}, stage.top); });
     DestroyWindow(stage.top);
 }
 
@@ -222,8 +183,7 @@ void enabling(Stage& stage) {
     for (const BOOL enable : {FALSE, FALSE, TRUE}) {
         stage.note(EnableWindow(stage.first, enable) ? "was disabled" : "was enabled");
     }
-    stage.step("capture and disable");
-    SetCapture(stage.second);
+    stage.step("capture and disable", [&] { SetCapture(stage.second); });
     EnableWindow(stage.second, FALSE);
     stage.state();
 }
@@ -232,13 +192,10 @@ void styleBits(Stage& stage) {
     stage.spy().ignorePainting();
     SetWindowLongPtrA(stage.first, GWL_STYLE, GetWindowLongPtrA(stage.first, GWL_STYLE) | WS_DISABLED);
     stage.note(IsWindowEnabled(stage.first) ? "enabled" : "disabled");
-    stage.step("visible");
-    SetWindowLongPtrA(stage.first, GWL_STYLE, WS_CHILD);
+    stage.step("visible", [&] { SetWindowLongPtrA(stage.first, GWL_STYLE, WS_CHILD); });
     stage.note(IsWindowVisible(stage.first) ? "visible" : "hidden");
-    stage.step("border");
-    SetWindowLongPtrA(stage.first, GWL_STYLE, WS_CHILD | WS_VISIBLE | WS_BORDER);
-    stage.step("frame");
-    SetWindowPos(stage.first, nullptr, 0, 0, 0, 0, kOnlyFrame);
+    stage.step("border", [&] { SetWindowLongPtrA(stage.first, GWL_STYLE, WS_CHILD | WS_VISIBLE | WS_BORDER); });
+    stage.step("frame", [&] { SetWindowPos(stage.first, nullptr, 0, 0, 0, 0, kOnlyFrame); });
     RECT client;
     GetClientRect(stage.first, &client);
     stage.note(std::to_string(client.right) + "x" + std::to_string(client.bottom));
@@ -257,8 +214,7 @@ void styleBits(Stage& stage) {
             stage.note(std::to_string(created) + ", " + std::to_string(GetWindowLongA(window, GWL_EXSTYLE)));
         }
     }
-    stage.step("text");
-    SetWindowTextA(stage.first, "abc");
+    stage.step("text", [&] { SetWindowTextA(stage.first, "abc"); });
     char text[3];
     stage.note(std::to_string(GetWindowTextA(stage.first, text, sizeof text)) + " " + text);
     stage.note(std::to_string(GetWindowTextLengthA(stage.first)));
@@ -271,26 +227,22 @@ void capture(Stage& stage) {
     ReleaseCapture();
     stage.state();
     SetCapture(stage.first);
-    stage.step("hide");
-    ShowWindow(stage.first, SW_HIDE);
+    stage.step("hide", [&] { ShowWindow(stage.first, SW_HIDE); });
     stage.state();
     SetCapture(stage.second);
-    stage.step("destroy");
-    DestroyWindow(stage.second);
+    stage.step("destroy", [&] { DestroyWindow(stage.second); });
     stage.state();
 }
 
 void destroying(Stage& stage) {
     HWND inner = stage.createQuietly("inner", kShownChild, {1, 1, 5, 5}, stage.first, 7);
     stage.focusQuietly(inner);
-    stage.step("a child with the focus inside");
-    DestroyWindow(stage.first);
+    stage.step("a child with the focus inside", [&] { DestroyWindow(stage.first); });
     stage.state();
     stage.createQuietly("inner", kShownChild, {1, 1, 5, 5}, stage.second, 7);
     stage.createQuietly("owned", kPopup, {80, 80, 100, 50}, stage.top);
     stage.focusQuietly(stage.second);
-    stage.step("a tree");
-    DestroyWindow(stage.top);
+    stage.step("a tree", [&] { DestroyWindow(stage.top); });
     stage.note(IsWindow(stage.second) ? "alive" : "gone");
 }
 
@@ -307,15 +259,13 @@ void queueOrder(Stage& stage) {
     peek(stage.second, 0, 0, PM_REMOVE);
     peek(stage.second, WM_USER, WM_APP, PM_REMOVE);
     peek(stage.top, WM_USER, WM_USER, PM_NOREMOVE);
-    stage.step("quit comes after the posted ones");
-    PostQuitMessage(5);
+    stage.step("quit comes after the posted ones", [&] { PostQuitMessage(5); });
     PostMessageA(stage.first, WM_USER, 4, 0);
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         DispatchMessageA(&message);
     }
     stage.note("exit code " + std::to_string(message.wParam));
-    stage.step("dropped with its window");
-    PostMessageA(stage.first, WM_USER, 6, 0);
+    stage.step("dropped with its window", [&] { PostMessageA(stage.first, WM_USER, 6, 0); });
     DestroyWindow(stage.first);
     stage.note(PostMessageA(stage.first, WM_USER, 7, 0) ? "posted" : "refused");
     peek(nullptr, WM_USER, WM_USER, PM_REMOVE);
@@ -327,8 +277,7 @@ void keysThatWerePosted(Stage& stage) {
         postKey(stage.first, key);
         drainQueue();
     }
-    stage.step("with Alt");
-    PostMessageA(stage.first, WM_SYSKEYDOWN, 'X', 0x20000001);
+    stage.step("with Alt", [&] { PostMessageA(stage.first, WM_SYSKEYDOWN, 'X', 0x20000001); });
     PostMessageA(stage.first, WM_SYSCHAR, VK_ESCAPE, 0x20000001);
     for (const char* const modifiers : {"S", "C", "L", "SL", "CL", "N"}) {
         stage.step(modifiers);
