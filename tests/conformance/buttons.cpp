@@ -34,6 +34,11 @@ public:
                     static_cast<unsigned>(SendMessageA(button, WM_GETDLGCODE, 0, 0)),
                     GetFocus() == button ? " focus" : "", GetCapture() == button ? " capture" : "");
     }
+    template <class Action>
+    void step(const char* what, HWND button, Action action) {
+        action();
+        state(what, button);
+    }
     void pressInEveryWay(HWND button) {
         postClick(button);
         state("clicked", button);
@@ -60,10 +65,8 @@ void traceClicks(Trace& trace) {
             scene.state("fresh", button);
             scene.pressInEveryWay(button);
             PostMessageA(button, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(5, 5));
-            PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-            scene.state("double-clicked", button);
-            SetFocus(scene.parent().handle());
-            scene.state("left", button);
+            scene.step("double-clicked", button, [&] { PostMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5)); });
+            scene.step("left", button, [&] { SetFocus(scene.parent().handle()); });
         }
     }
 }
@@ -91,23 +94,18 @@ void traceInterruptedPresses(Trace& trace) {
         post(WM_LBUTTONDOWN, MK_LBUTTON, kInside);
         post(WM_LBUTTONUP, 0, kOutside, "released outside without a move");
         post(WM_LBUTTONDOWN, MK_LBUTTON, kInside, "down again");
-        ReleaseCapture();
-        scene.state("capture lost", button);
+        scene.step("capture lost", button, [&] { ReleaseCapture(); });
         post(WM_KEYDOWN, VK_SPACE, 1, "space down");
-        SetFocus(scene.parent().handle());
-        scene.state("focus lost", button);
+        scene.step("focus lost", button, [&] { SetFocus(scene.parent().handle()); });
         SetFocus(button);
         post(WM_KEYUP, VK_SPACE, 1, "space up alone");
         post(WM_KEYDOWN, VK_SPACE, 1);
         scene.parent().drain();
-        postKey(button, VK_RETURN);
-        scene.state("another key while space is down", button);
+        scene.step("another key while space is down", button, [&] { postKey(button, VK_RETURN); });
         post(WM_KEYUP, VK_SPACE, 1, "space up");
         SetWindowLongA(button, GWL_STYLE, GetWindowLongA(button, GWL_STYLE) | WS_DISABLED);
-        SendMessageA(button, BM_CLICK, 0, 0);
-        scene.state("BM_CLICK while disabled", button);
-        EnableWindow(button, TRUE);
-        scene.state("enabled", button);
+        scene.step("BM_CLICK while disabled", button, [&] { SendMessageA(button, BM_CLICK, 0, 0); });
+        scene.step("enabled", button, [&] { EnableWindow(button, TRUE); });
     }
 }
 
@@ -122,12 +120,9 @@ void traceChecks(Trace& trace) {
                        static_cast<int>(result), static_cast<int>(SendMessageA(button, BM_GETCHECK, 0, 0)),
                        (GetWindowLongA(button, GWL_STYLE) & WS_TABSTOP) != 0);
         }
-        SendMessageA(button, BM_SETSTATE, TRUE, 0);
-        scene.state("BM_SETSTATE on", button);
-        SendMessageA(button, BM_SETSTATE, FALSE, 0);
-        scene.state("BM_SETSTATE off", button);
-        SendMessageA(button, BM_SETSTYLE, BS_AUTORADIOBUTTON, TRUE);
-        scene.state("BM_SETSTYLE", button);
+        scene.step("BM_SETSTATE on", button, [&] { SendMessageA(button, BM_SETSTATE, TRUE, 0); });
+        scene.step("BM_SETSTATE off", button, [&] { SendMessageA(button, BM_SETSTATE, FALSE, 0); });
+        scene.step("BM_SETSTYLE", button, [&] { SendMessageA(button, BM_SETSTYLE, BS_AUTORADIOBUTTON, TRUE); });
         DestroyWindow(button);
     }
 

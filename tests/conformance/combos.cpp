@@ -125,8 +125,7 @@ void traceLists(Trace& trace) {
     }
     trace.section("list keys and mouse");
     ListStage stage(trace, WS_VSCROLL | WS_BORDER);
-    SetFocus(stage.control());
-    stage.state("SetFocus");
+    stage.step("SetFocus", [&] { SetFocus(stage.control()); });
     for (const char* keys : {"{down}", "{down}", "{up}", "{end}", "{up}", "{home}", "{pgdn}", "{pgup}", "c", "a", "a",
                              "z", "q", "{right}", "{left}", "{enter}", "{esc}"}) {
         stage.type(keys);
@@ -151,8 +150,7 @@ void traceLists(Trace& trace) {
         stage.ask(LB_SETCURSEL, static_cast<WPARAM>(-1));
         stage.type(keys);
     }
-    SetFocus(stage.other());
-    stage.state("focus away");
+    stage.step("focus away", [&] { SetFocus(stage.other()); });
 }
 
 void traceStructure(Trace& trace) {
@@ -323,13 +321,11 @@ void traceComboKeys(Trace& trace) {
     for (const ComboKeys& row : kComboKeys) {
         trace.section(row.name);
         ComboStage stage(trace, row.style | WS_VSCROLL);
-        SetFocus(stage.control());
-        stage.state("SetFocus");
+        stage.step("SetFocus", [&] { SetFocus(stage.control()); });
         for (const char* const* keys = row.keys; *keys; ++keys) {
             stage.type(*keys);
         }
-        SetFocus(stage.other());
-        stage.state("focus away");
+        stage.step("focus away", [&] { SetFocus(stage.other()); });
     }
     trace.section("combo typing after a pick and a message");
     for (const MessageStep& step : kStepsAfterPick) {
@@ -414,36 +410,28 @@ void traceComboFocus(Trace& trace) {
     for (const DWORD style : kKinds) {
         trace.section(style == CBS_DROPDOWN ? "combo focus" : "list combo focus");
         ComboStage stage(trace, style | WS_VSCROLL);
-        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
-        stage.state("WM_KILLFOCUS without focus");
+        stage.step("WM_KILLFOCUS without focus", [&] { SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0); });
         SetFocus(stage.control());
         trace.line("focus on item %d", GetFocus() == stage.keyboardTarget());
-        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
-        stage.state("WM_KILLFOCUS direct");
-        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
-        stage.state("WM_KILLFOCUS again");
+        stage.step("WM_KILLFOCUS direct", [&] { SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0); });
+        stage.step("WM_KILLFOCUS again", [&] { SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0); });
         trace.line("focus on item %d", GetFocus() == stage.keyboardTarget());
         SetFocus(stage.other());
         SetFocus(stage.keyboardTarget());
-        stage.ask(CB_SHOWDROPDOWN, TRUE);
-        stage.state("open");
-        SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0);
-        stage.state("WM_KILLFOCUS while open");
+        stage.step("open", [&] { stage.ask(CB_SHOWDROPDOWN, TRUE); });
+        stage.step("WM_KILLFOCUS while open", [&] { SendMessageA(stage.keyboardTarget(), WM_KILLFOCUS, 0, 0); });
         SetFocus(stage.other());
         SetFocus(stage.control());
         stage.ask(CB_SHOWDROPDOWN, TRUE);
         stage.type("{down}");
-        SetFocus(stage.other());
-        stage.state("focus away while open");
+        stage.step("focus away while open", [&] { SetFocus(stage.other()); });
         SetFocus(stage.control());
         stage.run({"WM_KILLFOCUS to the combo", WM_KILLFOCUS, 0, 0, nullptr});
-        EnableWindow(stage.control(), FALSE);
-        stage.state("disabled");
+        stage.step("disabled", [&] { EnableWindow(stage.control(), FALSE); });
         trace.line("item enabled %d", IsWindowEnabled(stage.keyboardTarget()));
         stage.run({"set current disabled", CB_SETCURSEL, 1, 0, nullptr});
         stage.type("x");
-        stage.ask(CB_SHOWDROPDOWN, TRUE);
-        stage.state("opened while disabled");
+        stage.step("opened while disabled", [&] { stage.ask(CB_SHOWDROPDOWN, TRUE); });
         stage.ask(CB_SHOWDROPDOWN, FALSE);
         EnableWindow(stage.control(), TRUE);
         SetFocus(stage.control());
@@ -503,8 +491,7 @@ void traceComboMouse(Trace& trace) {
         }
         stage.ask(CB_SHOWDROPDOWN, FALSE);
         stage.mouse("wheel down closed", stage.control(), WM_MOUSEWHEEL, MAKEWPARAM(0, 0x10000 - 2 * WHEEL_DELTA), 0);
-        SetFocus(stage.other());
-        stage.state("focus away");
+        stage.step("focus away", [&] { SetFocus(stage.other()); });
     }
 }
 

@@ -23,6 +23,11 @@ public:
     // Writes what the control holds, after the step that is named.
     virtual void state(const char* after) const = 0;
     virtual HWND keyboardTarget() const { return control_; }
+    template <class Action>
+    void step(const char* after, Action action) {
+        action();
+        state(after);
+    }
 
     LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageA(control_, message, wParam, lParam);

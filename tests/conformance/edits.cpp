@@ -186,8 +186,7 @@ void traceFocus(Trace& trace) {
     trace.section("focus");
     EditStage stage(trace, ES_AUTOHSCROLL, "text");
     SetFocus(stage.other());
-    SetFocus(stage.control());
-    stage.state("SetFocus");
+    stage.step("SetFocus", [&] { SetFocus(stage.control()); });
     EnableWindow(stage.control(), FALSE);
     trace.line("disabled, focus %s", GetFocus() == stage.control() ? "stays" : "gone");
     stage.type("x");
@@ -197,8 +196,7 @@ void traceFocus(Trace& trace) {
                    GetWindowLongA(stage.control(), GWL_STYLE) | static_cast<LONG>(WS_DISABLED));
     stage.type("y");
     SetFocus(stage.other());
-    SetFocus(stage.control());
-    stage.state("SetFocus on disabled style");
+    stage.step("SetFocus on disabled style", [&] { SetFocus(stage.control()); });
 }
 
 void traceMouse(Trace& trace) {
@@ -226,8 +224,7 @@ void traceMouse(Trace& trace) {
         mouse("second up", WM_LBUTTONUP, 0, index);
     }
     stage.ask(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 8));
-    stage.ask(WM_LBUTTONUP, 0, MAKELPARAM(190, 8));
-    stage.state("click right of the text");
+    stage.step("click right of the text", [&] { stage.ask(WM_LBUTTONUP, 0, MAKELPARAM(190, 8)); });
 }
 
 void traceWidth(Trace& trace) {

@@ -132,8 +132,7 @@ void traceEditByUser(Trace& trace) {
     ListScene scene(trace, {.exStyle = kChecks, .rows = 5});
     const auto giveUp = [&] { typeKeys(reinterpret_cast<HWND>(scene.ask(LVM_GETEDITCONTROL)), "{esc}"); };
     scene.click(scene.labelOf(1)).click(scene.labelOf(1));
-    waitForEdit(scene);
-    scene.state("slow second click");
+    scene.step("slow second click", [&] { waitForEdit(scene); });
     giveUp();
     scene.click(scene.boxOf(1)).state("the box is no label");
     scene.doubleClick(scene.labelOf(1)).state("double click");

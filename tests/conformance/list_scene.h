@@ -35,6 +35,10 @@ public:
     int count() const { return number(ask(LVM_GETITEMCOUNT)); }
     int insertColumn(int index, const char* text, int width);
     int insertRow(int index, const char* text, const char* second = nullptr, LPARAM param = 0);
+    void turnColumnsRound() const {
+        constexpr int kOrder[] = {1, 0};
+        ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
+    }
     BOOL setText(int index, int column, const char* text);
     BOOL setState(int index, UINT state, UINT mask);
     UINT stateOf(int index) const { return static_cast<UINT>(ask(LVM_GETITEMSTATE, wordOf(index), 0xFFFF)); }
@@ -58,6 +62,11 @@ public:
 
     // One line on the selection, the focus and the first row, then of each row with a state.
     void state(const char* after);
+    template <class Action>
+    void step(const char* after, Action action) {
+        action();
+        state(after);
+    }
     // The rows as they are now: texts and parameters.
     void rows() const;
 

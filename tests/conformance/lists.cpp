@@ -72,8 +72,7 @@ void traceItems(Trace& trace) {
     for (const auto& [row, column, text] : kTexts) {
         trace.line("text of %d.%d gives %d", row, column, scene.setText(row, column, text));
     }
-    scene.setState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    scene.state("selected 3");
+    scene.step("selected 3", [&] { scene.setState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED); });
     for (const int index : {1, 2, 99, -1, 0}) {
         trace.line("delete %d gives %d", index, number(scene.ask(LVM_DELETEITEM, static_cast<WPARAM>(index))));
         scene.state("deleted");
@@ -85,8 +84,7 @@ void traceItems(Trace& trace) {
     trace.line("again %d", number(scene.ask(LVM_DELETEALLITEMS)));
     scene.insertRow(0, "Ensam");
     scene.answer(static_cast<UINT>(LVN_DELETEALLITEMS), TRUE);
-    scene.ask(LVM_DELETEALLITEMS);
-    scene.state("empty without a word on each");
+    scene.step("empty without a word on each", [&] { scene.ask(LVM_DELETEALLITEMS); });
 }
 
 void traceStates(Trace& trace) {
@@ -120,8 +118,7 @@ void traceStates(Trace& trace) {
         scene.state(step.what);
     }
     scene.answer(static_cast<UINT>(LVN_ITEMCHANGING), TRUE);
-    scene.setState(1, kBoth | INDEXTOSTATEIMAGEMASK(2), kBoth | LVIS_STATEIMAGEMASK);
-    scene.state("refused");
+    scene.step("refused", [&] { scene.setState(1, kBoth | INDEXTOSTATEIMAGEMASK(2), kBoth | LVIS_STATEIMAGEMASK); });
     scene.click(scene.labelOf(2)).state("refused to the mouse");
     scene.clearAnswer();
     scene.setState(3, kBoth, kBoth);
@@ -157,8 +154,7 @@ void traceSorting(Trace& trace) {
     trace.section("sorting");
     ListScene scene(trace, {.exStyle = kChecks, .rows = 7});
     scene.setState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    scene.setState(4, INDEXTOSTATEIMAGEMASK(2), LVIS_STATEIMAGEMASK);
-    scene.state("before");
+    scene.step("before", [&] { scene.setState(4, INDEXTOSTATEIMAGEMASK(2), LVIS_STATEIMAGEMASK); });
     for (const LPARAM order : {1, 2, 3, 4, 0}) {
         trace.line(
             "order %d gives %d", static_cast<int>(order),
@@ -195,12 +191,9 @@ void traceMouse(Trace& trace) {
         }
         const POINT label = scene.labelOf(2);
         PostMessageA(scene.list(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(label.x, label.y));
-        PostMessageA(scene.list(), WM_RBUTTONUP, 0, MAKELPARAM(label.x, label.y));
-        scene.state("right click");
-        SetFocus(scene.other());
-        scene.state("focus left");
-        SetFocus(scene.list());
-        scene.state("focus back");
+        scene.step("right click", [&] { PostMessageA(scene.list(), WM_RBUTTONUP, 0, MAKELPARAM(label.x, label.y)); });
+        scene.step("focus left", [&] { SetFocus(scene.other()); });
+        scene.step("focus back", [&] { SetFocus(scene.list()); });
         // What the page does: a click on a box leaves just that row checked.
         scene.onNotify([&](const NMHDR& header) {
             if (header.code == static_cast<UINT>(NM_CLICK)) {
@@ -221,8 +214,7 @@ void traceKeys(Trace& trace) {
         SetFocus(scene.list());
         for (const UINT key :
              {VK_DOWN, VK_DOWN, VK_SPACE, VK_SPACE, VK_UP, VK_UP, VK_RIGHT, VK_LEFT, VK_RETURN, VK_DELETE, VK_ESCAPE}) {
-            postKey(scene.list(), key);
-            scene.state("");
+            scene.step("", [&] { postKey(scene.list(), key); });
         }
     }
     trace.section("keys that scroll");
@@ -281,8 +273,7 @@ void traceGeometry(Trace& trace) {
                        select.right < scene.rectOf(2, LVIR_LABEL).right ? "before" : "to");
         };
         all("as made");
-        constexpr int kOrder[] = {1, 0};
-        scene.ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
+        scene.turnColumnsRound();
         all("second column first");
         RECT none = {LVIR_BOUNDS, 0, 0, 0};
         trace.line("of no row %d", number(scene.ask(LVM_GETITEMRECT, 9, reinterpret_cast<LPARAM>(&none))));
@@ -314,8 +305,7 @@ void traceHits(Trace& trace) {
     }
     trace.section("hits in columns that are turned round");
     ListScene scene(trace, {.exStyle = kChecks, .rows = 5});
-    constexpr int kOrder[] = {1, 0};
-    scene.ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
+    scene.turnColumnsRound();
     for (const LONG x : {20, 70, 90}) {
         hit(scene, x, scene.rectOf(1, LVIR_BOUNDS).top + 1);
         scene.click({x, scene.rectOf(1, LVIR_BOUNDS).top + 1}).state("clicked there");
@@ -418,8 +408,7 @@ void traceCustomDraw(Trace& trace) {
     onItem = CDRF_NOTIFYSUBITEMDRAW;
     onSubItem = onPrepaint = CDRF_NOTIFYITEMDRAW;
     SetFocus(scene.list());
-    constexpr int kOrder[] = {1, 0};
-    scene.ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
+    scene.turnColumnsRound();
     InvalidateRect(scene.list(), nullptr, TRUE);
     UpdateWindow(scene.list());
     trace.line("-- one row");

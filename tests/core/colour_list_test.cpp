@@ -3,44 +3,18 @@
 
 #include "pages/textcolor/colour_list.h"
 #include "resources/resource.h"
+#include "tests/support/canvas.h"
 
 namespace {
 
 constexpr int kWidth = 140;
 constexpr RECT kItem = {30, 7, kWidth, 28};  // High enough for pictures of their own size.
-constexpr COLORREF kGround = RGB(1, 2, 3);
-
-// A bitmap to draw on, of the ground's colour.
-class Canvas {
-public:
-    Canvas() {
-        CDC screen;
-        screen.Attach(::GetDC(nullptr));
-        m_context.CreateCompatibleDC(&screen);
-        m_bitmap.CreateCompatibleBitmap(&screen, kWidth, 40);
-        m_former = m_context.SelectObject(m_bitmap.GetSafeHandle());
-        ::ReleaseDC(nullptr, static_cast<HDC>(screen.Detach()));
-        CBrush ground(kGround);
-        const RECT all = {0, 0, kWidth, 40};
-        m_context.FillRect(&all, &ground);
-    }
-    ~Canvas() { m_context.SelectObject(m_former); }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-
-    COLORREF At(int x, int y) const { return ::GetPixel(m_context, x, y); }
-
-    CDC m_context;
-
-private:
-    CBitmap m_bitmap;
-    HGDIOBJ m_former = nullptr;
-};
+constexpr int kHeight = 40;
 
 std::string Difference(const Canvas& a, const Canvas& b) {
-    for (int y = 0; y < 40; ++y) {
+    for (int y = 0; y < kHeight; ++y) {
         for (int x = 0; x < kWidth; ++x) {
-            if (a.At(x, y) != b.At(x, y)) {
+            if (a.at(x, y) != b.at(x, y)) {
                 return "at " + std::to_string(x) + ", " + std::to_string(y);
             }
         }
@@ -76,43 +50,45 @@ TEST(ColourLists, DrawPictureNameAndNumber) {
     LoadColourBitmaps(AfxGetResourceHandle());
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
-        Canvas drawn;
+        const Canvas drawn(kWidth, kHeight);
         DRAWITEMSTRUCT item{};
         item.CtlID = c.list;
         item.itemID = static_cast<UINT>(c.position);
         item.itemState = ODS_SELECTED | ODS_FOCUS;
-        item.hDC = drawn.m_context;
+        item.hDC = drawn;
         item.rcItem = kItem;
         DrawColourItem(item);
 
-        Canvas expected;
+        Canvas expected(kWidth, kHeight);
+        CDC context;
+        context.Attach(expected);
         CBitmap bitmap;
         ASSERT_TRUE(bitmap.LoadBitmap(c.bitmap));
         CDC source;
-        source.CreateCompatibleDC(&expected.m_context);
+        source.CreateCompatibleDC(&context);
         const CSelectObject selected(source, bitmap.GetSafeHandle());
-        expected.m_context.BitBlt(kItem.left + 3, kItem.top + 3, 16, 16, &source, 0, 0, SRCCOPY);
+        context.BitBlt(kItem.left + 3, kItem.top + 3, 16, 16, &source, 0, 0, SRCCOPY);
         if (c.bitmap == IDB_SWATCH) {
             const RECT interior = {kItem.left + 4, kItem.top + 4, kItem.left + 18, kItem.top + 18};
-            CBrush brush(c.interior);
-            expected.m_context.FillRect(&interior, &brush);
+            expected.fill(interior, c.interior);
         }
         // From the context's edge, even over the picture.
-        expected.m_context.TextOut(20, kItem.top + 3, c.label);
+        context.TextOut(20, kItem.top + 3, c.label);
+        context.Detach();
         EXPECT_EQ(Difference(drawn, expected), "");
     }
 }
 
 TEST(ColourLists, DrawNothingForWhatIsNoItem) {
     for (const int position : {-1, 257, 70000}) {
-        Canvas drawn;
+        const Canvas drawn(kWidth, kHeight);
         DRAWITEMSTRUCT item{};
         item.CtlID = IDC_ATTRIBUTE_COLOUR;
         item.itemID = static_cast<UINT>(position);
-        item.hDC = drawn.m_context;
+        item.hDC = drawn;
         item.rcItem = kItem;
         DrawColourItem(item);
-        EXPECT_EQ(Difference(drawn, Canvas()), "") << position;
+        EXPECT_EQ(Difference(drawn, Canvas(kWidth, kHeight)), "") << position;
     }
 }
 

@@ -300,6 +300,30 @@ TEST_F(OddPages, MarkTheSheetModifiedUntilTheyAreApplied) {
         IDCANCEL);
 }
 
+TEST_F(OddPages, CheckNothingOnTheWayToAButtonThatCancels) {
+    for (const char* caption : {"Avbryt", "Cancel"}) {
+        Run(
+            m_sheet,
+            [&] {
+                const HWND button = ::GetDlgItem(m_sheet.m_hWnd, IDCANCEL);
+                Replace(Typed(), ";");
+                SetWindowTextA(button, caption);
+                ::SetFocus(button);
+                EXPECT_TRUE(m_boxes.Take().empty()) << caption;
+                ::SetFocus(Typed());
+                SetWindowTextA(button, "Annat");
+                ::SetFocus(button);
+                EXPECT_EQ(m_boxes.Take().size(), 1U) << "a sheet that runs again checks again";
+                // The focus leaves the field while the sheet is being cancelled.
+                m_page.m_focusAtReset = button;
+                m_sheet.PressButton(PSBTN_CANCEL);
+            },
+            IDCANCEL);
+        EXPECT_TRUE(m_boxes.Take().empty()) << caption;
+        m_page.m_focusAtReset = nullptr;
+    }
+}
+
 TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
     using Leaving = std::function<void()>;
     const auto spoil = [this] {

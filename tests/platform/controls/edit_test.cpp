@@ -13,11 +13,6 @@ protected:
         SendMessageA(edit, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
         return edit;
     }
-    static void type(HWND edit, const char* text) {
-        for (; *text; ++text) {
-            SendMessageA(edit, WM_CHAR, static_cast<BYTE>(*text), 1);
-        }
-    }
 };
 
 TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
@@ -30,19 +25,6 @@ TEST_F(EditTest, ShowsTheSelectionOnlyWithTheFocusUnlessToldOtherwise) {
         SetFocus(edit);
         EXPECT_GT(Painted(edit, kWidth, kHeight).count(highlight, 0, kWidth), 0);
     }
-}
-
-TEST_F(EditTest, RepaintsFromTheTypedCharacterOn) {
-    HWND edit = addEdit(ES_AUTOHSCROLL, "some text");
-    SetFocus(edit);
-    SendMessageA(edit, EM_SETSEL, 7, 7);
-    UpdateWindow(edit);
-    type(edit, "x");
-    const int seventh = LOWORD(SendMessageA(edit, EM_POSFROMCHAR, 6, 0));
-    RECT update{};
-    ASSERT_TRUE(GetUpdateRect(edit, &update, FALSE));
-    EXPECT_GT(update.left, seventh);
-    EXPECT_LT(update.bottom - update.top, kHeight);
 }
 
 }  // namespace

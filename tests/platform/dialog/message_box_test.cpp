@@ -26,6 +26,16 @@ void press(UINT key) {
     PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
 }
 
+TEST(MessageBoxTest, EscapeAndCloseBoxMeanOkWhereThatIsAllThereIs) {
+    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND) { press(VK_ESCAPE); }), IDOK);
+    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND box) { PostMessageA(box, WM_CLOSE, 0, 0); }), IDOK);
+    const auto answerNo = [](HWND) {
+        press(VK_ESCAPE);
+        PostMessageA(GetFocus(), WM_CHAR, 'n', 1);
+    };
+    EXPECT_EQ(runBox(nullptr, "Spara?", MB_YESNO, answerNo), IDNO);
+}
+
 TEST(MessageBoxTest, IconAndTextStandSideBySideAboveTheButtons) {
     RECT text{};
     RECT button{};

@@ -185,22 +185,6 @@ TEST_F(OpenFileTest, TellsWhyAFolderCannotBeOpened) {
                       [](HWND dialog) { EXPECT_EQ(listOf(dialog).listing().rowCount(), 5U); }}));
 }
 
-TEST_F(OpenFileTest, ListIsWalkedByKeys) {
-    EXPECT_TRUE(run({toList(), press(VK_END), press(VK_HOME), press(VK_DOWN), press(VK_RETURN),
-                     [](HWND dialog) { EXPECT_EQ(listOf(dialog).listing().row(0).shown, "inre.tds"); }, press(VK_BACK),
-                     [](HWND dialog) {
-                         EXPECT_EQ(selectedName(dialog), "\xF6mapp");
-                         PostMessageA(GetFocus(), WM_CHAR, 'b', 1);
-                         PostMessageA(GetFocus(), WM_CHAR, 'I', 1);
-                     },
-                     [](HWND dialog) {
-                         EXPECT_EQ(selectedName(dialog), "bit.tds");
-                         EXPECT_EQ(textOf(GetDlgItem(dialog, edt1)), "bit.tds");
-                     },
-                     press(VK_RETURN)}));
-    EXPECT_EQ(file_.data(), folder_ + "/bit.tds");
-}
-
 TEST_F(OpenFileTest, OffersNamesThatBeginWithWhatIsTyped) {
     EXPECT_TRUE(
         run({type("B"),
@@ -242,14 +226,6 @@ TEST_F(OpenFileTest, KeepsEveryControlInsideWhenSmall) {
         }
         EXPECT_LE(bottom, client.bottom);
     }}));
-}
-
-TEST_F(OpenFileTest, RefusesAMissingTemplate) {
-    ofn_.hInstance = GetModuleHandleA(nullptr);
-    ofn_.lpTemplateName = MAKEINTRESOURCEA(4711);
-    ofn_.Flags |= OFN_ENABLETEMPLATE;
-    EXPECT_FALSE(GetOpenFileNameA(&ofn_));
-    EXPECT_EQ(CommDlgExtendedError(), static_cast<DWORD>(CDERR_FINDRESFAILURE));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 using platform::Region;
@@ -65,6 +66,9 @@ TEST(Region, StaysDisjointAndExactThroughRandomOperations) {
                 region.add(rect);
                 grid.set(rect, true);
         }
+        EXPECT_TRUE(std::none_of(region.rects().begin(), region.rects().end(),
+                                 [](const RECT& own) { return IsRectEmpty(&own); }))
+            << "step " << step;
         for (int y = 0; y < kSide; ++y) {
             for (int x = 0; x < kSide; ++x) {
                 ASSERT_EQ(coverOf(region, x, y), grid.at(x, y) ? 1 : 0) << "step " << step << " at " << x << "," << y;

@@ -55,6 +55,14 @@ protected:
 
 }  // namespace
 
+TEST_F(Text, DialogFontHasTheFixedDialogUnits) {
+    TEXTMETRICA metrics{};
+    EXPECT_TRUE(GetTextMetricsA(canvas_, &metrics));
+    EXPECT_EQ(metrics.tmHeight, kLine);
+    EXPECT_EQ(metrics.tmAveCharWidth, 6);
+    EXPECT_EQ(GetStockObject(DEFAULT_GUI_FONT), platform::dialogFont(8));
+}
+
 TEST_F(Text, ExtentsAddUpAndFit) {
     int fit = -1;
     int extents[5] = {};

@@ -75,6 +75,25 @@ TEST(Mouse, CaptureTakesAllEventsWhileItLasts) {
               scene.record([] { screen().injectMouse(InputSink::Mouse::Move, 0, kOnFirst); }, kMouse));
 }
 
+TEST(Mouse, MovesInARowAreOneUnlessAnythingComesBetween) {
+    Scene scene;
+    const HWND other = scene.windows.create("other", WS_POPUP | WS_VISIBLE, {400, 100, 50, 50}, nullptr);
+    drainQueue();
+    const auto move = [](POINT to) { screen().injectMouse(InputSink::Mouse::Move, 0, to); };
+    EXPECT_EQ((Lines{"second WM_MOUSEMOVE 5,5", "other WM_MOUSEMOVE 1,2", "first WM_MOUSEMOVE 5,5",
+                     "first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5", "first WM_MOUSEMOVE 6,5"}),
+              scene.record(
+                  [&] {
+                      for (const POINT to : {kOnTop, kOnFirst, kOnSecond, POINT{401, 102}, kOnFirst}) {
+                          move(to);
+                      }
+                      click(kOnFirst);
+                      move({116, 115});
+                  },
+                  kMouse));
+    DestroyWindow(other);
+}
+
 TEST(Mouse, WheelGoesToTheFocusAndRisesToTheParent) {
     Scene scene;
     SetFocus(scene.second);
@@ -157,6 +176,17 @@ TEST(Keyboard, StateIsThatOfTheMessageBeingHandled) {
     EXPECT_EQ(capsLock, 1);
     EXPECT_GE(GetKeyState(VK_SHIFT), 0);
     EXPECT_EQ(GetKeyState(VK_CAPITAL), 0);
+}
+
+TEST(Keyboard, EveryPressTogglesItsKey) {
+    Scene scene;
+    const auto toggle = [&scene] {
+        scene.record([] { type(VK_F1, ""); }, kKeys);
+        return GetKeyState(VK_F1);
+    };
+    const SHORT once = toggle();
+    EXPECT_EQ(toggle(), 1 - once);
+    EXPECT_EQ(toggle(), once);
 }
 
 TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {

@@ -17,6 +17,31 @@ COLORREF pixelOf(HWND window, int x, int y) {
     return colour;
 }
 
+TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
+    Scene scene;
+    screen().takePresented(scene.top);
+    RECT painted{};
+    scene.windows.spy().setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
+        if (message != WM_PAINT) {
+            return false;
+        }
+        EXPECT_EQ(scene.second, window);
+        PAINTSTRUCT paint;
+        BeginPaint(window, &paint);
+        painted = paint.rcPaint;
+        EndPaint(window, &paint);
+        result = 0;
+        return true;
+    });
+    const RECT part{3, 4, 13, 9};
+    InvalidateRect(scene.second, &part, TRUE);
+    drainQueue();
+    EXPECT_TRUE(EqualRect(&part, &painted));
+    const RECT shown = screen().takePresented(scene.top);
+    const RECT onTop{13, 44, 23, 49};
+    EXPECT_TRUE(EqualRect(&onTop, &shown));
+}
+
 TEST(Caret, IsInvertedPixelsThatPaintingLeavesAlone) {
     Scene scene;
     CreateCaret(scene.first, nullptr, 1, 10);
