@@ -1,5 +1,6 @@
 // The list view's commands on a dialog with a list of 200 rows that behaves as a page's does: a double click on a label
-// begins its edit, a click on a column's head turns the rows round, a box is ticked alone.
+// begins its edit, a click on a column's head turns the rows round, a box is ticked alone. Beside it is a track bar
+// with more positions than pixels.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -35,12 +36,16 @@ expect cell 20 100 0 "mitt"
 drag-header 20 1 1
 drag-header 20 0 0
 expect columns 20 0 1
+drag 21 101
+expect position 21 101
 expect cell 20 0 1 "first"
 expect rows 20 1
 expect row-checked 20 150
 click-row 20 200 label
 click-row 20 1 2
 rename-row 2 0 "x"
+drag 21 301
+drag 20 5
 close
 )";
 
@@ -93,6 +98,7 @@ LRESULT OnNotify(NMHDR& header) {
 INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         Fill(GetDlgItem(dialog, 20));
+        SendDlgItemMessageA(dialog, 21, TBM_SETRANGE, TRUE, MAKELPARAM(0, 300));
     } else if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) {
         EndDialog(dialog, IDCANCEL);
     } else if (message == WM_NOTIFY && wParam == 20) {
@@ -105,6 +111,7 @@ INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
 std::optional<int> RunListDialog(const automation::OpenArguments&) {
     TemplateBuilder dialog(TemplateBuilder::Form::Classic, WS_POPUP | WS_CAPTION, 160, 120, "Lista");
     dialog.add(WC_LISTVIEWA, 20, "", LVS_REPORT | LVS_SINGLESEL | LVS_EDITLABELS | WS_TABSTOP, 5, 5, 110, 90);
+    dialog.add(TRACKBAR_CLASSA, 21, "", TBS_BOTH | TBS_NOTICKS | WS_TABSTOP, 60, 98, 60, 15);
     dialog.add(kButton, IDCANCEL, "Avbryt", WS_TABSTOP, 5, 100);
     return static_cast<int>(DialogBoxIndirectParamA(GetModuleHandleA(nullptr), dialog.get(), nullptr, DialogProc, 0));
 }
@@ -117,13 +124,15 @@ TEST(ListViewCommands, ActOnRowsAndColumnsAndSayWhatIsNotThere) {
     ASSERT_TRUE(scenario.errors.empty()) << scenario.errors.front();
     PlayScenario(scenario, store, RunListDialog, said, {".", false});
     EXPECT_EQ(said.str(),
-              "a.scn:21: expected cell 0 1 \"first\", got \"name 199\"\n"
-              "a.scn:22: expected rows of 20 1, got 200\n"
-              "a.scn:23: expected row 150 checked, got unchecked\n"
-              "a.scn:24: expected a row 200, got 200 of them\n"
-              "a.scn:25: expected a column 2, got 2 of them\n"
-              "a.scn:26: expected control 2 to be a list view, got class Button\n"
-              "10 passed, 6 failed\n");
+              "a.scn:23: expected cell 0 1 \"first\", got \"name 199\"\n"
+              "a.scn:24: expected rows of 20 1, got 200\n"
+              "a.scn:25: expected row 150 checked, got unchecked\n"
+              "a.scn:26: expected a row 200, got 200 of them\n"
+              "a.scn:27: expected a column 2, got 2 of them\n"
+              "a.scn:28: expected control 2 to be a list view, got class Button\n"
+              "a.scn:29: expected a position from 0 to 300, got 301\n"
+              "a.scn:30: expected control 20 to be a track bar, got class SysListView32\n"
+              "11 passed, 8 failed\n");
 }
 
 }  // namespace
