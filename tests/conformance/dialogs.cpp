@@ -46,7 +46,7 @@ TemplateBuilder pageTemplate() {
 // What the dialog procedures of this file are told through the parameter of WM_INITDIALOG.
 struct DialogScript {
     WindowSpy* spy = nullptr;
-    std::string name;
+    std::string name = {};
     BOOL initResult = TRUE;
     int focusOnInit = 0;
     bool withPage = false;
@@ -95,6 +95,21 @@ int idOf(HWND window) {
     return window == nullptr ? 0 : GetDlgCtrlID(window);
 }
 
+bool takesKey(HWND dialog, HWND control, UINT message, WPARAM key) {
+    MSG pressed{control, message, key, message == WM_SYSCHAR ? 0x20000001 : 1, 0, {}};
+    return IsDialogMessageA(dialog, &pressed) != 0;
+}
+
+void destroy(HWND dialog) {
+    DestroyWindow(dialog);
+    drainQueue();
+}
+
+HWND addEdit(HWND owner) {
+    return CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
+                           instance(), nullptr);
+}
+
 // A modeless main dialog for walks and keys.
 HWND createMain(HWND owner, DialogScript& script) {
     const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Extended);
@@ -108,14 +123,10 @@ HWND createMain(HWND owner, DialogScript& script) {
 void traceCreation(Trace& trace) {
     for (const auto form : {TemplateBuilder::Form::Classic, TemplateBuilder::Form::Extended}) {
         trace.section(form == TemplateBuilder::Form::Classic ? "creation, classic" : "creation, extended");
-        const QuietParent ownerWindow(trace);
-        HWND owner = ownerWindow.handle();
+        const QuietParent owner(trace);
         WindowSpy spy(trace);
-        spy.watch(owner);
-        spy.name(owner, "owner");
-        DialogScript script;
-        script.spy = &spy;
-        script.name = "main";
+        spy.watch(owner, "owner");
+        DialogScript script{.spy = &spy, .name = "main"};
         const TemplateBuilder builder = mainTemplate(form);
         HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc,
                                                  reinterpret_cast<LPARAM>(&script));
@@ -126,18 +137,18 @@ void traceCreation(Trace& trace) {
                    static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE)));
         trace.line("focus %d, default %08X", idOf(GetFocus()),
                    static_cast<unsigned>(SendMessageA(dialog, DM_GETDEFID, 0, 0)));
+        const auto traceFocus = [&trace] { trace.line("focus %d", idOf(GetFocus())); };
         ShowWindow(dialog, SW_SHOW);
         drainQueue();
-        trace.line("focus %d", idOf(GetFocus()));
+        traceFocus();
         SetActiveWindow(owner);
-        trace.line("focus %d", idOf(GetFocus()));
+        traceFocus();
         SetActiveWindow(dialog);
-        trace.line("focus %d", idOf(GetFocus()));
+        traceFocus();
         SetFocus(GetDlgItem(dialog, 130));
         SetFocus(dialog);
-        trace.line("focus %d", idOf(GetFocus()));
-        DestroyWindow(dialog);
-        drainQueue();
+        traceFocus();
+        destroy(dialog);
     }
 }
 
@@ -161,16 +172,13 @@ void traceGroups(Trace& trace) {
     }
     trace.line("no tab stop: %d, first of the group %d", idOf(GetNextDlgTabItem(dialog, nullptr, FALSE)),
                idOf(GetNextDlgGroupItem(dialog, nullptr, FALSE)));
-    DestroyWindow(dialog);
-    drainQueue();
+    destroy(dialog);
 }
 
 void traceWalks(Trace& trace) {
     trace.section("walks");
-    const QuietParent ownerWindow(trace);
-    HWND owner = ownerWindow.handle();
-    DialogScript script;
-    script.withPage = true;
+    const QuietParent owner(trace);
+    DialogScript script{.withPage = true};
     HWND dialog = createMain(owner, script);
     for (const int id : {0, 0xFFFF, 101, 111, 112, 113, 120, 130, 140, 141, 142, 1, 2, 150, 300, 301, 302, 303}) {
         HWND from = id == 0 ? nullptr : control(dialog, id);
@@ -188,8 +196,7 @@ void traceWalks(Trace& trace) {
     ShowWindow(page, SW_SHOW);
     EnableWindow(page, FALSE);
     trace.line("page disabled: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
-    DestroyWindow(dialog);
-    drainQueue();
+    destroy(dialog);
 }
 
 struct KeyCase {
@@ -215,10 +222,8 @@ constexpr KeyCase kKeyCases[] = {
 void traceKeys(Trace& trace) {
     trace.section("keys");
     for (const KeyCase& row : kKeyCases) {
-        const QuietParent ownerWindow(trace);
-        HWND owner = ownerWindow.handle();
-        DialogScript script;
-        script.withPage = true;
+        const QuietParent owner(trace);
+        DialogScript script{.withPage = true};
         HWND dialog = createMain(owner, script);
         CheckRadioButton(dialog, 111, 113, 111);
         SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(dialog, row.from)), TRUE);
@@ -227,22 +232,15 @@ void traceKeys(Trace& trace) {
                    row.modifiers);
         {
             WindowSpy spy(trace);
-            spy.name(dialog, "main");
-            spy.watch(dialog);
+            spy.watch(dialog, "main");
             spy.watchChildren(dialog);
-            MSG message{};
-            message.hwnd = GetFocus();
-            message.message = row.message;
-            message.wParam = row.key;
-            message.lParam = row.message == WM_SYSCHAR ? 0x20000001 : 1;
             const HeldKeys held(row.modifiers);
-            const BOOL taken = IsDialogMessageA(dialog, &message);
-            trace.line("taken %d, focus %d, default %d, radios %u%u%u", taken != 0, idOf(GetFocus()),
+            const bool taken = takesKey(dialog, GetFocus(), row.message, row.key);
+            trace.line("taken %d, focus %d, default %d, radios %u%u%u", taken, idOf(GetFocus()),
                        LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IsDlgButtonChecked(dialog, 111),
                        IsDlgButtonChecked(dialog, 112), IsDlgButtonChecked(dialog, 113));
         }
-        DestroyWindow(dialog);
-        drainQueue();
+        destroy(dialog);
     }
 }
 
@@ -264,30 +262,23 @@ void traceUnfitControls(Trace& trace) {
     ShowWindow(dialog, SW_SHOW);
     drainQueue();
     WindowSpy spy(trace);
-    spy.name(dialog, "main");
-    spy.watch(dialog);
-    const auto press = [&](UINT message, WPARAM key, LPARAM lParam, int id = 11) {
+    spy.watch(dialog, "main");
+    const auto press = [&](UINT message, WPARAM key, int id = 11) {
         spy.line("-- key " + std::to_string(key));
-        MSG pressed{};
-        pressed.hwnd = GetDlgItem(dialog, id);
-        pressed.message = message;
-        pressed.wParam = key;
-        pressed.lParam = lParam;
-        IsDialogMessageA(dialog, &pressed);
+        takesKey(dialog, GetDlgItem(dialog, id), message, key);
     };
     for (const char key : {'b', '&', 'd', 'D'}) {
-        press(WM_SYSCHAR, static_cast<WPARAM>(key), 0x20000001);
+        press(WM_SYSCHAR, static_cast<WPARAM>(key));
     }
-    press(WM_KEYDOWN, VK_DOWN, 1, 16);
+    press(WM_KEYDOWN, VK_DOWN, 16);
     SetFocus(dialog);
-    press(WM_KEYDOWN, VK_RETURN, 1);
+    press(WM_KEYDOWN, VK_RETURN);
     DestroyWindow(GetDlgItem(dialog, IDOK));
-    press(WM_KEYDOWN, VK_RETURN, 1);
+    press(WM_KEYDOWN, VK_RETURN);
     SendMessageA(dialog, DM_SETDEFID, 15, 0);
-    press(WM_KEYDOWN, VK_RETURN, 1);
+    press(WM_KEYDOWN, VK_RETURN);
     spy.mute(true);
-    DestroyWindow(dialog);
-    drainQueue();
+    destroy(dialog);
 }
 
 void onInnerCommand(HWND dialog, int id, DialogScript& script) {
@@ -300,11 +291,7 @@ void onInnerCommand(HWND dialog, int id, DialogScript& script) {
 
 void onOuterCommand(HWND dialog, int id, DialogScript& script) {
     if (id == 150) {
-        DialogScript inner;
-        inner.spy = script.spy;
-        inner.name = "inner";
-        inner.onCommand = onInnerCommand;
-        inner.keyOnInit = VK_ESCAPE;
+        DialogScript inner{.spy = script.spy, .name = "inner", .keyOnInit = VK_ESCAPE, .onCommand = onInnerCommand};
         TemplateBuilder builder(TemplateBuilder::Form::Extended, kDialogStyle | DS_CENTER, 100, 60, "Inre");
         builder.add(kButton, IDOK, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP);
         const INT_PTR result =
@@ -320,22 +307,15 @@ void onOuterCommand(HWND dialog, int id, DialogScript& script) {
 
 void traceModal(Trace& trace) {
     trace.section("modal");
-    const QuietParent ownerWindow(trace);
-    HWND owner = ownerWindow.handle();
-    HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
-                                instance(), nullptr);
+    const QuietParent owner(trace);
+    HWND edit = addEdit(owner);
     SetFocus(edit);
     WindowSpy spy(trace);
-    spy.name(owner, "owner");
-    spy.watch(owner);
+    spy.watch(owner, "owner");
     spy.watch(edit);
-    DialogScript outer;
-    outer.spy = &spy;
-    outer.name = "outer";
-    outer.onCommand = onOuterCommand;
-    outer.focusOnInit = 150;
-    outer.initResult = FALSE;
-    spy.setAnswer([owner](HWND window, UINT message, WPARAM, LPARAM dialog, LRESULT&) {
+    DialogScript outer{
+        .spy = &spy, .name = "outer", .initResult = FALSE, .focusOnInit = 150, .onCommand = onOuterCommand};
+    spy.setAnswer([&owner](HWND window, UINT message, WPARAM, LPARAM dialog, LRESULT&) {
         if (window == owner && message == WM_ENTERIDLE) {
             PostMessageA(reinterpret_cast<HWND>(dialog), WM_COMMAND, 150, 0);
         }
@@ -386,16 +366,13 @@ void CALLBACK pressPendingKey(HWND, UINT, UINT_PTR timer, DWORD) {
 }
 
 void traceMessageBoxes(Trace& trace) {
-    const QuietParent ownerWindow(trace);
-    HWND owner = ownerWindow.handle();
-    HWND edit = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, owner, reinterpret_cast<HMENU>(7),
-                                instance(), nullptr);
+    const QuietParent owner(trace);
+    HWND edit = addEdit(owner);
     for (const BoxCase& row : kBoxCases) {
         trace.section(std::string("message box: ") + row.what);
         SetFocus(edit);
         WindowSpy spy(trace, {"#32770"});
-        spy.watch(owner);
-        spy.name(owner, "owner");
+        spy.watch(owner, "owner");
         spy.watch(edit);
         pendingKey = row.key;
         pendingSpy = &spy;

@@ -46,6 +46,7 @@ public:
     LoggingParent& operator=(const LoggingParent&) = delete;
 
     HWND handle() const { return window_; }
+    operator HWND() const { return window_; }
     // A visible child control in the dialog font.
     HWND add(const char* className, const char* text, DWORD style, int id, int x, int y, int width, int height);
     void setHook(Hook hook) { hook_ = std::move(hook); }

@@ -27,6 +27,10 @@ public:
 
     // Watches a window that exists already; watchChildren all that are inside it.
     void watch(HWND window);
+    void watch(HWND window, const std::string& called) {
+        name(window, called);
+        watch(window);
+    }
     void watchChildren(HWND parent);
     // How a window is called in the trace; without a name it is its class and control id.
     void name(HWND window, const std::string& name) { names_[window] = name; }

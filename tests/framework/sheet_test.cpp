@@ -1,0 +1,128 @@
+// The life of a property sheet and its pages: activation, applying, pages that come and go.
+#include <utility>
+
+#include "tests/framework/host_window.h"
+#include "tests/framework/test_resource.h"
+
+namespace {
+
+Texts g_trace;
+
+class TracePage : public CPropertyPage {
+public:
+    explicit TracePage(std::string name) : CPropertyPage(IDD_FIELDS), m_name(std::move(name)) {}
+
+    void DoDataExchange(CDataExchange* exchange) override {
+        Trace(exchange->m_bSaveAndValidate ? "read" : "show");
+        DDX_Text(exchange, IDC_TEXT, m_number);
+    }
+    BOOL OnInitDialog() override {
+        Trace("init");
+        return CPropertyPage::OnInitDialog();
+    }
+    BOOL OnSetActive() override {
+        Trace("active");
+        return CPropertyPage::OnSetActive();
+    }
+    BOOL OnKillActive() override {
+        Trace("kill");
+        return CPropertyPage::OnKillActive();
+    }
+    BOOL OnApply() override {
+        Trace("apply");
+        return m_acceptsApply && CPropertyPage::OnApply();
+    }
+    void OnReset() override { Trace("reset"); }
+
+    int m_number = 1;
+    bool m_acceptsApply = true;
+
+private:
+    void Trace(const char* what) { g_trace.push_back(m_name + " " + what); }
+
+    std::string m_name;
+};
+
+class Sheet : public HostWindow {
+protected:
+    Sheet() {
+        g_trace.clear();
+        m_sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
+        m_sheet.AddPage(&m_first);
+        m_sheet.AddPage(&m_second);
+    }
+
+    Texts Trace() { return std::exchange(g_trace, {}); }
+    void Press(int id) { m_sheet.SendDlgItemMessage(id, BM_CLICK); }
+    INT_PTR Run(std::vector<std::function<void()>> steps) {
+        RunInLoop(std::move(steps));
+        return m_sheet.DoModal();
+    }
+
+    TracePage m_first{"first"};
+    TracePage m_second{"second"};
+    TracePage m_third{"third"};
+    CPropertySheet m_sheet{"Inst\xE4llningar", CWnd::FromHandle(m_host), 0};
+};
+
+TEST_F(Sheet, CreatesPagesWhenShownAndRefreshesOnlyLaterActivations) {
+    Run({[&] {
+             EXPECT_EQ(TextOf(m_sheet.m_hWnd), "Inst\xE4llningar");
+             EXPECT_EQ(Trace(), Texts({"first init", "first show", "first active"}));
+             EXPECT_EQ(m_second.m_hWnd, nullptr);
+             EXPECT_EQ(m_first.GetParent(), &m_sheet);
+             m_sheet.SetActivePage(1);
+         },
+         [&] {
+             EXPECT_EQ(m_sheet.GetActivePage(), &m_second);
+             m_sheet.SetActivePage(&m_first);
+             EXPECT_EQ(m_sheet.GetActiveIndex(), 0);
+             Press(IDCANCEL);
+         }});
+    EXPECT_EQ(Trace(), Texts({"first kill", "first read", "second init", "second show", "second active", "second kill",
+                              "second read", "first active", "first show", "first reset", "second reset"}));
+}
+
+TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
+    m_sheet.AddPage(&m_third);
+    const INT_PTR result = Run({[&] {
+                                    m_sheet.SetActivePage(1);
+                                    m_first.m_acceptsApply = false;
+                                    Press(IDOK);
+                                },
+                                [&] {
+                                    EXPECT_EQ(m_sheet.GetActivePage(), &m_second) << "also when another page refuses";
+                                    m_first.m_acceptsApply = true;
+                                    Trace();
+                                    Press(IDOK);
+                                }});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(m_third.m_hWnd, nullptr) << "never shown";
+    EXPECT_EQ(Trace(), Texts({"second kill", "second read", "first apply", "second apply"}));
+}
+
+TEST_F(Sheet, PagesComeAndGoWhileItRuns) {
+    Run({[&] {
+             m_sheet.AddPage(&m_third);
+             EXPECT_EQ(m_sheet.GetTabControl()->GetItemCount(), 3);
+             EXPECT_TRUE(m_sheet.SetActivePage(&m_third));
+         },
+         [&] {
+             EXPECT_NE(m_third.m_hWnd, nullptr);
+             EXPECT_TRUE(m_sheet.SetActivePage(0));
+             m_sheet.RemovePage(&m_third);
+             EXPECT_EQ(m_sheet.GetTabControl()->GetItemCount(), 2);
+             EXPECT_EQ(m_third.m_hWnd, nullptr);
+             EXPECT_EQ(m_sheet.GetPageIndex(&m_third), -1);
+             m_sheet.RemovePage(&m_third);
+             EXPECT_EQ(m_sheet.GetPageCount(), 2);
+         },
+         [&] {
+             m_sheet.AddPage(&m_third);
+             m_sheet.SetActivePage(2);
+             Press(IDOK);
+         }});
+    EXPECT_EQ(Trace().back(), "third apply");
+}
+
+}  // namespace
