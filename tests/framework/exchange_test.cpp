@@ -9,15 +9,22 @@ namespace {
 using Exchange = std::function<void(CDataExchange*)>;
 
 class FieldsDialog : public CDialog {
+    DECLARE_MESSAGE_MAP()
+
 public:
     void DoDataExchange(CDataExchange* exchange) override {
         if (m_exchange) {
             m_exchange(exchange);
         }
     }
+    void OnTextChange() { ++m_changes; }
 
     Exchange m_exchange;
+    int m_changes = 0;
 };
+BEGIN_MESSAGE_MAP(FieldsDialog, CDialog)
+ON_EN_CHANGE(IDC_TEXT, &FieldsDialog::OnTextChange)
+END_MESSAGE_MAP()
 
 class DataExchange : public HostWindow {
 protected:
@@ -137,6 +144,25 @@ TEST_F(DataExchange, SetsATextOnlyWhenItDiffers) {
     text = "Same";
     EXPECT_EQ(caretAfterShowing(), 0);
     EXPECT_EQ(m_dialog.GetDlgItem(IDC_TEXT), &edit);
+}
+
+TEST_F(DataExchange, NotificationsAreIgnoredOnlyMeanwhile) {
+    CString text("filled");
+    m_dialog.m_changes = 0;
+    Show(TextOfMember(text));
+    EXPECT_EQ(m_dialog.m_changes, 0);
+    SetText(IDC_TEXT, "typed");
+    EXPECT_EQ(m_dialog.m_changes, 1);
+    int integer = 0;
+    EXPECT_FALSE(Read(TextOfMember(integer)));
+    SetText(IDC_TEXT, "typed again");
+    EXPECT_EQ(m_dialog.m_changes, 2) << "a refusal ends the exchange too";
+}
+
+TEST_F(DataExchange, MissingControlIsReportedAndRefused) {
+    CString text;
+    EXPECT_FALSE(Read([&](CDataExchange* exchange) { DDX_Text(exchange, 12345, text); }));
+    EXPECT_EQ(BoxTexts(), Texts({"Internt fel. (not supported)"}));
 }
 
 TEST_F(DataExchange, ListShowsItsNumberOrNothing) {
