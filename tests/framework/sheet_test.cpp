@@ -1,4 +1,5 @@
 // The life of a property sheet and its pages: activation, applying, pages that come and go.
+#include <memory>
 #include <utility>
 
 #include "tests/framework/host_window.h"
@@ -123,6 +124,46 @@ TEST_F(Sheet, PagesComeAndGoWhileItRuns) {
              Press(IDOK);
          }});
     EXPECT_EQ(Trace().back(), "third apply");
+}
+
+TEST_F(Sheet, GrowsInItsPlaceForAnotherRowOfTabs) {
+    std::vector<std::unique_ptr<TracePage>> more;
+    const auto frame = [&] {
+        RECT rect{};
+        ::GetWindowRect(m_sheet.m_hWnd, &rect);
+        return rect;
+    };
+    const auto shownPage = [&] {
+        RECT rect{};
+        ::GetClientRect(m_sheet.GetActivePage()->m_hWnd, &rect);
+        return rect;
+    };
+    RECT opened{};
+    RECT page{};
+    const auto grown = [&] { return frame().bottom - opened.bottom; };
+    Run({[&] {
+             opened = frame();
+             page = shownPage();
+             for (int i = 0; i < 5; ++i) {
+                 m_sheet.AddPage(more.emplace_back(std::make_unique<TracePage>("more")).get());
+             }
+             EXPECT_EQ(m_sheet.GetTabControl()->SendMessage(TCM_GETROWCOUNT), 2);
+             RECT tab{};
+             m_sheet.GetTabControl()->SendMessage(TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
+             EXPECT_EQ(grown(), tab.bottom - tab.top);
+             EXPECT_EQ(frame().left, opened.left);
+             EXPECT_EQ(frame().top, opened.top);
+             const RECT pageNow = shownPage();
+             EXPECT_TRUE(::EqualRect(&pageNow, &page)) << "no part is covered";
+         },
+         [&] {
+             const LONG before = grown();
+             for (const auto& one : more) {
+                 m_sheet.RemovePage(one.get());
+             }
+             EXPECT_EQ(grown(), before) << "the room stays";
+             Press(IDCANCEL);
+         }});
 }
 
 }  // namespace
