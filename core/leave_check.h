@@ -25,6 +25,9 @@ public:
     // Whether that is for the moment only: the field is to be checked before the window is left.
     bool IsCheckPostponed() const;
 
+    // Whether a field is being checked now, and a message box about it may be up.
+    bool IsChecking() const { return m_bChecking; }
+
     // Forces the check of the field that has the focus and gives it the focus back. FALSE when it failed, or when the
     // window is gone: the window is then not to be left.
     BOOL MayLeave();

@@ -74,6 +74,7 @@ ON_CBN_SELENDOK(IDC_DATE_FORMAT, &CAutoText::OnFormatPicked)
 ON_NOTIFY_RANGE(NM_RELEASEDCAPTURE, IDC_SLIDER_X, IDC_SLIDER_Y, &CAutoText::OnSliderReleased)
 ON_WM_HSCROLL()
 ON_WM_VSCROLL()
+ON_MESSAGE(WM_MOUSEACTIVATE, &CAutoText::OnMouseActivate)
 ON_WM_PAINT()
 END_MESSAGE_MAP()
 
@@ -284,6 +285,12 @@ void CAutoText::OnVScroll(UINT code, UINT position, CScrollBar* scrollBar) {
     CDialog::OnVScroll(code, position, scrollBar);
 }
 
+// The box about a wrong height is the parent's, so the system leaves this dialog enabled. A click here must not bring
+// the dialog in front of that box, nor close it behind the box's back.
+LRESULT CAutoText::OnMouseActivate(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    return m_leaveCheck.IsChecking() ? MA_NOACTIVATEANDEAT : Default();
+}
+
 // The frame and the markers are controls, which draw themselves.
 void CAutoText::OnPaint() {
     const CPaintDC context(this);
@@ -302,12 +309,15 @@ BOOL CAutoText::MayClose() {
 }
 
 void CAutoText::OnOK() {
-    if (MayClose()) {
+    if (!m_leaveCheck.IsChecking() && MayClose()) {
         CDialog::OnOK();
     }
 }
 
 void CAutoText::OnCancel() {
+    if (m_leaveCheck.IsChecking()) {
+        return;
+    }
     m_leaveCheck.Cancel();
     CDialog::OnCancel();
 }

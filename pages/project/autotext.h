@@ -44,6 +44,7 @@ protected:
     afx_msg void OnSliderReleased(UINT slider, NMHDR* header, LRESULT* result);
     afx_msg void OnHScroll(UINT code, UINT position, CScrollBar* scrollBar);
     afx_msg void OnVScroll(UINT code, UINT position, CScrollBar* scrollBar);
+    afx_msg LRESULT OnMouseActivate(WPARAM wParam, LPARAM lParam);
     afx_msg void OnPaint();
 
 private:

@@ -14,7 +14,6 @@ namespace platform {
 namespace {
 
 constexpr UINT kDoubleClickMs = 500;
-constexpr LRESULT kNoActivateAndEat = 4;
 // Non-client messages follow the client ones at this distance.
 constexpr UINT kNonClientOffset = WM_MOUSEMOVE - WM_NCMOUSEMOVE;
 
@@ -122,7 +121,7 @@ bool activateByClick(HWND target, HWND top, int hit, UINT message) {
     if (wanted && hit != HTERROR && hit != HTNOWHERE && activeWindow() != top && isAlive(top)) {
         activate(top, ActivationCause::Click);
     }
-    return answer != MA_ACTIVATEANDEAT && answer != kNoActivateAndEat;
+    return answer != MA_ACTIVATEANDEAT && answer != MA_NOACTIVATEANDEAT;
 }
 
 // The rectangle to search starts at the top-level window that the display named, or the one with the capture.
