@@ -34,6 +34,7 @@ TEST_F(ButtonTest, IsNotPressedWhenTheFocusIsTakenBack) {
     SendMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     EXPECT_FALSE(SendMessageA(button, BM_GETSTATE, 0, 0) & BST_PUSHED);
     EXPECT_EQ(GetCapture(), nullptr) << "the next press would be lost";
+    hook_ = nullptr;
 }
 
 TEST_F(ButtonTest, ShowsItsStateInTheMarkAndTheCaption) {
