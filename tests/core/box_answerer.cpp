@@ -16,7 +16,9 @@ std::string TextOf(HWND window) {
 }
 
 BOOL CALLBACK FindBox(HWND window, LPARAM found) {
-    if (IsWindowVisible(window) && IsWindowEnabled(window) && GetDlgItem(window, kBoxTextId) != nullptr) {
+    // A box has one button; other dialogs can be cancelled.
+    if (IsWindowVisible(window) && IsWindowEnabled(window) && GetDlgItem(window, kBoxTextId) != nullptr &&
+        GetDlgItem(window, IDCANCEL) == nullptr) {
         *reinterpret_cast<HWND*>(found) = window;
         return FALSE;
     }

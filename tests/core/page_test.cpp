@@ -510,4 +510,35 @@ TEST_F(Pages, FormsDrawsAMarkerForATextThatIsOn) {
         IDCANCEL);
 }
 
+// The box belongs to the sheet, so the dialog is enabled under it.
+TEST_F(Pages, FormsKeepTheDialogOfAPlacementBehindItsBox) {
+    CForm page;
+    Sheet sheet({&page});
+    sheet.m_nHostMode = 1;
+    sheet.Load({{"AUTO_TIME", "84,56;6;0"}});
+    const auto cancel = [](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0); };
+    const auto leaveWrongHeight = [&] {
+        HWND dialog = GetActiveWindow();
+        HWND heights = ::GetDlgItem(dialog, IDC_TEXT_HEIGHT);
+        Replace(heights, "x");
+        m_boxes.BeforeAnswer([&] {
+            EXPECT_EQ(SendMessageA(dialog, WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATEANDEAT);
+            cancel(dialog);
+            EXPECT_TRUE(IsWindow(dialog));
+        });
+        ::SetFocus(::GetDlgItem(dialog, IDC_TEXT_ANGLE));
+        EXPECT_EQ(m_boxes.Take().size(), 1U);
+        EXPECT_NE(SendMessageA(dialog, WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATEANDEAT);
+        cancel(dialog);
+    };
+    Run(
+        sheet,
+        [&] {
+            m_boxes.WhenIdle(leaveWrongHeight);
+            SendMessageA(Control(page, IDC_TIME_CHANGE), BM_CLICK, 0, 0);
+            sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+}
+
 }  // namespace
