@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "platform/resources/code_page.h"
+#include "platform/resources/regular_file.h"
 
 namespace platform {
 namespace {
@@ -21,8 +22,10 @@ int descriptorOf(HANDLE file) {
     return static_cast<int>(reinterpret_cast<LONG_PTR>(file)) - 1;
 }
 
-int openRegularFile(LPCSTR path) {
-    const int descriptor = open(codePageToUtf8(path).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+}  // namespace
+
+int openRegularFile(const std::string& path) {
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     struct stat status {};
     if (descriptor >= 0 && (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))) {
         close(descriptor);
@@ -32,7 +35,6 @@ int openRegularFile(LPCSTR path) {
     return descriptor;
 }
 
-}  // namespace
 }  // namespace platform
 
 using namespace platform;
@@ -42,7 +44,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, LPVOID, DWORD disposition, 
         SetLastError(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
     }
-    const int descriptor = openRegularFile(path);
+    const int descriptor = openRegularFile(codePageToUtf8(path));
     if (descriptor < 0) {
         SetLastError(errno == ENOENT || errno == ENOTDIR ? ERROR_FILE_NOT_FOUND : ERROR_ACCESS_DENIED);
         return INVALID_HANDLE_VALUE;

@@ -26,10 +26,11 @@ struct Group {
 };
 
 constexpr Group kGroups[] = {
-    {"windows", traceWindows},  {"painting", tracePainting}, {"drawing", traceDrawing}, {"system", traceSystem},
-    {"buttons", traceButtons},  {"tabs", traceTabs},         {"tracks", traceTracks},   {"edits", traceEdits},
-    {"combos", traceCombos},    {"dialogs", traceDialogs},   {"sheets", traceSheets},   {"texts", traceTexts},
-    {"files", traceFileDialog}, {"lists", traceListViews},   {"labels", traceLabels},   {"headers", traceHeaders},
+    {"windows", traceWindows},   {"painting", tracePainting}, {"drawing", traceDrawing}, {"system", traceSystem},
+    {"buttons", traceButtons},   {"tabs", traceTabs},         {"tracks", traceTracks},   {"edits", traceEdits},
+    {"combos", traceCombos},     {"dialogs", traceDialogs},   {"sheets", traceSheets},   {"texts", traceTexts},
+    {"files", traceFileDialog},  {"lists", traceListViews},   {"labels", traceLabels},   {"headers", traceHeaders},
+    {"profiles", traceProfiles},
 };
 
 // Takes the trace line by line. Without expected sums it prints each section and its sum, else what is not as expected.

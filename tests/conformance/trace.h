@@ -129,3 +129,4 @@ void traceFileDialog(Trace& trace);
 void traceListViews(Trace& trace);
 void traceLabels(Trace& trace);
 void traceHeaders(Trace& trace);
+void traceProfiles(Trace& trace);

@@ -1,0 +1,1 @@
+set(ROOM_SOURCES profile_files.cpp profile_text.cpp)
