@@ -113,6 +113,11 @@ void CreateScratchFile(Stage& stage, const Command& command) {
     }
 }
 
+void WriteProfile(Stage& stage, const Command& command) {
+    const auto text = [&](size_t i) { return ExpandText(stage, command.arguments[i].text); };
+    stage.profile.Write(text(0), text(1), text(2), text(3));
+}
+
 void Open(Stage& stage, const Command& command) {
     OpenArguments arguments;
     struct NumberOption {

@@ -8,6 +8,7 @@ namespace automation {
 void Given(Stage& stage, const Command& command);
 void ClearStore(Stage& stage, const Command& command);
 void CreateScratchFile(Stage& stage, const Command& command);
+void WriteProfile(Stage& stage, const Command& command);
 void Open(Stage& stage, const Command& command);
 
 void ClickTab(Stage& stage, const Command& command);

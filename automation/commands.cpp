@@ -16,6 +16,7 @@ constexpr CommandRow kCommands[] = {
     {"given", "kt", When::BetweenRuns, Kind::Action, Given},
     {"clear", "", When::BetweenRuns, Kind::Action, ClearStore},
     {"file", "tt", When::Always, Kind::Action, CreateScratchFile},
+    {"profile", "tttt", When::BetweenRuns, Kind::Action, WriteProfile},
     {"open", "o*", When::BetweenRuns, Kind::Action, Open},
 
     {"tab", "t", When::DuringRun, Kind::Action, ClickTab},

@@ -201,6 +201,7 @@ void Player::CloseSheet() {
 void Player::GiveUp() {
     m_out << m_fileName << ": the sheet cannot be closed\n";
     PrintTotals();
+    m_stage.profile.Restore();
     std::_Exit(kExitCannotClose);
 }
 

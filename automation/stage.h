@@ -9,6 +9,7 @@
 
 #include "automation/host_access.h"
 #include "automation/input.h"
+#include "automation/profile.h"
 #include "automation/scenario.h"
 
 namespace automation {
@@ -21,6 +22,7 @@ struct Stage {
     std::optional<OpenArguments> opening{};  // set by `open`: the player is to start a run
     std::optional<int> lastResult{};         // of the last run
     std::string snapshotAtOpen{};            // the store's bytes when the last run began
+    ProfileValues profile{};                 // what `profile` has written
     std::time_t began = std::time(nullptr);
 };
 

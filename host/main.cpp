@@ -83,6 +83,7 @@ std::vector<automation::Scenario> Host::ReadScenarios() const {
 
 ExitStatus Host::PlayScenarios(const std::vector<automation::Scenario>& scenarios) {
     const automation::ScratchFolder scratch;
+    UseProfileFolder(scratch.Path());
     ScenarioStore store(m_store);
     const automation::OpenFunction open = [&](const automation::OpenArguments& arguments) -> std::optional<int> {
         if (arguments.readOnly) {

@@ -182,6 +182,10 @@ ExportFunction BindExport() {
     return reinterpret_cast<ExportFunction>(reinterpret_cast<void*>(function));
 }
 
+void UseProfileFolder(const std::filesystem::path& /*folder*/) {
+    // The Windows folder is the only one.
+}
+
 bool ChooseDisplay(Display /*display*/) {
     return true;
 }
@@ -198,6 +202,10 @@ void UseUtf8Console() {
 
 ExportFunction BindExport() {
     return Tavrikconfig;
+}
+
+void UseProfileFolder(const std::filesystem::path& folder) {
+    setenv("TAVRIK_PROFILE_DIR", folder.c_str(), 1);
 }
 
 bool ChooseDisplay(Display display) {

@@ -41,6 +41,9 @@ enum class Display {
     Memory,          // where the system offers it
 };
 
+// Makes profile files that are named without a folder lie in this one, where the system leaves it to the program.
+void UseProfileFolder(const std::filesystem::path& folder);
+
 // Selects where windows appear, before the first one. False when there is no such display.
 bool ChooseDisplay(Display display);
 

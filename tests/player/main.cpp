@@ -66,6 +66,7 @@ int Play(const Options& options) {
     }
     EmptyTheClipboard();
     const automation::ScratchFolder scratch;
+    host::UseProfileFolder(scratch.Path());
     CMdb store;
     host::ScenarioStore access(store);
     const automation::OpenFunction open = [&](const automation::OpenArguments& a) -> std::optional<int> {

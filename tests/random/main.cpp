@@ -67,6 +67,7 @@ public:
         if (!host::ChooseDisplay(host::Display::Memory)) {
             throw std::runtime_error("there is no display");
         }
+        host::UseProfileFolder(m_scratch.Path());
     }
 
     void PlaySeed(std::uint32_t seed);
