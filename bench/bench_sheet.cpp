@@ -175,6 +175,7 @@ void Activate(benchmark::State& state, WPARAM page) {
 
 constexpr WPARAM kTextsPage = 2;
 constexpr WPARAM kFormsPage = 4;
+constexpr WPARAM kConnectPage = 6;
 constexpr int kColourList = 1057;
 
 // With three lists of colours, which are filled anew each time.
@@ -211,6 +212,52 @@ void OpenColourList(benchmark::State& state) {
     });
 }
 BENCHMARK(OpenColourList)->Unit(benchmark::kMicrosecond);
+
+constexpr int kComments = 2042;
+
+// Of the table of 255 comments, to its first paint.
+void ShowConnectPage(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    SetSetting(&store, "NORV_LEVEL", "3");
+    g_keyState = &state;
+    while (state.KeepRunning()) {
+        Open(store, [](HWND sheet) {
+            const Clock::time_point start = Clock::now();
+            SendMessageA(sheet, PSM_SETCURSEL, kConnectPage, 0);
+            RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+            g_keyState->SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+            if (FindControl(sheet, kComments) == nullptr) {
+                g_keyState->SkipWithError("There is no table of comments");
+            }
+            Press(sheet, IDCANCEL);
+        });
+    }
+}
+BENCHMARK(ShowConnectPage)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+// From the click on a heading to the painted list, sorted by the names.
+void SortComments(benchmark::State& state) {
+    CMdb store;
+    Fill(store);
+    SetSetting(&store, "NORV_LEVEL", "3");
+    g_keyState = &state;
+    Open(store, [](HWND sheet) {
+        SendMessageA(sheet, PSM_SETCURSEL, kConnectPage, 0);
+        HWND list = FindControl(sheet, kComments);
+        HWND header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+        RECT head{};
+        SendMessageA(header, HDM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&head));
+        const LPARAM point = MAKELPARAM((head.left + head.right) / 2, (head.top + head.bottom) / 2);
+        for (auto _ : *g_keyState) {
+            SendMessageA(header, WM_LBUTTONDOWN, MK_LBUTTON, point);
+            SendMessageA(header, WM_LBUTTONUP, 0, point);
+            RedrawWindow(sheet, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        }
+        Press(sheet, IDCANCEL);
+    });
+}
+BENCHMARK(SortComments)->Unit(benchmark::kMicrosecond);
 
 constexpr int kDateChange = 1078;
 constexpr int kSliderX = 1114;

@@ -61,6 +61,15 @@ void projdescr::AddLoadedPage(CSettingsPage& page) {
     AddPage(&page);
 }
 
+void projdescr::LoadConnectPage() {
+    m_pageConnect.m_pWorkSettings = &m_workSettings;
+    m_pageConnect.m_bEditable = m_bEditable;
+    m_pageConnect.LoadSettings(m_pHostSettings);
+    if (m_pageCrossRef.m_bConnectActive != 0) {
+        AddPage(&m_pageConnect);
+    }
+}
+
 INT_PTR projdescr::DoModal() {
     m_psh.dwFlags |= PSH_NOAPPLYNOW;
     // What an earlier run of the same sheet added.
@@ -77,6 +86,7 @@ INT_PTR projdescr::DoModal() {
         AddLoadedPage(m_pageCrossRef);
         m_nBetPrefix = GetSettingNumber(m_pHostSettings, kKeyBetPrefix);
         m_nCoordBet = GetSettingNumber(m_pHostSettings, kKeyCoordBet);
+        LoadConnectPage();
     }
     m_nDrwMode = GetSettingNumber(m_pHostSettings, kKeyDrwMode);
     return CPropertySheet::DoModal();

@@ -3,6 +3,7 @@
 
 #include "core/settings_sheet.h"
 #include "pages/circuit/dlgcircuit.h"
+#include "pages/circuit/dlgconnect.h"
 #include "pages/circuit/dlgcrossref.h"
 #include "pages/circuit/dlgextern.h"
 #include "pages/project/dlgprojdef.h"
@@ -31,8 +32,10 @@ protected:
 private:
     void BorrowApplicationName();
     void AddLoadedPage(CSettingsPage& page);
+    void LoadConnectPage();
 
     CTextColor m_pageTextColor;
+    dlgconnect m_pageConnect;
     CForm m_pageForm;
     dlgcircuit m_pageCircuit;
     dlgcrossref m_pageCrossRef;

@@ -15,7 +15,9 @@ constexpr const char* kKeys[] = {
     "100_COLOUR",     "BET_HGT",         "TERM_BET1HGT",    "ASSEMBLY_TXTHGT",  "ASSMBLY_TXTHGT",   "COLOR_INTERACT",
     "BROKEN_PART",    "CABLE_BALLOON_H", "TERMINAL_HEIGHT", "TERMINAL_WIDTH",   "TERM_X_HOR",       "ASSMBLY_SCALE",
     "NVST_HEAD4",     "NVST_FORM3",      "AUTO_DATE",       "AUTO_TIME",        "DWG_TEXT",         "FORM_SIZE",
-    "DWG_PATH",       "XREF_FORMAT",     "CROSS_PREFIX",    "TBL_TYPE",         "SIGNAL_ONLY"};
+    "DWG_PATH",       "XREF_FORMAT",     "CROSS_PREFIX",    "TBL_TYPE",         "SIGNAL_ONLY",      "WHCOLC5",
+    "WHCOLCDEF",      "WHSORT",          "WH1COLUMN",       "WHFBTYPE",         "WHYDELTA",         "WHCNL",
+    "WHEXTSREF",      "NUMBER_OFFSET"};
 // None begins with a letter outside ASCII: where those stand in a sorted list depends on the desktop's language.
 constexpr const char* kValues[] = {"",
                                    "0",

@@ -24,7 +24,7 @@ constexpr DWORD kCheckBox = BS_AUTOCHECKBOX;
 constexpr DWORD kRadio = BS_AUTORADIOBUTTON;
 
 // Their users know them by this order of the keyboard.
-constexpr WORD kGivenOrder[] = {IDD_AUTO_TEXT, IDD_CROSS_REFERENCE, IDD_TEXTS_AND_COLOURS};
+constexpr WORD kGivenOrder[] = {IDD_AUTO_TEXT, IDD_CONNECTION, IDD_CROSS_REFERENCE, IDD_TEXTS_AND_COLOURS};
 
 // Of 120 by 90 units.
 constexpr TemplateItem kSound[] = {
