@@ -92,6 +92,14 @@ INT_PTR projdescr::DoModal() {
     return CPropertySheet::DoModal();
 }
 
+void projdescr::ShowConnectionPage(bool isShown) {
+    if (isShown) {
+        AddPage(&m_pageConnect);
+    } else {
+        RemovePage(&m_pageConnect);
+    }
+}
+
 BOOL projdescr::OnInitDialog() {
     const BOOL result = CPropertySheet::OnInitDialog();
     // The system's sheet always has both buttons.

@@ -25,6 +25,8 @@ public:
     INT_PTR DoModal() override;
     BOOL OnInitDialog() override;
 
+    void ShowConnectionPage(bool isShown) override;
+
 protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     afx_msg int OnCreate(LPCREATESTRUCT createStruct);
