@@ -2,8 +2,8 @@
 #include "pages/circuit/comment_order.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "core/letters.h"
 #include "core/numbers.h"
 
 std::array<int, kCommentColumns> g_commentColumnOrder = {kColourColumn, kCommentColumn};
@@ -14,18 +14,6 @@ namespace {
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-// Of code page 1252, whatever the host's locale.
-bool IsLetter(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    }
-    if (byte >= 0xC0) {
-        return byte != 0xD7 && byte != 0xF7;
-    }
-    return std::strchr("\x83\x8A\x8C\x8E\x9A\x9C\x9E\x9F\xAA\xB5\xBA", c) != nullptr;
 }
 
 bool BeginsWithLetterOrDigit(LPCSTR text) {
@@ -64,8 +52,8 @@ bool IsDefaultName(LPCSTR text) {
     return text[0] == 'c' && IsDigit(text[1]);
 }
 
-// Never 0, not even for equal numbers: two names of one number, such as "c5" and "c05", have no order of their own. A
-// sort leaves them as its steps happen to meet them, and lists have always looked so.
+// Never 0, not even for equal numbers: two names of one number, such as "c5" and "c05", have no order of their own, and
+// a sort leaves them as its steps happen to meet them. That is on purpose.
 int CompareDefaultNumbers(LPCSTR first, LPCSTR second) {
     return LeadingInteger(first + 1) >= LeadingInteger(second + 1) ? 1 : -1;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "core/field_messages.h"
+#include "core/letters.h"
 #include "core/setting_keys.h"
 #include "pages/circuit/reference_format.h"
 #include "resources/resource.h"
@@ -73,7 +74,7 @@ constexpr char kParts[] = "PCR";
 
 bool IsRefusedChar(char character) {
     const bool isDigit = character >= '0' && character <= '9';
-    return (isDigit || IsFormatLetter(character)) && std::strchr(kParts, character) == nullptr;
+    return (isDigit || IsLetter(character)) && std::strchr(kParts, character) == nullptr;
 }
 
 }  // namespace

@@ -7,8 +7,6 @@
 // The most characters that the page shows.
 constexpr int kShownFormatLength = 6;
 
-bool IsFormatLetter(char character);
-
 // Without any mark, wherever it stands.
 CString ShownFormat(const CString& stored);
 // With a mark before every letter, also before those that mean nothing.
