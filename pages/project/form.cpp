@@ -14,11 +14,11 @@
 
 struct CForm::GridField {
     UINT control;
-    LPCSTR key;
-    CString CForm::*member;
     // The name of the grid's column, and the sheet size of its row.
     UINT column;
     LPCSTR size;
+    LPCSTR key;
+    CString CForm::*member;
     // The text that is emptied when the key is missing.
     CString CForm::*missing = member;
 };
@@ -52,22 +52,22 @@ constexpr LPCSTR kFormSizeKey = "FORM_SIZE";
 // In the order of loading. Two are crossed: the A4 fields empty the A3 text when their key is missing. The A3 key,
 // which is read next, sets it anyway.
 constexpr CForm::GridField kGrid[] = {
-    {IDC_HEAD_A4, "NVST_HEAD4", &CForm::m_strHeadA4, IDS_TITLE_BLOCK, "A4", &CForm::m_strHeadA3},
-    {IDC_HEAD_A3, "NVST_HEAD3", &CForm::m_strHeadA3, IDS_TITLE_BLOCK, "A3"},
-    {IDC_HEAD_A2, "NVST_HEAD2", &CForm::m_strHeadA2, IDS_TITLE_BLOCK, "A2"},
-    {IDC_HEAD_A1, "NVST_HEAD1", &CForm::m_strHeadA1, IDS_TITLE_BLOCK, "A1"},
-    {IDC_FORM_A4, "NVST_FORM4", &CForm::m_strFormA4, IDS_FORM, "A4", &CForm::m_strFormA3},
-    {IDC_FORM_A3, "NVST_FORM3", &CForm::m_strFormA3, IDS_FORM, "A3"},
-    {IDC_FORM_A2, "NVST_FORM2", &CForm::m_strFormA2, IDS_FORM, "A2"},
-    {IDC_FORM_A1, "NVST_FORM1", &CForm::m_strFormA1, IDS_FORM, "A1"},
-    {IDC_RULER_A4, "NVST_SCL4", &CForm::m_strSclA4, IDS_RULER, "A4"},
-    {IDC_RULER_A3, "NVST_SCL3", &CForm::m_strSclA3, IDS_RULER, "A3"},
-    {IDC_RULER_A2, "NVST_SCL2", &CForm::m_strSclA2, IDS_RULER, "A2"},
-    {IDC_RULER_A1, "NVST_SCL1", &CForm::m_strSclA1, IDS_RULER, "A1"},
-    {IDC_REVISION_A4, "NVST_REV4", &CForm::m_strRevA4, IDS_REVISION_NOTE, "A4"},
-    {IDC_REVISION_A3, "NVST_REV3", &CForm::m_strRevA3, IDS_REVISION_NOTE, "A3"},
-    {IDC_REVISION_A2, "NVST_REV2", &CForm::m_strRevA2, IDS_REVISION_NOTE, "A2"},
-    {IDC_REVISION_A1, "NVST_REV1", &CForm::m_strRevA1, IDS_REVISION_NOTE, "A1"},
+    {IDC_HEAD_A4, IDS_TITLE_BLOCK, "A4", "NVST_HEAD4", &CForm::m_strHeadA4, &CForm::m_strHeadA3},
+    {IDC_HEAD_A3, IDS_TITLE_BLOCK, "A3", "NVST_HEAD3", &CForm::m_strHeadA3},
+    {IDC_HEAD_A2, IDS_TITLE_BLOCK, "A2", "NVST_HEAD2", &CForm::m_strHeadA2},
+    {IDC_HEAD_A1, IDS_TITLE_BLOCK, "A1", "NVST_HEAD1", &CForm::m_strHeadA1},
+    {IDC_FORM_A4, IDS_FORM, "A4", "NVST_FORM4", &CForm::m_strFormA4, &CForm::m_strFormA3},
+    {IDC_FORM_A3, IDS_FORM, "A3", "NVST_FORM3", &CForm::m_strFormA3},
+    {IDC_FORM_A2, IDS_FORM, "A2", "NVST_FORM2", &CForm::m_strFormA2},
+    {IDC_FORM_A1, IDS_FORM, "A1", "NVST_FORM1", &CForm::m_strFormA1},
+    {IDC_RULER_A4, IDS_RULER, "A4", "NVST_SCL4", &CForm::m_strSclA4},
+    {IDC_RULER_A3, IDS_RULER, "A3", "NVST_SCL3", &CForm::m_strSclA3},
+    {IDC_RULER_A2, IDS_RULER, "A2", "NVST_SCL2", &CForm::m_strSclA2},
+    {IDC_RULER_A1, IDS_RULER, "A1", "NVST_SCL1", &CForm::m_strSclA1},
+    {IDC_REVISION_A4, IDS_REVISION_NOTE, "A4", "NVST_REV4", &CForm::m_strRevA4},
+    {IDC_REVISION_A3, IDS_REVISION_NOTE, "A3", "NVST_REV3", &CForm::m_strRevA3},
+    {IDC_REVISION_A2, IDS_REVISION_NOTE, "A2", "NVST_REV2", &CForm::m_strRevA2},
+    {IDC_REVISION_A1, IDS_REVISION_NOTE, "A1", "NVST_REV1", &CForm::m_strRevA1},
 };
 
 // File names are recorded as they are typed, and nothing is checked.

@@ -32,7 +32,7 @@ CString TakePart(LPCSTR& text, char separator, bool& found) {
     if (!found) {
         return "";
     }
-    const CString part(text, static_cast<int>(end - text));
+    CString part(text, static_cast<int>(end - text));
     text = end + 1;
     return part;
 }
