@@ -115,10 +115,6 @@ int dlgconnect::LoadSettings(const CMdb* store) {
     if (mode != nullptr && std::strcmp(mode, kModeWithOwnMarking) == 0) {
         m_nPartMarking = kOwnMarking;
     }
-    m_origColumnOrder = g_commentColumnOrder;
-    m_nOrigSort = g_commentSort;
-    m_nOrigDefaultCommentColour = m_nDefaultCommentColour;
-    m_origCommentNames = m_commentNames;
     return 1;
 }
 
@@ -176,6 +172,10 @@ void dlgconnect::DoDataExchange(CDataExchange* exchange) {
 BOOL dlgconnect::OnInitDialog() {
     const BOOL result = CSettingsPage::OnInitDialog();
     ShowPartMarking();
+    m_origColumnOrder = g_commentColumnOrder;
+    m_nOrigSort = g_commentSort;
+    m_nOrigDefaultCommentColour = m_nDefaultCommentColour;
+    m_origCommentNames = m_commentNames;
     FillCommentList();
     m_fRowDistanceShown = m_fRowDistance;
     m_fNumberOffsetShown = m_fNumberOffset;
@@ -253,7 +253,7 @@ BOOL dlgconnect::OnKillActive() {
     return CSettingsPage::OnKillActive();
 }
 
-// Compares with the values that were loaded but for the part marking, so applying again writes again.
+// Compares with the values at the creation of the window but for the part marking, so applying again writes again.
 BOOL dlgconnect::OnApply() {
     ApplyPartMarking();
     ApplyDistance(IDC_ROW_DISTANCE, m_fRowDistance, kRowDistanceKey);

@@ -70,7 +70,8 @@ private:
     float m_fRowDistanceShown = 0.0F;
     float m_fNumberOffsetShown = 0.0F;
 
-    // As they were loaded. A window that is created anew shows what was changed in the one before, and it is stored.
+    // As they were when the window was created. A window that is created anew still shows the table as it was changed
+    // in the one before, but only its own changes are stored.
     CommentNames m_origCommentNames;
     BYTE m_nOrigDefaultCommentColour = 0;
     std::array<int, kCommentColumns> m_origColumnOrder{};
