@@ -29,13 +29,19 @@ run() {
     [ $status -eq 0 ] || { echo "$1 ended with $status; the last lines of $trace:"; tail "$trace"; return 1; }
 }
 run $native build/native/bin/tavrikconformance
-run $wine wine build/win64/bin/tavrikconformance.exe
 
 unexplained=$(awk '/^\[/ && last !~ /^#/ { print } { last = $0 }' $here/differences.txt)
 [ -z "$unexplained" ] || { printf '%s gives no reason for:\n%s\n' $here/differences.txt "$unexplained"; exit 1; }
 grep -vE '^(#|$)' $here/differences.txt >$listed || true
-differences $native $wine >$found
-if ! diff $listed $found >$unlisted; then
+# Windows of Wine's own services come at any time, and then the order and the activation are others: such a run is
+# done once more.
+for attempt in first second; do
+    run $wine wine build/win64/bin/tavrikconformance.exe
+    differences $native $wine >$found
+    ! diff $listed $found >$unlisted || break
+    [ $attempt = second ] || cp $wine ${wine%.txt}-first.txt
+done
+if [ -s $unlisted ]; then
     echo "'<' is listed in $here/differences.txt and gone, '>' is a difference that is not listed:"
     cat $unlisted
     echo "Native and Wine's trace:"

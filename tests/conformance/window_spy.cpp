@@ -40,6 +40,14 @@ std::string placing(UINT flags) {
     return text;
 }
 
+// Whether a top-level window that is shown or hidden is the foremost one already depends on the windows of other
+// programs, and those of the system's own services come at any time: the flag says nothing then.
+UINT steadyFlags(const WINDOWPOS& place) {
+    const bool isTopLevel = (GetWindowLongPtrA(place.hwnd, GWL_STYLE) & WS_CHILD) == 0;
+    const bool isShownOrHidden = (place.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) != 0;
+    return isTopLevel && isShownOrHidden ? place.flags & ~UINT{SWP_NOZORDER} : place.flags;
+}
+
 }  // namespace
 
 WindowSpy::WindowSpy(Trace& trace, std::initializer_list<const char*> classes, Detail detail)
@@ -157,7 +165,7 @@ std::string WindowSpy::arguments(Shows shows, WPARAM wParam, LPARAM lParam) cons
             return std::string(" ") + notificationName(header->code) + " from " + nameOf(header->hwndFrom);
         }
         case Shows::Placing:
-            return placing(reinterpret_cast<const WINDOWPOS*>(lParam)->flags);
+            return placing(steadyFlags(*reinterpret_cast<const WINDOWPOS*>(lParam)));
         case Shows::Styles: {
             const auto* styles = reinterpret_cast<const STYLESTRUCT*>(lParam);
             return numbers(" %llx -> %llx", styles->styleOld, styles->styleNew);
