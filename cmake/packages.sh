@@ -5,7 +5,7 @@
 # The first list is what configuring and building need, the tests' programs included.
 native_packages=(g++ cmake ninja-build pkg-config libx11-dev libfreetype-dev libfontconfig-dev fonts-liberation
     binutils-mingw-w64-x86-64 libgtest-dev)
-test_packages=(libbenchmark-dev xvfb xauth x11-xkb-utils xdotool)
+test_packages=(libbenchmark-dev fonts-dejavu xvfb xauth x11-xkb-utils xdotool)
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64 xvfb xauth)
 
 # Prints those of the named packages that are not installed, one a line.

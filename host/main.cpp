@@ -43,6 +43,9 @@ public:
         if (!ChooseDisplay(display)) {
             throw FileError("there is no display (DISPLAY names no usable X server)");
         }
+        if (!IsFontFound()) {
+            throw FileError("there is no font for the texts of the sheet (fontconfig finds none)");
+        }
         HostWindow window(m_options.settingsFile, m_file.Settings());
         m_hParent = window.Handle();
         if (!m_options.screenshotFolder.empty()) {

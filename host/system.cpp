@@ -190,6 +190,10 @@ bool ChooseDisplay(Display /*display*/) {
     return true;
 }
 
+bool IsFontFound() {
+    return true;
+}
+
 #else
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
@@ -215,6 +219,10 @@ bool ChooseDisplay(Display display) {
         return true;
     }
     return display != Display::Screen && TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY) != 0;
+}
+
+bool IsFontFound() {
+    return TavrikFontFound() != 0;
 }
 
 #endif

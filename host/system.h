@@ -47,4 +47,7 @@ void UseProfileFolder(const std::filesystem::path& folder);
 // Selects where windows appear, before the first one. False when there is no such display.
 bool ChooseDisplay(Display display);
 
+// Whether texts can be shown.
+bool IsFontFound();
+
 }  // namespace host

@@ -34,6 +34,15 @@ BOOL SetDlgItemTextA(HWND dialog, int id, LPCSTR text) {
     return control != nullptr && SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) != 0;
 }
 
+BOOL MapDialogRect(HWND dialog, LPRECT rect) {
+    if (rect == nullptr || platform::dialogState(dialog) == nullptr) {
+        return FALSE;
+    }
+    *rect = {platform::horizontalPixels(rect->left), platform::verticalPixels(rect->top),
+             platform::horizontalPixels(rect->right), platform::verticalPixels(rect->bottom)};
+    return TRUE;
+}
+
 LRESULT SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
     HWND control = GetDlgItem(dialog, id);
     return control != nullptr ? SendMessageA(control, message, wParam, lParam) : 0;

@@ -1,15 +1,15 @@
 // Dialog states, and the steps that creation, dialog class and keyboard handling share.
 #include "platform/dialog/dialog_state.h"
 
+#include "platform/graphics/window_dc.h"
+
 #include <unordered_map>
 
 namespace platform {
 
 namespace {
 
-// Average width and height of a character of the dialog font, in pixels: four and eight dialog units.
-constexpr int kBaseWidth = 6;
-constexpr int kBaseHeight = 13;
+constexpr int kFontPoints = 8;  // Of every dialog.
 
 std::unordered_map<HWND, DialogState>& states() {
     static std::unordered_map<HWND, DialogState> all;
@@ -39,6 +39,11 @@ HWND shownDefault(HWND parent) {
         }
     }
     return nullptr;
+}
+
+SIZE baseUnits() {
+    static const SIZE base = dialogBaseUnits(kFontPoints);
+    return base;
 }
 
 // Rounds halves away from zero, as all positions of dialogs are rounded.
@@ -91,11 +96,11 @@ void moveDefaultLook(HWND dialog, const DialogState& state, HWND control) {
 }
 
 int horizontalPixels(int units) {
-    return scaled(units, kBaseWidth, 4);
+    return scaled(units, baseUnits().cx, 4);
 }
 
 int verticalPixels(int units) {
-    return scaled(units, kBaseHeight, 8);
+    return scaled(units, baseUnits().cy, 8);
 }
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 #include "platform/dialog/dialog_create.h"
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/message_box_icon.h"
+#include "platform/graphics/window_dc.h"
 
 #include <windows.h>
 
@@ -263,7 +264,7 @@ int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
     run.type = type;
     run.owner = owner;
     run.buttons = platform::buttonsOf(type);
-    if (run.buttons.empty() || (owner != nullptr && !IsWindow(owner))) {
+    if (run.buttons.empty() || (owner != nullptr && !IsWindow(owner)) || !platform::isFontFound()) {
         return 0;
     }
     MessageBeep(type & MB_ICONMASK);

@@ -2,6 +2,7 @@
 #include "platform/dialog/dialog_create.h"
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/property_sheet.h"
+#include "platform/graphics/window_dc.h"
 
 #include <windows.h>
 
@@ -395,6 +396,9 @@ INT_PTR CALLBACK PropertySheet::dialogProc(HWND window, UINT message, WPARAM wPa
 INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header) {
     if (header == nullptr || header->dwSize < sizeof(PROPSHEETHEADERA)) {
         return -1;
+    }
+    if (!platform::isFontFound()) {
+        return -1;  // A sheet without texts could not be worked.
     }
     auto sheet = std::make_unique<platform::PropertySheet>(*header);
     if ((header->dwFlags & PSH_MODELESS) == 0) {

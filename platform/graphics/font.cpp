@@ -20,10 +20,23 @@ namespace {
 constexpr int kDotsPerInch = 96;
 constexpr int kPointsPerInch = 72;
 
-// The dialog font at 96 dots per inch, by which dialogs are laid out; other sizes are in proportion to it.
+// The usual dialog font at 96 dots per inch. Sizes without a face are in proportion to it.
 constexpr int kDialogEm = 11;
 constexpr int kDialogHeight = 13;
 constexpr int kDialogAverageWidth = 6;
+
+constexpr const char* kUsualFamily = "Liberation Sans";
+
+// Captions that fill their place in the dialogs, and how long they are in the usual font.
+struct TightCaption {
+    const char* text;
+    double ems;
+};
+constexpr TightCaption kTightCaptions[] = {
+    {"Attribut", 3.168}, {"apparatrader", 5.726}, {"(standard)", 4.558}, {"OBS! En rds-fil", 6.613}};
+
+// By which the real system finds the average width of a dialog font's characters.
+constexpr std::string_view kMeasuredLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 constexpr int kLargestEm = 400;
 
@@ -95,11 +108,21 @@ bool isBold(const LOGFONTA& font) {
     return font.lfWeight > (FW_NORMAL + FW_BOLD) / 2;
 }
 
-int descentOf(FT_Face face, int em, int height) {
+struct LineMetrics {
+    int height;
+    int ascent;
+};
+
+LineMetrics lineMetricsOf(FT_Face face, int em) {
     if (face == nullptr || face->units_per_EM == 0) {
-        return height - inProportion(em, kDialogHeight - 3);
+        return {inProportion(em, kDialogHeight), inProportion(em, kDialogHeight - 3)};
     }
-    return static_cast<int>(std::ceil(-1.0 * face->descender * em / face->units_per_EM));
+    const auto pixels = [&](int fontUnits) {
+        return static_cast<int>(std::ceil(static_cast<double>(fontUnits) * em / face->units_per_EM));
+    };
+    // A few fonts claim lines many times their size, and others none.
+    const int ascent = std::clamp(pixels(face->ascender), (em + 1) / 2, 2 * em);
+    return {ascent + std::clamp(pixels(-face->descender), 0, em), ascent};
 }
 
 // FreeType measures in 64ths of a pixel.
@@ -113,13 +136,25 @@ SizedFont::SizedFont(FT_Face face, int emHeight, bool bold)
     : face_(face),
       emHeight_(emHeight),
       bold_(bold),
-      height_(inProportion(emHeight, kDialogHeight)),
-      ascent_(height_ - std::clamp(descentOf(face, emHeight, height_), 0, height_)),
-      averageWidth_(inProportion(emHeight, kDialogAverageWidth)) {}
+      height_(lineMetricsOf(face, emHeight).height),
+      ascent_(lineMetricsOf(face, emHeight).ascent) {}
+
+bool SizedFont::isUsual() const {
+    return face_ == nullptr || face_->family_name == nullptr || std::strcmp(face_->family_name, kUsualFamily) == 0;
+}
+
+int SizedFont::averageWidth() {
+    if (averageWidth_ == 0) {
+        const auto letters = static_cast<int>(kMeasuredLetters.size());
+        averageWidth_ = face_ == nullptr ? inProportion(emHeight_, kDialogAverageWidth)
+                                         : std::max(1, (2 * width(kMeasuredLetters) / letters + 1) / 2);
+    }
+    return averageWidth_;
+}
 
 void SizedFont::load(unsigned char character, Glyph& glyph) {
     glyph.loaded = true;
-    glyph.advance = static_cast<short>(averageWidth_);
+    glyph.advance = static_cast<short>(inProportion(emHeight_, kDialogAverageWidth));
     if (face_ == nullptr || FT_Set_Pixel_Sizes(face_, 0, static_cast<FT_UInt>(emHeight_)) != 0 ||
         FT_Load_Char(face_, characterOfByte(character), FT_LOAD_RENDER | FT_LOAD_TARGET_NORMAL | FT_LOAD_NO_BITMAP) !=
             0) {
@@ -166,6 +201,24 @@ SizedFont& sizedFont(Font& font) {
     }
     font.sized = found->get();
     return *font.sized;
+}
+
+// The dialogs were drawn up for the usual font. Another one may have wide small letters beside narrow capitals, so
+// that its average would cut captions off.
+SIZE dialogBaseUnits(int pointSize) {
+    SizedFont& font = sizedFont(*findObject<Font>(dialogFont(pointSize)));
+    double needed = 0;
+    if (!font.isUsual()) {
+        for (const TightCaption& caption : kTightCaptions) {
+            needed = std::max(needed, font.width(caption.text) / caption.ems);
+        }
+    }
+    const int forCaptions = static_cast<int>(std::ceil(needed * kDialogAverageWidth / kDialogEm));
+    return {std::max(font.averageWidth(), forCaptions), font.height()};
+}
+
+bool isFontFound() {
+    return faces().face(false) != nullptr;
 }
 
 HFONT dialogFont(int pointSize) {

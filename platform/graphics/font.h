@@ -31,7 +31,8 @@ public:
     bool bold() const { return bold_; }
     int height() const { return height_; }
     int ascent() const { return ascent_; }
-    int averageWidth() const { return averageWidth_; }
+    bool isUsual() const;  // For which the dialogs were drawn up.
+    int averageWidth();  // Of the Latin letters without accents, of both cases.
 
     // By the character's byte in code page 1252.
     const Glyph& glyph(char character) {
@@ -51,7 +52,7 @@ private:
     bool bold_;
     int height_;
     int ascent_;
-    int averageWidth_;
+    int averageWidth_ = 0;  // Measured when it is first asked for.
     std::array<Glyph, 256> glyphs_;
 };
 

@@ -17,4 +17,10 @@ void closeWindowDc(HDC dc);
 // Owned by the graphics room; DeleteObject on it does nothing.
 HFONT dialogFont(int pointSize);
 
+// Average width and height of a character of that font, in pixels: four by eight dialog units.
+SIZE dialogBaseUnits(int pointSize);
+
+// Whether the system has a font at all. Without one text takes room and is not drawn.
+bool isFontFound();
+
 }  // namespace platform

@@ -14,6 +14,10 @@ int TavrikDisplayInit(int kind);
 // The display in use: TAVRIK_DISPLAY_X11, TAVRIK_DISPLAY_MEMORY, or -1 before one is selected.
 int TavrikDisplayKind(void);
 
+// Non-zero when the system has a font for the texts of windows. Without one property sheets and message boxes fail at
+// once: nobody could read them.
+int TavrikFontFound(void);
+
 // Hands the address range of a module's compiled resources (.res) to the window system. The module is the shared
 // object or program that contains `begin`; the range stays owned by the module and must live as long as it is loaded.
 void TavrikRegisterResources(const void* begin, const void* end);

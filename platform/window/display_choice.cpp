@@ -1,6 +1,8 @@
 // Selection of the display, once in a process.
 #include "platform/window/display_choice.h"
 
+#include "platform/graphics/window_dc.h"
+
 #include <tavrikdisplay.h>
 
 namespace platform {
@@ -49,6 +51,10 @@ int TavrikDisplayInit(int kind) {
         return platform::selection().kind == kind ? 1 : 0;
     }
     return platform::select(kind) ? 1 : 0;
+}
+
+int TavrikFontFound(void) {
+    return platform::isFontFound() ? 1 : 0;
 }
 
 int TavrikDisplayKind(void) {

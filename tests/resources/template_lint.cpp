@@ -101,12 +101,9 @@ public:
 
     // The size of four by eight dialog units.
     SIZE baseUnits() const {
-        constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-        SIZE letters;
-        TEXTMETRICA metrics;
-        GetTextExtentPoint32A(dc_, kLetters, sizeof kLetters - 1, &letters);
-        GetTextMetricsA(dc_, &metrics);
-        return {(letters.cx / 26 + 1) / 2, metrics.tmHeight};
+        RECT units = {0, 0, 4, 8};
+        MapDialogRect(dialog_, &units);
+        return {units.right, units.bottom};
     }
     SIZE measure(const std::string& text, int width, UINT format) const {
         RECT rect = {0, 0, width, 0};

@@ -260,6 +260,7 @@ BOOL IsDialogMessageA(HWND dialog, LPMSG message);
 LRESULT DefDlgProcA(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 HWND GetDlgItem(HWND dialog, int id);
 int GetDlgCtrlID(HWND window);
+BOOL MapDialogRect(HWND dialog, LPRECT rect);
 UINT GetDlgItemTextA(HWND dialog, int id, LPSTR text, int size);
 BOOL SetDlgItemTextA(HWND dialog, int id, LPCSTR text);
 LRESULT SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
