@@ -191,8 +191,6 @@ LRESULT Button::onWmSetText(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// Losing the focus may make its former owner open a message box, which takes the capture. The press counts all the
-// same: the release that follows completes the click.
 void Button::onWmLButtonDown() {
     const HWND window = window_;
     SetCapture(window);
@@ -200,12 +198,12 @@ void Button::onWmLButtonDown() {
     if (!IsWindow(window)) {
         return;
     }
-    if (GetFocus() != window) {
-        // The field that was to lose the focus took it back, with a message box that got the release.
-        ReleaseCapture();
+    if (GetFocus() == window && GetCapture() == window) {
+        press();
         return;
     }
-    press();
+    // A message box about the field that was left got the release.
+    ReleaseCapture();
 }
 
 // The second press of a double-click is told as such only to parents that want it; for the others it is one more press.

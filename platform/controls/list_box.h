@@ -78,7 +78,7 @@ private:
     bool moveTo(int index);
     // Back to what was selected when the drop-down list opened.
     bool restoreSelection();
-    void takeFocus();
+    bool takeFocus();
     void notify(UINT code);
 
     void paint(HDC dc);

@@ -27,13 +27,14 @@ void ListBox::onWmFocus(bool focused) {
     notify(focused ? LBN_SETFOCUS : LBN_KILLFOCUS);
 }
 
-// A drop-down list leaves the focus to its combo box.
-void ListBox::takeFocus() {
+// A drop-down list leaves the focus to its combo box. False when the focus went elsewhere.
+bool ListBox::takeFocus() {
     const HWND wanted = combo_ ? combo_ : window_;
-    const HWND focus = GetFocus();
-    if (focus != wanted && !IsChild(wanted, focus)) {
+    const auto isThere = [wanted] { return GetFocus() == wanted || IsChild(wanted, GetFocus()); };
+    if (!isThere()) {
         SetFocus(wanted);
     }
+    return isThere();
 }
 
 void ListBox::onWmLButtonDown(POINT at) {
@@ -44,8 +45,8 @@ void ListBox::onWmLButtonDown(POINT at) {
         return;
     }
     const HWND window = window_;
-    takeFocus();
-    if (!IsWindow(window)) {
+    // The field that was to lose the focus may have taken it back.
+    if (!takeFocus() || !IsWindow(window)) {
         return;
     }
     const ListScrollBar::Part part = bar_.isShown() ? bar_.partAt(at) : ListScrollBar::Part::None;

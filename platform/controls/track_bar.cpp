@@ -119,7 +119,8 @@ bool TrackBar::isVertical() const {
 void TrackBar::onWmLButtonDown(POINT point) {
     const HWND window = window_;
     SetFocus(window);
-    if (!IsWindow(window)) {
+    // The field that was to lose the focus may have taken it back.
+    if (!IsWindow(window) || GetFocus() != window) {
         return;
     }
     const RECT thumb = thumbRect();

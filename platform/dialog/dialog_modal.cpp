@@ -45,9 +45,18 @@ void runLoop(HWND dialog, HWND owner) {
     }
 }
 
+// A press that leads to a dialog, such as one that leaves a wrong field, must not keep the mouse: the dialog's own
+// buttons would not get theirs.
+void endMouseCapture() {
+    if (HWND captured = GetCapture()) {
+        SendMessageA(captured, WM_CANCELMODE, 0, 0);
+    }
+}
+
 }  // namespace
 
 INT_PTR runDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, DLGPROC proc, LPARAM param) {
+    endMouseCapture();
     HWND top = owner != nullptr ? GetAncestor(owner, GA_ROOT) : nullptr;
     HWND disabled = top != nullptr && IsWindowEnabled(top) ? top : nullptr;
     if (disabled != nullptr) {

@@ -69,7 +69,7 @@ void FileList::onWmLButtonDown(POINT at) {
     if (!focused_) {
         SetFocus(window);
     }
-    if (!IsWindow(window)) {
+    if (!IsWindow(window) || !focused_) {
         return;
     }
     const ListScrollBar::Part part = bar_.isShown() ? bar_.partAt(at) : ListScrollBar::Part::None;

@@ -1,6 +1,8 @@
 // What controls of every class have to stand, where the comparison of traces does not reach.
 #include "tests/platform/controls/control_test.h"
 
+#include <commctrl.h>
+
 namespace {
 
 using AnyControlTest = ControlTest;
@@ -8,6 +10,11 @@ using AnyControlTest = ControlTest;
 constexpr DWORD kEditableCombo = CBS_DROPDOWN | WS_VSCROLL;
 constexpr DWORD kListCombo = CBS_DROPDOWNLIST | WS_VSCROLL;
 constexpr DWORD kDrawnCombo = kListCombo | CBS_OWNERDRAWFIXED;
+
+void CALLBACK pressEnter(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    PostMessageA(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+}
 
 // Messages that a class does not know do it no harm.
 void useInEveryWay(HWND control, HWND list, HWND parent) {
@@ -65,6 +72,41 @@ TEST_F(AnyControlTest, MayBeDestroyedByWhoeverItNotifies) {
             EXPECT_TRUE(destroyed) << row.windowClass << ' ' << code;
             EXPECT_FALSE(IsWindow(control) || IsWindow(info.hwndList)) << row.windowClass << ' ' << code;
             EXPECT_EQ(GetCapture(), nullptr) << row.windowClass << ' ' << code;
+        }
+    }
+}
+
+// The field that a press leaves brings up a message box, which gets the release.
+TEST_F(AnyControlTest, LetsGoOfAPressThatLedToAMessageBox) {
+    const std::pair<const char*, DWORD> kCases[] = {
+        {"Button", BS_PUSHBUTTON}, {"Button", BS_AUTOCHECKBOX},  {"Button", BS_AUTORADIOBUTTON},
+        {"Edit", ES_AUTOHSCROLL},  {"ComboBox", kEditableCombo}, {"ComboBox", kListCombo},
+        {"ListBox", LBS_NOTIFY},   {TRACKBAR_CLASSA, TBS_BOTH},  {WC_LISTVIEWA, LVS_REPORT}};
+    for (const bool isRefused : {true, false}) {
+        for (const auto& [windowClass, style] : kCases) {
+            HWND field = add("Edit", "wrong", 0, 90, 24);
+            HWND control = add(windowClass, "", style | WS_TABSTOP, 90, 24);
+            SendMessageA(control, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>("entry"));
+            SetFocus(field);
+            int boxes = 0;
+            hook_ = [&](UINT, UINT code) -> LRESULT {
+                if (code == EN_KILLFOCUS && boxes++ == 0) {
+                    PostMessageA(control, WM_LBUTTONUP, 0, MAKELPARAM(-500, -500));
+                    SetTimer(nullptr, 0, 10, pressEnter);
+                    MessageBoxA(parent_, "wrong", "field", MB_OK);
+                    if (isRefused) {
+                        SetFocus(field);
+                    }
+                }
+                return 0;
+            };
+            SendMessageA(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+            EXPECT_GT(boxes, 0);
+            EXPECT_FALSE(SendMessageA(control, BM_GETSTATE, 0, 0) & BST_PUSHED) << windowClass << ' ' << style;
+            EXPECT_EQ(GetCapture(), nullptr) << windowClass << ' ' << style << ": the next press would be lost";
+            hook_ = nullptr;
+            DestroyWindow(control);
+            DestroyWindow(field);
         }
     }
 }

@@ -1,41 +1,9 @@
-// Buttons where the comparison of traces does not reach: pixels and lost releases.
+// Buttons where the comparison of traces does not reach: pixels.
 #include "tests/platform/controls/control_test.h"
 
 namespace {
 
 using ButtonTest = ControlTest;
-
-TEST_F(ButtonTest, ComesUpWhenTheReleaseWentElsewhere) {
-    HWND button = add("Button", "Text", BS_PUSHBUTTON | BS_NOTIFY, 90, 24);
-    hook_ = [&](UINT, UINT code) -> LRESULT {
-        if (code == BN_SETFOCUS) {
-            ReleaseCapture();  // As a message box does that opens on the way.
-        }
-        return 0;
-    };
-    SendMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    EXPECT_TRUE(SendMessageA(button, BM_GETSTATE, 0, 0) & BST_PUSHED);
-    SendMessageA(button, WM_MOUSEMOVE, 0, MAKELPARAM(6, 5));
-    EXPECT_FALSE(SendMessageA(button, BM_GETSTATE, 0, 0) & BST_PUSHED);
-    EXPECT_EQ(codes_, (std::vector<UINT>{BN_SETFOCUS}));
-}
-
-TEST_F(ButtonTest, IsNotPressedWhenTheFocusIsTakenBack) {
-    HWND field = add("Edit", "Text", 0, 90, 24);
-    HWND button = add("Button", "Text", BS_AUTOCHECKBOX, 90, 24);
-    SetFocus(field);
-    hook_ = [&](UINT, UINT code) -> LRESULT {
-        if (code == EN_KILLFOCUS) {
-            SendMessageA(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));  // The release comes while a message box is up.
-            SetFocus(field);
-        }
-        return 0;
-    };
-    SendMessageA(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    EXPECT_FALSE(SendMessageA(button, BM_GETSTATE, 0, 0) & BST_PUSHED);
-    EXPECT_EQ(GetCapture(), nullptr) << "the next press would be lost";
-    hook_ = nullptr;
-}
 
 TEST_F(ButtonTest, ShowsItsStateInTheMarkAndTheCaption) {
     const COLORREF black = GetSysColor(COLOR_WINDOWTEXT);
