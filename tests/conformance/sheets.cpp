@@ -293,6 +293,17 @@ void traceSwitching(Trace& trace) {
     playModeless(PSH_NOAPPLYNOW, kSteps);
 }
 
+void traceSinglePage(Trace& trace) {
+    const Scene scene(trace, "a single page");
+    addPage("ett");
+    constexpr Step kSteps[] = {
+        {"Ctrl+Tab", [] { press(VK_TAB, "C"); }},
+        {"Ctrl+PageDown", [] { press(VK_NEXT, "C"); }},
+        {"click its tab", [] { clickTab(0); }},
+    };
+    playModeless(PSH_NOAPPLYNOW, kSteps);
+}
+
 void traceRefusals(Trace& trace) {
     const Scene scene(trace, "refusals");
     addPage("ett").onKillActive = TRUE;
@@ -495,6 +506,7 @@ void traceModal(Trace& trace) {
 
 void traceSheets(Trace& trace) {
     traceSwitching(trace);
+    traceSinglePage(trace);
     traceRefusals(trace);
     traceApply(trace);
     tracePages(trace);
