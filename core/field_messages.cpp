@@ -1,6 +1,7 @@
 // The messages of the field checks.
 #include "core/field_messages.h"
 
+#include "framework/box_place.h"
 #include "resources/resource.h"
 
 CString LoadText(UINT id) {
@@ -16,7 +17,10 @@ CString InvalidCharacterMessage(char character) {
 }
 
 void ReportFieldError(CWnd* owner, LPCSTR message, UINT captionId, CWnd* control) {
-    owner->MessageBox(message, LoadText(captionId), MB_OK | MB_ICONEXCLAMATION);
+    {
+        const AfxBoxBeside beside(control != nullptr ? control->m_hWnd : ::GetFocus());
+        owner->MessageBox(message, LoadText(captionId), MB_OK | MB_ICONEXCLAMATION);
+    }
     // The host may have destroyed the control while the box was up.
     if (control != nullptr && ::IsWindow(control->m_hWnd)) {
         control->SetFocus();

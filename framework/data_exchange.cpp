@@ -5,6 +5,7 @@
 #include <string>
 
 #include "framework/application.h"
+#include "framework/box_place.h"
 #include "framework/exception.h"
 #include "framework/message_routing.h"
 #include "framework/number_text.h"
@@ -38,6 +39,7 @@ CString WindowText(HWND window) {
 }
 
 [[noreturn]] void Refuse(CDataExchange* exchange, LPCSTR prompt) {
+    const AfxBoxBeside beside(exchange->m_hWndLastControl);
     AfxMessageBox(prompt, MB_ICONEXCLAMATION);
     exchange->Fail();
 }

@@ -3,6 +3,7 @@
 
 #include <tuple>
 
+#include "core/field_messages.h"
 #include "core/sheet/projdescr.h"
 #include "tests/core/box_answerer.h"
 
@@ -89,6 +90,25 @@ TEST_F(Checks, TextFieldReportsAndGivesTheFocusBack) {
             const bool selected = c.selects && withControl;
             EXPECT_EQ(Selection(), (selected ? std::pair<DWORD, DWORD>(0, 5) : std::pair<DWORD, DWORD>(1, 1)));
         }
+    }
+}
+
+// By itself a box comes up over the middle of its owner.
+TEST_F(Checks, BoxLeavesItsFieldInSight) {
+    MoveWindow(m_window, 300, 200, 200, 100, FALSE);
+    for (const POINT at : {POINT{60, 40}, POINT{0, 0}, POINT{110, 80}}) {
+        MoveWindow(m_edit, at.x, at.y, 90, 20, FALSE);
+        bool isSeen = false;
+        m_boxes.BeforeAnswer([&] {
+            RECT box{};
+            RECT field{};
+            RECT common{};
+            GetWindowRect(GetActiveWindow(), &box);
+            GetWindowRect(m_edit, &field);
+            isSeen = GetActiveWindow() != m_window && !IntersectRect(&common, &box, &field);
+        });
+        EXPECT_EQ(CheckNumber(CWnd::FromHandle(m_window), "x", CWnd::FromHandle(m_edit)), 0);
+        EXPECT_TRUE(isSeen) << at.x << ',' << at.y;
     }
 }
 
