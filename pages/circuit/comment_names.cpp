@@ -22,6 +22,12 @@ Key KeyOf(const char* format, int colour) {
     return key;
 }
 
+// Most users have no profile file, and each key asked for is a file that is looked for.
+bool HasProfile() {
+    char sections[4] = "";
+    return GetPrivateProfileStringA(nullptr, nullptr, "", sections, sizeof sections, kConnectProfile) != 0;
+}
+
 }  // namespace
 
 LPCSTR SettingLookup::Find(LPCSTR key) const {
@@ -40,6 +46,9 @@ void CommentNames::SetDefaults() {
 }
 
 void CommentNames::ReadProfile() {
+    if (!HasProfile()) {
+        return;
+    }
     for (int colour = kFirstCommentColour; colour <= kLastCommentColour; ++colour) {
         Name name{};
         GetPrivateProfileStringA(kConnectSection, KeyOf(kProfileKey, colour).data(), Get(colour), name.data(),

@@ -1,5 +1,5 @@
 // Profile files: the functions that programs call, and the folder of files that are named without one.
-// Deliberately missing: lists of sections and of keys, files in UTF-16, the profile of the whole system.
+// Deliberately missing: lists of the keys of a section, files in UTF-16, the profile of the whole system.
 #include <unistd.h>
 #include <windows.h>
 
@@ -80,6 +80,18 @@ std::string_view defaultText(LPCSTR text) {
     return result;
 }
 
+// A list of names, each with its NUL and one more NUL behind the last. A list that is cut off ends so too.
+DWORD copyNames(const std::string& names, LPSTR buffer, DWORD size) {
+    if (names.size() + 1 < size || names.empty()) {
+        std::memcpy(buffer, names.data(), names.size() + 1);
+        return static_cast<DWORD>(names.size());
+    }
+    const DWORD length = size > 2 ? size - 2 : 0;
+    std::memcpy(buffer, names.data(), length);
+    std::memset(buffer + length, 0, size - length);
+    return length;
+}
+
 }  // namespace
 }  // namespace platform
 
@@ -89,7 +101,11 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR fallback, LPST
     if (size == 0 || buffer == nullptr) {
         return 0;
     }
-    const std::optional<std::string> text = section != nullptr && key != nullptr ? readProfile(file) : std::nullopt;
+    const bool isListOfSections = section == nullptr;
+    const std::optional<std::string> text = isListOfSections || key != nullptr ? readProfile(file) : std::nullopt;
+    if (isListOfSections) {
+        return copyNames(text ? profileSections(*text) : "", buffer, size);
+    }
     std::optional<std::string_view> found;
     if (text) {
         found = findProfileEntry(*text, section, key).value;

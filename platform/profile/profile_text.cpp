@@ -86,6 +86,18 @@ ProfileEntry findProfileEntry(std::string_view text, std::string_view section, s
     return entry;
 }
 
+std::string profileSections(std::string_view text) {
+    std::string names;
+    for (size_t begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+        end = static_cast<size_t>(std::find_if(text.begin() + begin, text.end(), isLineEnd) - text.begin());
+        const auto heading = headingOf(trimmed(text.substr(begin, end - begin)));
+        if (heading && !heading->empty()) {
+            names.append(*heading).push_back('\0');
+        }
+    }
+    return names;
+}
+
 std::string withProfileEntry(std::string_view text, std::string_view section, std::string_view key,
                              std::optional<std::string_view> value) {
     const ProfileEntry entry = findProfileEntry(text, section, key);

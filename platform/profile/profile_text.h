@@ -24,6 +24,9 @@ struct ProfileEntry {
 };
 ProfileEntry findProfileEntry(std::string_view text, std::string_view section, std::string_view key);
 
+// The names of the sections that have one, in their order, each followed by a NUL.
+std::string profileSections(std::string_view text);
+
 // The text with a key set or, without a value, removed. All other lines stay as they are.
 std::string withProfileEntry(std::string_view text, std::string_view section, std::string_view key,
                              std::optional<std::string_view> value);

@@ -2,6 +2,7 @@
 #include "automation/scratch.h"
 #include "tests/conformance/trace.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -70,6 +71,26 @@ void traceForms(Trace& trace, const std::filesystem::path& folder) {
     }
 }
 
+void traceSectionLists(Trace& trace, const std::filesystem::path& folder) {
+    trace.section("lists of sections");
+    const auto list = [&](const std::string& file, DWORD size) {
+        std::array<char, 202> room{};
+        room.fill('#');
+        const DWORD length = GetPrivateProfileStringA(nullptr, nullptr, "fallback", room.data(), size, file.c_str());
+        const std::string_view shown(room.data(), std::min<size_t>(length + 1, size));
+        trace.line("%u: %u \"%s\"%s", static_cast<unsigned>(size), static_cast<unsigned>(length),
+                   escaped(shown).c_str(), room[size] == '#' ? "" : " overrun");
+    };
+    for (const std::string_view text : {kForms, "A=1\n"sv, ""sv, "[]\n"sv, "[ab]\n[c]\n[ab]\n"sv}) {
+        list(addFile(folder, text), 200);
+    }
+    list((folder / "none.ini").string(), 200);
+    const std::string file = addFile(folder, "[ab]\n[c]\n");
+    for (const DWORD size : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U}) {
+        list(file, size);
+    }
+}
+
 void traceTextsOfFiles(Trace& trace, const std::filesystem::path& folder) {
     trace.section("texts of files");
     const std::string huge(100000, 'y');
@@ -125,6 +146,7 @@ void traceNumbers(Trace& trace, const std::filesystem::path& folder) {
 void traceProfiles(Trace& trace) {
     const automation::ScratchFolder scratch;
     traceForms(trace, scratch.Path());
+    traceSectionLists(trace, scratch.Path());
     traceTextsOfFiles(trace, scratch.Path());
     traceNumbers(trace, scratch.Path());
 }
