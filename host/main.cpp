@@ -16,7 +16,7 @@
 namespace host {
 namespace {
 
-enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2 };
+enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2, kDisplayLost = 3 };
 
 // Throws a FileError when anything that was printed until now did not arrive, for example because the disk is full.
 void FlushOutput(const std::string& doneBefore = "") {
@@ -157,6 +157,10 @@ int Main(const std::vector<std::string>& arguments) {
             std::cout << "tavrikhost " TAVRIK_VERSION "\n";
         } else {
             status = Host(options).Run();
+        }
+        if (status != kOk && IsDisplayLost()) {
+            std::cerr << "tavrikhost: the connection to the display was lost; what was not saved by then is given up\n";
+            status = kDisplayLost;
         }
         FlushOutput();
         return status;

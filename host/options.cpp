@@ -24,7 +24,8 @@ const char* const kUsage =
     "  --memory              windows in memory, also where there is a display; for scenarios and screenshots\n"
     "  --help, --version\n"
     "\n"
-    "Exit status: 0 after OK, 1 after Cancel or a failed scenario, 2 for a wrong command line or a file error.\n";
+    "Exit status: 0 after OK, 1 after Cancel or a failed scenario, 2 for a wrong command line or a file error,\n"
+    "3 when the X server went away.\n";
 
 namespace {
 

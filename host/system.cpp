@@ -194,6 +194,10 @@ bool IsFontFound() {
     return true;
 }
 
+bool IsDisplayLost() {
+    return false;
+}
+
 #else
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
@@ -223,6 +227,10 @@ bool ChooseDisplay(Display display) {
 
 bool IsFontFound() {
     return TavrikFontFound() != 0;
+}
+
+bool IsDisplayLost() {
+    return TavrikDisplayLost() != 0;
 }
 
 #endif

@@ -50,4 +50,7 @@ bool ChooseDisplay(Display display);
 // Whether texts can be shown.
 bool IsFontFound();
 
+// Whether the windows have vanished for good, because the X server went away.
+bool IsDisplayLost();
+
 }  // namespace host

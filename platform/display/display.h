@@ -75,6 +75,8 @@ public:
     // Delivers waiting events to the sink and returns how many there were; waits for the first one at most
     // timeoutMs (0: not at all, -1: without limit). Sends pending output to the server before it waits.
     virtual int pump(InputSink& sink, int timeoutMs) = 0;
+    // Whether the screen is gone for good. Every call is still allowed then, and does nothing.
+    virtual bool isLost() const { return false; }
 
     virtual SIZE screenSize() const = 0;
     virtual POINT cursorPosition() const = 0;
@@ -88,7 +90,7 @@ public:
 };
 
 std::unique_ptr<Display> openMemoryDisplay();
-// Null when no X server answers.
+// Null when no X server answers. The process survives when the server goes away later.
 std::unique_ptr<Display> openX11Display();
 
 }  // namespace platform

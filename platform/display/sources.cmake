@@ -6,4 +6,5 @@ set(ROOM_SOURCES
     x11_input_method.cpp
     x11_keyboard.cpp
     x11_keysyms.cpp
+    x11_survivor.cpp
     x11_window.cpp)

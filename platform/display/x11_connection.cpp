@@ -1,5 +1,5 @@
 // Opening the connection, and what happens to errors: one about a window that has just vanished is harmless and is
-// passed over; a lost server ends the process with a line on standard error, as X programs do.
+// passed over; a lost server becomes an exception, since Xlib's own way out is to end the process, the host's.
 
 #include "platform/display/x11_connection.h"
 
@@ -7,7 +7,6 @@
 
 #include <bit>
 #include <cstdio>
-#include <cstdlib>
 
 namespace platform {
 namespace {
@@ -40,7 +39,8 @@ constexpr std::array<const char*, static_cast<std::size_t>(X11Atom::Count)> kAto
 
 // The handlers are the process's; a host may have its own connection and handlers, which keep theirs.
 ::Display* ourDisplay = nullptr;
-bool serverLost = false;
+const ::Display* lostDisplay = nullptr;
+thread_local bool isOpening = false;
 XErrorHandler previousErrorHandler = nullptr;
 XIOErrorHandler previousIoErrorHandler = nullptr;
 
@@ -62,22 +62,40 @@ int onError(::Display* display, XErrorEvent* error) {
 }
 
 int onIoError(::Display* display) {
+    if (isOpening) {
+        throw X11ConnectionLost();  // There is no exit handler yet.
+    }
     if (display != ourDisplay) {
         return previousIoErrorHandler(display);
     }
-    serverLost = true;
-    std::fputs("tavrikwindow: the connection to the X server is lost\n", stderr);
-    std::exit(1);
+    return 0;  // What comes next is the exit handler.
 }
 
-void installErrorHandlers(::Display* display) {
-    ourDisplay = display;
+void onIoErrorExit(::Display* display, void*) {
+    lostDisplay = display;
+    throw X11ConnectionLost();
+}
+
+void installErrorHandlers() {
     static const bool installed = [] {
         previousErrorHandler = XSetErrorHandler(onError);
         previousIoErrorHandler = XSetIOErrorHandler(onIoError);
         return true;
     }();
     static_cast<void>(installed);
+}
+
+// Xlib does not return from a loss while it connects either.
+::Display* openDisplay() {
+    ::Display* display = nullptr;
+    isOpening = true;
+    try {
+        display = XOpenDisplay(nullptr);
+    } catch (const X11ConnectionLost&) {
+        display = nullptr;
+    }
+    isOpening = false;
+    return display;
 }
 
 bool isByteMask(unsigned long mask) {
@@ -87,15 +105,17 @@ bool isByteMask(unsigned long mask) {
 }  // namespace
 
 std::unique_ptr<X11Connection> X11Connection::open() {
-    ::Display* display = XOpenDisplay(nullptr);
+    installErrorHandlers();
+    ::Display* display = openDisplay();
     if (display == nullptr) {
         return nullptr;
     }
+    ourDisplay = display;
+    XSetIOErrorExitHandler(display, onIoErrorExit, nullptr);
     std::unique_ptr<X11Connection> connection(new X11Connection(display));
     if (!connection->chooseVisual()) {
         return nullptr;
     }
-    installErrorHandlers(display);
     connection->createShared();
     return connection;
 }
@@ -104,17 +124,24 @@ X11Connection::X11Connection(::Display* display)
     : display_(display), screen_(DefaultScreen(display)), root_(RootWindow(display, screen_)) {}
 
 X11Connection::~X11Connection() {
-    // Every request on a lost connection ends in the handler that is just ending the process.
-    if (serverLost) {
+    if (isLost(display_)) {
         return;
     }
-    if (gc_ != nullptr) {
-        XFreeGC(display_, gc_);
+    try {
+        if (gc_ != nullptr) {
+            XFreeGC(display_, gc_);
+        }
+        XCloseDisplay(display_);
+    } catch (const X11ConnectionLost&) {
+        return;
     }
-    XCloseDisplay(display_);
     if (ourDisplay == display_) {
         ourDisplay = nullptr;
     }
+}
+
+bool X11Connection::isLost(const ::Display* display) {
+    return display == lostDisplay;
 }
 
 bool X11Connection::chooseVisual() {

@@ -40,10 +40,16 @@ enum class X11Atom {
     Count
 };
 
+// Thrown out of Xlib's own calls when the server is gone. Xlib would go on with a connection that takes no more
+// requests, and in the end write past its buffer; after this nothing may be asked of the connection any more.
+struct X11ConnectionLost {};
+
 class X11Connection {
 public:
     // Null when no server answers, or when it has no true-colour visual with eight bits a colour.
     static std::unique_ptr<X11Connection> open();
+    // Whether this is the connection that was lost. Destructors must leave it alone; its memory is never freed.
+    static bool isLost(const ::Display* display);
     ~X11Connection();
     X11Connection(const X11Connection&) = delete;
     X11Connection& operator=(const X11Connection&) = delete;

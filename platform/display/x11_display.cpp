@@ -56,11 +56,12 @@ void X11Display::createWindow(const DisplayWindowInfo& info) {
 }
 
 void X11Display::destroyWindow(HWND window) {
-    const X11Window* entry = find(window);
+    X11Window* entry = find(window);
     if (entry == nullptr) {
         return;
     }
     keyboard_.inputMethod().detach(entry->id());
+    entry->destroy();
     std::erase_if(windows_, [entry](const auto& candidate) { return candidate.get() == entry; });
     for (HWND* role : {&grabbed_, &serverFocus_, &reportedFocus_, &wantedFocus_}) {
         if (*role == window) {
@@ -409,11 +410,6 @@ int X11Display::reportFocus(InputSink& sink) {
         sink.focusIn(reportedFocus_);
     }
     return 1;
-}
-
-std::unique_ptr<Display> openX11Display() {
-    auto connection = X11Connection::open();
-    return connection != nullptr ? std::make_unique<X11Display>(std::move(connection)) : nullptr;
 }
 
 }  // namespace platform

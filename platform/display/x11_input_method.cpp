@@ -3,6 +3,7 @@
 
 #include "platform/display/x11_input_method.h"
 
+#include "platform/display/x11_connection.h"
 #include "platform/resources/code_page.h"
 
 #include <X11/Xutil.h>
@@ -42,6 +43,17 @@ X11InputMethod::X11InputMethod(::Display* display) : display_(display) {
 }
 
 X11InputMethod::~X11InputMethod() {
+    if (X11Connection::isLost(display_)) {
+        return;
+    }
+    try {
+        close();
+    } catch (const X11ConnectionLost&) {
+        return;
+    }
+}
+
+void X11InputMethod::close() {
     if (method_ != nullptr) {
         for (const Context& context : contexts_) {
             if (context.handle != nullptr) {

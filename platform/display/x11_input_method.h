@@ -34,6 +34,7 @@ private:
     };
 
     void open();
+    void close();
     // Picks how the method shows a composition: at the caret where it can, else in its own way.
     void chooseStyle();
     XIC createContext(::Window window);

@@ -71,7 +71,7 @@ X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, :
     setSizeHints();
 }
 
-X11Window::~X11Window() {
+void X11Window::destroy() {
     XDestroyWindow(connection_.display(), id_);
 }
 

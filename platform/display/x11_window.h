@@ -12,7 +12,6 @@ class X11Window {
 public:
     // `owner` is the X window that this one is transient for, or 0.
     X11Window(X11Connection& connection, const DisplayWindowInfo& info, ::Window owner);
-    ~X11Window();
     X11Window(const X11Window&) = delete;
     X11Window& operator=(const X11Window&) = delete;
 
@@ -22,6 +21,8 @@ public:
     // True between the server's notices that the window is shown and that it is not.
     bool isMapped() const { return mapped_; }
 
+    // Takes the window from the server; the connection's end does so too.
+    void destroy();
     void show(bool visible);
     void setTitle(const std::string& title);
     void setRect(const RECT& client);

@@ -18,6 +18,10 @@ int TavrikDisplayKind(void);
 // once: nobody could read them.
 int TavrikFontFound(void);
 
+// Non-zero once the X server is gone. Windows stay valid handles that nobody sees; GetMessage returns WM_QUIT from then
+// on, so that every modal loop ends without its dialog being accepted, and so does the program's own loop.
+int TavrikDisplayLost(void);
+
 // Hands the address range of a module's compiled resources (.res) to the window system. The module is the shared
 // object or program that contains `begin`; the range stays owned by the module and must live as long as it is loaded.
 void TavrikRegisterResources(const void* begin, const void* end);

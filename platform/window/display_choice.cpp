@@ -41,6 +41,10 @@ bool isDisplaySelected() {
     return selection().display != nullptr;
 }
 
+bool isDisplayLost() {
+    return isDisplaySelected() && selection().display->isLost();
+}
+
 }  // namespace platform
 
 int TavrikDisplayInit(int kind) {
@@ -59,4 +63,8 @@ int TavrikFontFound(void) {
 
 int TavrikDisplayKind(void) {
     return platform::selection().kind;
+}
+
+int TavrikDisplayLost(void) {
+    return platform::isDisplayLost() ? 1 : 0;
 }

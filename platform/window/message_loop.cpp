@@ -1,5 +1,6 @@
 // Sending, fetching and dispatching messages. What waits is fetched in this order: posted messages, the quit request,
-// input, painting, timers.
+// input, painting, timers. When the screen is lost there is nobody left who could end a loop: all loops are asked to
+// quit, before anything that still waits.
 #include "platform/window/caret.h"
 #include "platform/window/display_choice.h"
 #include "platform/window/hooks.h"
@@ -13,7 +14,20 @@
 namespace platform {
 namespace {
 
+// Whoever only peeks is asked once, so that a loop that empties the queue has an end.
+void askToQuitWhenLost() {
+    static bool asked = false;
+    if (!asked && isDisplayLost()) {
+        asked = true;
+        PostQuitMessage(0);
+    }
+}
+
 bool take(MSG& message, const MessageFilter& filter, bool remove) {
+    askToQuitWhenLost();
+    if (isDisplayLost() && takeQuit(message, remove)) {
+        return true;
+    }
     if (takePosted(message, filter, remove) || takeQuit(message, remove)) {
         return true;
     }
@@ -71,10 +85,15 @@ BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
     if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window))) {
         return -1;
     }
-    while (!platform::fetch(*message, {window, first, last}, true)) {
+    while (!platform::isDisplayLost()) {
+        if (platform::fetch(*message, {window, first, last}, true)) {
+            return message->message != WM_QUIT;
+        }
         platform::waitForEvents();
     }
-    return message->message != WM_QUIT;
+    PostQuitMessage(0);
+    platform::takeQuit(*message, true);
+    return FALSE;
 }
 
 LRESULT DispatchMessageA(const MSG* message) {

@@ -77,6 +77,10 @@ int Play(const Options& options) {
     };
     const automation::Totals totals =
         PlayScenario(scenario, access, open, std::cout, {scratch.Path(), options.isVerbose});
+    if (host::IsDisplayLost()) {
+        std::cerr << "tavrikplayer: the connection to the display was lost\n";
+        return kCannotPlay;
+    }
     return totals.failed == 0 ? kOk : kFailed;
 }
 

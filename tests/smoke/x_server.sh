@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # One person at a real X server: the sheet is used with the mouse and the keyboard, and the settings file tells what
 # came of it. Waits are for windows and for the keyboard focus, which the server tells; there is no window manager.
+# In the end the server goes away under the sheet and what is open on it.
 set -eu
 
 host=$PWD/build/native/bin/tavrikhost
@@ -55,8 +56,9 @@ press_ok() { press -125 -20; }
 press_general() { press 131 19; } # The second tab.
 
 caption='Inställningar på svenska'
+# open_sheet [OPTION...]
 open_sheet() {
-    "$host" --caption "$caption" --designation 1 "$settings" >"$folder/said" 2>&1 &
+    "$host" --caption "$caption" --designation 1 "$@" "$settings" >"$folder/said" 2>&1 &
     host_id=$!
     wait_for "sheet with the focus" has_focus "$caption"
     sheet=$(xdotool getwindowfocus)
@@ -78,13 +80,24 @@ expect_file() {
     fail "the file is not $2"
 }
 
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$folder/display" >/dev/null 2>&1 &
-server_id=$!
+start_server() {
+    : >"$folder/display"
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$folder/display" >/dev/null 2>&1 &
+    server_id=$!
+    wait_for "X server" test -s "$folder/display"
+    DISPLAY=:$(cat "$folder/display")
+    export DISPLAY
+    setxkbmap se
+}
+
+end_server() {
+    kill -KILL "$server_id"
+    wait "$server_id" 2>/dev/null || true
+    server_id=
+}
+
 touch "$folder/said"
-wait_for "X server" test -s "$folder/display"
-DISPLAY=:$(cat "$folder/display")
-export DISPLAY
-setxkbmap se
+start_server
 
 cat >"$folder/before" <<'END'
 # Rökprov
@@ -137,3 +150,37 @@ press_at 18 35
 build/native/bin/pressclosebox "$sheet"
 sheet_ends 1
 expect_file "$folder/after" "what it was before the close box"
+
+# The server goes away.
+lose_the_server() {
+    end_server
+    sheet_ends 3
+    expect_file "$folder/after" "what it was before the server was lost, with $1"
+    grep -qx 'tavrikhost: the connection to the display was lost; .*' "$folder/said" || fail "the host does not say why"
+    [ "$(grep -c . "$folder/said")" -eq 1 ] || fail "more than one line about the lost server"
+    start_server
+}
+
+change_something() {
+    open_sheet
+    press_general
+    press_at 18 35
+}
+change_something
+lose_the_server "the sheet"
+change_something
+press_at 123 78
+wait_for "drop-down list" shows 3
+lose_the_server "a drop-down list"
+change_something
+press_at 60 121
+xdotool key Home key shift+End type '2,5'
+xdotool key Tab
+wait_for "message box" has_focus 'Felaktigt textfält'
+lose_the_server "a message box"
+open_sheet --optional-pages 1
+press_at 39 182 # Databas
+wait_for "file dialog" shows 3
+lose_the_server "a file dialog"
+
+build/native/bin/breakingconnection "/tmp/.X11-unix/X${DISPLAY#:}" || fail "a server that is lost while the sheet opens"

@@ -1,0 +1,122 @@
+#include "platform/display/x11_survivor.h"
+
+#include <utility>
+
+namespace platform {
+
+template <typename Call>
+void X11Survivor::attempt(Call call) const {
+    if (lost_) {
+        return;
+    }
+    try {
+        call();
+    } catch (const X11ConnectionLost&) {
+        lost_ = true;
+    }
+}
+
+X11Survivor::X11Survivor(std::unique_ptr<X11Connection> connection) {
+    attempt([&] {
+        display_ = std::make_unique<X11Display>(std::move(connection));
+        screenSize_ = display_->screenSize();
+    });
+}
+
+X11Survivor::~X11Survivor() {
+    if (lost_) {
+        static_cast<void>(display_.release());
+    }
+}
+
+void X11Survivor::createWindow(const DisplayWindowInfo& info) {
+    attempt([&] { display_->createWindow(info); });
+}
+
+void X11Survivor::destroyWindow(HWND window) {
+    attempt([&] { display_->destroyWindow(window); });
+}
+
+void X11Survivor::show(HWND window, bool visible) {
+    attempt([&] { display_->show(window, visible); });
+}
+
+void X11Survivor::setTitle(HWND window, const std::string& title) {
+    attempt([&] { display_->setTitle(window, title); });
+}
+
+void X11Survivor::setRect(HWND window, const RECT& client) {
+    attempt([&] { display_->setRect(window, client); });
+}
+
+void X11Survivor::raise(HWND window) {
+    attempt([&] { display_->raise(window); });
+}
+
+void X11Survivor::setTopmost(HWND window, bool topmost) {
+    attempt([&] { display_->setTopmost(window, topmost); });
+}
+
+void X11Survivor::focus(HWND window) {
+    attempt([&] { display_->focus(window); });
+}
+
+void X11Survivor::grabMouse(HWND popup) {
+    attempt([&] { display_->grabMouse(popup); });
+}
+
+void X11Survivor::present(HWND window, const Surface& surface, const RECT& rect) {
+    attempt([&] { display_->present(window, surface, rect); });
+}
+
+void X11Survivor::setCursor(HCURSOR cursor) {
+    attempt([&] { display_->setCursor(cursor); });
+}
+
+void X11Survivor::setCaretRect(HWND window, const RECT& rect) {
+    attempt([&] { display_->setCaretRect(window, rect); });
+}
+
+int X11Survivor::pump(InputSink& sink, int timeoutMs) {
+    int delivered = 0;
+    attempt([&] { delivered = display_->pump(sink, timeoutMs); });
+    return delivered;
+}
+
+POINT X11Survivor::cursorPosition() const {
+    POINT position{};
+    attempt([&] { position = display_->cursorPosition(); });
+    return position;
+}
+
+void X11Survivor::beep() {
+    attempt([&] { display_->beep(); });
+}
+
+void X11Survivor::writeClipboard(const std::string& text) {
+    attempt([&] { display_->writeClipboard(text); });
+}
+
+bool X11Survivor::readClipboard(std::string& text) {
+    bool found = false;
+    attempt([&] { found = display_->readClipboard(text); });
+    return found;
+}
+
+bool X11Survivor::clipboardHasText() {
+    bool found = false;
+    attempt([&] { found = display_->clipboardHasText(); });
+    return found;
+}
+
+std::unique_ptr<Display> openX11Display() {
+    std::unique_ptr<X11Connection> connection;
+    try {
+        connection = X11Connection::open();
+    } catch (const X11ConnectionLost&) {
+        return nullptr;
+    }
+    return connection != nullptr ? std::make_unique<X11Survivor>(std::move(connection)) : nullptr;
+}
+
+}  // namespace platform
