@@ -48,6 +48,9 @@ public:
     virtual void focusOut(HWND top) = 0;
     virtual void moved(HWND top, POINT clientOrigin) = 0;
     virtual void resized(HWND top, SIZE client) = 0;
+    // Another program destroyed the window. The display still knows it, until it is told to destroy it, but nobody
+    // will see it again.
+    virtual void destroyed(HWND top) = 0;
     // A part must be shown again; the display presents it itself from the surface it was last given.
 };
 

@@ -185,6 +185,10 @@ std::uint32_t X11Connection::pixel(std::uint32_t rgb) const {
 }
 
 void X11Connection::noteTime(const XEvent& event) {
+    // A time that another program made up may lie in the future, where the server refuses it.
+    if (event.xany.send_event != False) {
+        return;
+    }
     if (event.type == KeyPress || event.type == KeyRelease) {
         lastTime_ = event.xkey.time;
     } else if (event.type == ButtonPress || event.type == ButtonRelease) {

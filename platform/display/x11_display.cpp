@@ -228,12 +228,43 @@ int X11Display::drain(InputSink& sink) {
     XEvent event;
     while (XPending(display) > 0) {
         XNextEvent(display, &event);
+        const bool believable = isBelievable(event);
+        textFollows_ = false;
+        if (!believable) {
+            continue;
+        }
         connection_->noteTime(event);
+        const int waiting = XEventsQueued(display, QueuedAlready);
         if (XFilterEvent(&event, 0) == False) {
             delivered += dispatch(event, sink);
+        } else {
+            textFollows_ = XEventsQueued(display, QueuedAlready) > waiting;
         }
     }
     return delivered + reportFocus(sink);
+}
+
+// Any program may send any event to any window. Those that only the server can know of are believed from the server
+// alone; so is key code 0, with which an input method marks the text that it has ready.
+bool X11Display::isBelievable(const XEvent& event) const {
+    if (event.xany.send_event == False) {
+        return true;
+    }
+    switch (event.type) {
+        case KeyPress:
+        case KeyRelease:
+            return event.xkey.keycode != 0 || textFollows_;
+        case ButtonPress:
+        case ButtonRelease:
+        case MotionNotify:
+        case Expose:
+        case ConfigureNotify:
+        case ClientMessage:
+        case SelectionNotify:
+            return true;
+        default:
+            return false;
+    }
 }
 
 int X11Display::dispatch(XEvent& event, InputSink& sink) {
@@ -284,6 +315,8 @@ int X11Display::dispatchToWindow(XEvent& event, X11Window& window, InputSink& si
         case UnmapNotify:
             window.onUnmapNotify();
             return 0;
+        case DestroyNotify:
+            return onDestroyNotify(window, sink);
         case MapNotify:
             window.onMapNotify();
             if (window.window() == wantedFocus_) {
@@ -331,7 +364,7 @@ int X11Display::onMouseMove(const XMotionEvent& event, HWND window, InputSink& s
 }
 
 int X11Display::onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink) {
-    if (event.message_type != connection_->atom(X11Atom::WmProtocols)) {
+    if (event.message_type != connection_->atom(X11Atom::WmProtocols) || event.format != 32) {
         return 0;
     }
     ::Display* display = connection_->display();
@@ -366,6 +399,18 @@ int X11Display::onConfigureNotify(const XConfigureEvent& event, X11Window& windo
         ++delivered;
     }
     return delivered;
+}
+
+// A drop-down list belongs to a control that goes on, so it comes back.
+int X11Display::onDestroyNotify(X11Window& window, InputSink& sink) {
+    if (window.isPopup()) {
+        keyboard_.inputMethod().detach(window.id());
+        window.create();
+        keyboard_.inputMethod().attach(window.id());
+        return 0;
+    }
+    sink.destroyed(window.window());
+    return 1;
 }
 
 void X11Display::onFocusChange(const XFocusChangeEvent& event, X11Window& window) {

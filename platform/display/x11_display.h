@@ -49,6 +49,7 @@ private:
     void wait(Clock::time_point until) const;
     // Delivers what has arrived and answers how many events the sink got.
     int drain(InputSink& sink);
+    bool isBelievable(const XEvent& event) const;
     int dispatch(XEvent& event, InputSink& sink);
     // Events of one window, by kind; each answers how many events the sink got.
     int dispatchToWindow(XEvent& event, X11Window& window, InputSink& sink);
@@ -57,6 +58,7 @@ private:
     int onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink);
     int onConfigureNotify(const XConfigureEvent& event, X11Window& window, InputSink& sink);
     void onFocusChange(const XFocusChangeEvent& event, X11Window& window);
+    int onDestroyNotify(X11Window& window, InputSink& sink);
     int reportFocus(InputSink& sink);
     void takeFocus(const X11Window& window);
     void takeGrab(const X11Window& window);
@@ -69,6 +71,7 @@ private:
     ::Cursor arrow_ = 0;
     ::Cursor textCursor_ = 0;
     HWND grabbed_ = nullptr;
+    bool textFollows_ = false;  // The input method has just put a key event with its text in front of the queue.
 
     HWND serverFocus_ = nullptr;      // As the server's events say.
     HWND reportedFocus_ = nullptr;    // As the sink knows.

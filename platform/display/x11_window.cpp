@@ -9,8 +9,10 @@
 #include <X11/Xatom.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <bit>
 #include <cerrno>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -45,14 +47,12 @@ std::string latin1(const std::string& text) {
 }  // namespace
 
 X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, ::Window owner)
-    : connection_(connection),
-      window_(info.window),
-      kind_(info.kind),
-      rect_(info.rect),
-      positioned_(info.positioned),
-      resizable_(info.resizable),
-      least_(info.least) {
-    const bool popup = kind_ == DisplayWindowInfo::Kind::Popup;
+    : connection_(connection), info_(info), owner_(owner), rect_(info.rect) {
+    create();
+}
+
+void X11Window::create() {
+    const bool popup = isPopup();
     XSetWindowAttributes attributes{};
     attributes.background_pixel = connection_.pixel(backgroundColour());
     attributes.bit_gravity = NorthWestGravity;
@@ -65,41 +65,45 @@ X11Window::X11Window(X11Connection& connection, const DisplayWindowInfo& info, :
         extent(rect_.top, rect_.bottom), 0, connection_.visual().depth, InputOutput, connection_.visual().visual,
         CWBackPixel | CWBorderPixel | CWBitGravity | CWColormap | CWOverrideRedirect | CWSaveUnder | CWEventMask,
         &attributes);
-    setTitle(info.title);
-    setWindowManagerHints(owner);
+    setTitle(info_.title);
+    setWindowManagerHints();
     setDecorationHints();
     setSizeHints();
+    onUnmapNotify();
+    if (std::exchange(shown_, false)) {
+        show(true);
+    }
 }
 
 void X11Window::destroy() {
     XDestroyWindow(connection_.display(), id_);
 }
 
-void X11Window::setWindowManagerHints(::Window owner) {
+void X11Window::setWindowManagerHints() {
     ::Display* display = connection_.display();
     std::string name = program_invocation_short_name;
     std::string className = "Tavrik";
     XClassHint classHint{name.data(), className.data()};
     XWMHints hints{};
     hints.flags = InputHint | StateHint;
-    hints.input = kind_ == DisplayWindowInfo::Kind::Popup ? False : True;
+    hints.input = isPopup() ? False : True;
     hints.initial_state = NormalState;
     // The client machine and the locale of the texts come with this call; the titles are set apart.
     XSetWMProperties(display, id_, nullptr, nullptr, nullptr, 0, nullptr, &hints, &classHint);
     const long process = getpid();
     XChangeProperty(display, id_, connection_.atom(X11Atom::NetWmPid), XA_CARDINAL, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(&process), 1);
-    if (owner != 0) {
-        XSetTransientForHint(display, id_, owner);
+    if (owner_ != 0) {
+        XSetTransientForHint(display, id_, owner_);
     }
 
     constexpr std::array<X11Atom, 3> kTypes = {X11Atom::NetWmWindowTypeNormal, X11Atom::NetWmWindowTypeDialog,
                                                X11Atom::NetWmWindowTypeCombo};
-    const std::array<Atom, 1> type = {connection_.atom(kTypes[static_cast<std::size_t>(kind_)])};
+    const std::array<Atom, 1> type = {connection_.atom(kTypes[static_cast<std::size_t>(info_.kind)])};
     connection_.setAtomProperty(id_, X11Atom::NetWmWindowType, type);
     // Dialogs with an owner are modal to it: their owner is disabled while they are shown.
-    modal_ = kind_ == DisplayWindowInfo::Kind::Dialog && owner != 0;
-    if (kind_ == DisplayWindowInfo::Kind::Popup) {
+    modal_ = info_.kind == DisplayWindowInfo::Kind::Dialog && owner_ != 0;
+    if (isPopup()) {
         return;
     }
     const std::array<Atom, 2> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
@@ -109,7 +113,7 @@ void X11Window::setWindowManagerHints(::Window owner) {
 
 // A dialog has a title and a close box, but is neither made an icon nor enlarged.
 void X11Window::setDecorationHints() {
-    if (kind_ != DisplayWindowInfo::Kind::Dialog || resizable_) {
+    if (info_.kind != DisplayWindowInfo::Kind::Dialog || info_.resizable) {
         return;
     }
     constexpr unsigned long kFunctionsAndDecorations = 1 | 2;
@@ -126,20 +130,20 @@ void X11Window::setSizeHints() {
     // With static gravity the place is that of the client area, whatever frame comes around it.
     hints.flags = PSize | PWinGravity;
     hints.win_gravity = StaticGravity;
-    if (positioned_) {
+    if (info_.positioned) {
         hints.flags |= USPosition | PPosition;
     }
-    if (!resizable_) {
+    if (!info_.resizable) {
         hints.flags |= PMinSize | PMaxSize;
     }
     hints.x = rect_.left;
     hints.y = rect_.top;
     hints.width = hints.min_width = hints.max_width = static_cast<int>(extent(rect_.left, rect_.right));
     hints.height = hints.min_height = hints.max_height = static_cast<int>(extent(rect_.top, rect_.bottom));
-    if (resizable_ && least_.cx > 0 && least_.cy > 0) {
+    if (info_.resizable && info_.least.cx > 0 && info_.least.cy > 0) {
         hints.flags |= PMinSize;
-        hints.min_width = least_.cx;
-        hints.min_height = least_.cy;
+        hints.min_width = info_.least.cx;
+        hints.min_height = info_.least.cy;
     }
     XSetWMNormalHints(connection_.display(), id_, &hints);
 }
@@ -159,6 +163,7 @@ void X11Window::show(bool visible) {
 }
 
 void X11Window::setTitle(const std::string& title) {
+    info_.title = title;
     connection_.setTextProperty(id_, XA_WM_NAME, XA_STRING, latin1(title));
     connection_.setTextProperty(id_, connection_.atom(X11Atom::NetWmName), connection_.atom(X11Atom::Utf8String),
                                 codePageToUtf8(title));
@@ -168,8 +173,8 @@ void X11Window::setRect(const RECT& client) {
     if (sameRect(client, rect_)) {
         return;
     }
-    rect_ = client;
-    positioned_ = true;
+    info_.rect = rect_ = client;
+    info_.positioned = true;
     setSizeHints();
     placedBy_ = NextRequest(connection_.display());
     XMoveResizeWindow(connection_.display(), id_, rect_.left, rect_.top, extent(rect_.left, rect_.right),
@@ -266,14 +271,30 @@ bool X11Window::onConfigureNotify(const XConfigureEvent& event) {
         return false;
     }
     POINT origin = {event.x, event.y};
-    if (event.send_event == False && reparented_) {
-        // Inside a frame the server reports the place within it; only the window manager's own notices are of the
-        // screen.
+    if (event.send_event != False || reparented_) {
+        // Inside a frame the server reports the place within it. A notice that was sent is the window manager's, of the
+        // screen, or some other program's, of nothing.
         ::Window child = 0;
-        XTranslateCoordinates(connection_.display(), id_, connection_.root(), 0, 0, &origin.x, &origin.y, &child);
+        if (XTranslateCoordinates(connection_.display(), id_, connection_.root(), 0, 0, &origin.x, &origin.y, &child) ==
+            False) {
+            return false;  // It is gone meanwhile.
+        }
     }
-    rect_ = {origin.x, origin.y, origin.x + event.width, origin.y + event.height};
+    const SIZE size = believedSize(event);
+    rect_ = {origin.x, origin.y, origin.x + size.cx, origin.y + size.cy};
     return true;
+}
+
+// Other programs can resize the window beyond all reason. The part that fits the screen is shown then, or the size that
+// the program gave itself where that is larger. A window manager's own notice is about the place alone.
+SIZE X11Window::believedSize(const XConfigureEvent& event) const {
+    if (event.send_event != False) {
+        return {rect_.right - rect_.left, rect_.bottom - rect_.top};
+    }
+    const ::Display* display = connection_.display();
+    const int widest = std::max<int>(DisplayWidth(display, connection_.screen()), info_.rect.right - info_.rect.left);
+    const int highest = std::max<int>(DisplayHeight(display, connection_.screen()), info_.rect.bottom - info_.rect.top);
+    return {std::min(event.width, widest), std::min(event.height, highest)};
 }
 
 void X11Window::putImage(const RECT& rect) {

@@ -16,11 +16,14 @@ public:
     X11Window& operator=(const X11Window&) = delete;
 
     ::Window id() const { return id_; }
-    HWND window() const { return window_; }
+    HWND window() const { return info_.window; }
+    bool isPopup() const { return info_.kind == DisplayWindowInfo::Kind::Popup; }
     const RECT& rect() const { return rect_; }
     // True between the server's notices that the window is shown and that it is not.
     bool isMapped() const { return mapped_; }
 
+    // Makes the window on the server, anew where another program destroyed it; it is shown again if it was.
+    void create();
     // Takes the window from the server; the connection's end does so too.
     void destroy();
     void show(bool visible);
@@ -40,21 +43,19 @@ public:
     bool onConfigureNotify(const XConfigureEvent& event);
 
 private:
-    void setWindowManagerHints(::Window owner);
+    void setWindowManagerHints();
     void setDecorationHints();
     void setSizeHints();
     void setState(X11Atom state, bool on);
     void writeState();
+    SIZE believedSize(const XConfigureEvent& event) const;
     void putImage(const RECT& rect);
 
     X11Connection& connection_;
     ::Window id_ = 0;
-    HWND window_;
-    DisplayWindowInfo::Kind kind_;
+    DisplayWindowInfo info_;  // With the title and the place that the program gave last.
+    ::Window owner_;
     RECT rect_;
-    bool positioned_;
-    bool resizable_;
-    SIZE least_;
     bool modal_ = false;
     bool topmost_ = false;
     bool shown_ = false;  // Asked for, whether or not the server has done it.

@@ -4,6 +4,7 @@
 
 #include "platform/window/activation.h"
 #include "platform/window/display_choice.h"
+#include "platform/window/focus.h"
 #include "platform/window/input_event.h"
 #include "platform/window/keyboard.h"
 #include "platform/window/mouse.h"
@@ -18,7 +19,7 @@ namespace platform {
 namespace {
 
 struct ServerEvent {
-    enum class Kind { FocusIn, FocusOut, Close, Moved, Resized };
+    enum class Kind { FocusIn, FocusOut, Close, Moved, Resized, Destroyed };
     Kind kind;
     HWND top;
     POINT value;  // The new origin, or the new size.
@@ -81,6 +82,7 @@ public:
     void resized(HWND top, SIZE client) override {
         server_.push_back({ServerEvent::Kind::Resized, top, {client.cx, client.cy}});
     }
+    void destroyed(HWND top) override { server_.push_back({ServerEvent::Kind::Destroyed, top, {}}); }
 
     bool takeServerEvent(ServerEvent& event) {
         if (server_.empty()) {
@@ -206,6 +208,23 @@ void onServerFocus(HWND handle) {
     }
 }
 
+// What nobody can see or close any more must not keep a modal loop running: the window goes with all that it owns, as
+// if its program had destroyed it, and the loop that waits for a message looks whether it still has a window.
+// The focus leaves it without a message, which would have a page check what was typed, with a box that nobody asked
+// for.
+void destroyedByServer(HWND top) {
+    for (const HWND handle : childHandles(desktop())) {
+        const Window* window = findWindow(handle);
+        for (const Window* up = window; up; up = findWindow(up->owner)) {
+            if (up->handle == top) {
+                dropFocusOf(*window);
+            }
+        }
+    }
+    DestroyWindow(top);
+    post(nullptr, WM_NULL, 0, 0);
+}
+
 void carryOut(const ServerEvent& event) {
     switch (event.kind) {
         case ServerEvent::Kind::FocusIn:
@@ -228,6 +247,9 @@ void carryOut(const ServerEvent& event) {
             break;
         case ServerEvent::Kind::Resized:
             resizedByServer(event.top, {event.value.x, event.value.y});
+            break;
+        case ServerEvent::Kind::Destroyed:
+            destroyedByServer(event.top);
             break;
     }
 }

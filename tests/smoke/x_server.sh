@@ -5,6 +5,7 @@
 set -eu
 
 host=$PWD/build/native/bin/tavrikhost
+stranger=$PWD/build/native/bin/stranger
 folder=$(mktemp -d)
 settings=$folder/smoke.settings
 host_id='' server_id=''
@@ -54,6 +55,13 @@ press_at() {
 }
 press_ok() { press -125 -20; }
 press_general() { press 131 19; } # The second tab.
+
+enter_wrong_number() {
+    press_at 60 121 # X
+    xdotool key Home key shift+End type '2,5'
+    xdotool key Tab
+    wait_for "message box" has_focus 'Felaktigt textfält'
+}
 
 caption='Inställningar på svenska'
 # open_sheet [OPTION...]
@@ -110,20 +118,22 @@ PHASE_DIST_VER=10
 END
 cp "$folder/before" "$settings"
 
-# Everything once, and OK.
+# Everything once, and OK, however much another program disturbs.
 open_sheet
+"$stranger" litter 10000
 press_general
 press_at 18 35  # Uppräkning av postbeteckningar
 press_at 152 35 # A2 - A1
 press_at 123 78 # The arrow of Symbolstandard.
 wait_for "drop-down list" shows 3
+"$stranger" litter 1000
+list=$(xdotool search --onlyvisible --class Tavrik | sort -n | tail -1)
+"$stranger" destroy "$list"
+wait_for "drop-down list that comes back" shows 3
 press_at 40 99  # Its second entry.
 wait_for "end of the drop-down list" shows 2
 xdotool key End type 'åäö ÅÄÖ'
-press_at 60 121 # X
-xdotool key Home key shift+End type '2,5'
-xdotool key Tab
-wait_for "message box" has_focus 'Felaktigt textfält'
+enter_wrong_number
 xdotool key Return
 wait_for "sheet after the message box" has_focus "$caption"
 xdotool type '12.5'
@@ -147,9 +157,24 @@ expect_file "$folder/after" "what it was before Esc"
 open_sheet
 press_general
 press_at 18 35
-build/native/bin/pressclosebox "$sheet"
+"$stranger" close "$sheet"
 sheet_ends 1
 expect_file "$folder/after" "what it was before the close box"
+
+# Another program destroys the sheet, the box in front of it, or the host's window.
+open_sheet
+press_general
+press_at 18 35
+"$stranger" destroy "$sheet"
+sheet_ends 1
+open_sheet
+press_general
+enter_wrong_number
+"$stranger" destroy "$(xdotool getwindowfocus)"
+wait_for "sheet after the message box" has_focus "$caption"
+"$stranger" destroy "$(xdotool search --name Tavrikhost)"
+sheet_ends 1
+expect_file "$folder/after" "what it was before a window was destroyed"
 
 # The server goes away.
 lose_the_server() {
@@ -173,10 +198,7 @@ press_at 123 78
 wait_for "drop-down list" shows 3
 lose_the_server "a drop-down list"
 change_something
-press_at 60 121
-xdotool key Home key shift+End type '2,5'
-xdotool key Tab
-wait_for "message box" has_focus 'Felaktigt textfält'
+enter_wrong_number
 lose_the_server "a message box"
 open_sheet --optional-pages 1
 press_at 39 182 # Databas

@@ -201,15 +201,6 @@ TEST_F(X11DisplayTest, FocusNoticesThatCameTooLateTellNothing) {
     settle();
     EXPECT_EQ(sink_.take(), Events{});
 
-    XEvent late{};
-    late.xfocus.type = FocusOut;
-    late.xfocus.window = windowTitled("one");
-    late.xfocus.detail = NotifyNonlinear;
-    XSendEvent(other_, late.xfocus.window, False, FocusChangeMask, &late);
-    XFlush(other_);
-    settle();
-    EXPECT_EQ(sink_.take(), Events{});
-
     // Lost while a window that is not shown yet waits for it.
     display_->show(windowNumber(1), false);
     settle();
@@ -239,6 +230,39 @@ TEST_F(X11DisplayTest, MovesInARowAreOneUnlessAButtonOrTheWindowChanges) {
     EXPECT_TRUE(pumpUntilEvent("move 1 button 0 at 6,6"));
     EXPECT_EQ(events_, (Events{"move 1 button 0 at 2,2", "move 2 button 0 at 3,3", "move 1 button 0 at 4,4",
                                "move 1 button 0 at 6,6"}));
+}
+
+TEST_F(X11DisplayTest, WhatOtherProgramsSayAndDoIsBelievedWithinReason) {
+    open(1, {10, 20, 110, 70}, "one");
+    ASSERT_TRUE(pumpUntil([&] { return windowTitled("one") != 0; }));
+    const ::Window window = windowTitled("one");
+    display_->writeClipboard("text");
+    for (const int type : {KeyPress, FocusIn, UnmapNotify, DestroyNotify, ConfigureNotify, MappingNotify}) {
+        XEvent lie{};
+        lie.type = type;
+        lie.xany.window = window;
+        if (type == ConfigureNotify || type == UnmapNotify || type == DestroyNotify) {
+            lie.xconfigure.window = window;  // All three name it twice.
+        }
+        if (type == ConfigureNotify) {
+            lie.xconfigure.width = lie.xconfigure.height = 30000;
+        }
+        XSendEvent(other_, window, False, NoEventMask, &lie);
+    }
+    XSync(other_, False);
+    settle();
+    EXPECT_EQ(sink_.take(), Events{});
+
+    XResizeWindow(other_, window, 30000, 30);
+    XSync(other_, False);
+    const SIZE screen = display_->screenSize();
+    EXPECT_TRUE(pumpUntilEvent("resized 1 to " + std::to_string(screen.cx) + ",30"));
+    XDestroyWindow(other_, window);
+    XSync(other_, False);
+    EXPECT_TRUE(pumpUntilEvent("destroyed 1"));
+    display_->setTitle(windowNumber(1), "still known");
+    display_->destroyWindow(windowNumber(1));
+    EXPECT_EQ(display_->pump(sink_, 0), 0);
 }
 
 TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {
