@@ -2,6 +2,8 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <cstdlib>
+#include <fstream>
 #include <memory>
 
 namespace platform {
@@ -45,9 +47,29 @@ std::string findFile(FcConfig& config, int weight) {
     return reinterpret_cast<const char*>(file);
 }
 
+// Where the usual dialog font lies on most systems. Asking fontconfig costs more than all else that happens until the
+// first sheet is there.
+FontFiles usualFontFiles() {
+    if (std::getenv("FONTCONFIG_FILE") != nullptr || std::getenv("FONTCONFIG_PATH") != nullptr) {
+        return {};
+    }
+    for (const char* const folder : {"/usr/share/fonts/truetype/liberation", "/usr/share/fonts/truetype/liberation2",
+                                     "/usr/share/fonts/liberation-sans", "/usr/share/fonts/liberation"}) {
+        const FontFiles files = {std::string(folder) + "/LiberationSans-Regular.ttf",
+                                 std::string(folder) + "/LiberationSans-Bold.ttf"};
+        if (std::ifstream(files.regular).good() && std::ifstream(files.bold).good()) {
+            return files;
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 FontFiles findFontFiles() {
+    if (FontFiles usual = usualFontFiles(); !usual.regular.empty()) {
+        return usual;
+    }
     // A configuration of our own, so that releasing its memory takes nothing from a host that uses fontconfig too.
     const std::unique_ptr<FcConfig, ConfigDeleter> config(FcInitLoadConfigAndFonts());
     if (config == nullptr) {

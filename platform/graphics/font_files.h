@@ -11,7 +11,8 @@ struct FontFiles {
     std::string bold;
 };
 
-// Asks fontconfig, which takes milliseconds: once per process.
+// Once per process: asks fontconfig, which takes milliseconds, unless the usual font is where it is on most systems and
+// no variable of fontconfig's is set.
 FontFiles findFontFiles();
 
 }  // namespace platform
