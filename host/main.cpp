@@ -176,6 +176,7 @@ int Main(const std::vector<std::string>& arguments) {
 }  // namespace host
 
 int main(int argc, char** argv) {
+    host::ReserveStandardStreams();
     host::UseUtf8Console();
     return host::Main(host::CommandLineArguments(argc, argv));
 }

@@ -158,6 +158,10 @@ std::vector<std::string> CommandLineArguments(int /*argc*/, char** /*argv*/) {
     return arguments;
 }
 
+void ReserveStandardStreams() {
+    // The run time library has its own table of files, and connections are none of them.
+}
+
 void UseUtf8Console() {
     static const UINT codePageBefore = GetConsoleOutputCP();
     if (codePageBefore == 0) {
@@ -202,6 +206,15 @@ bool IsDisplayLost() {
 
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
     return {argv + 1, argv + argc};
+}
+
+void ReserveStandardStreams() {
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        // The lowest free number is the one that a new file gets.
+        if (fcntl(descriptor, F_GETFD) < 0) {
+            static_cast<void>(open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+        }
+    }
 }
 
 void UseUtf8Console() {

@@ -15,6 +15,10 @@ namespace host {
 // The program's arguments without its own name, UTF-8.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
 
+// Takes the descriptors of standard streams that whoever started the program had closed, so that no file or connection
+// gets one of their numbers, and with it what is printed. Reading and writing them fails as before. To be called first.
+void ReserveStandardStreams();
+
 // Makes a console show what the program prints as the UTF-8 that it is. When the program exits, the console gets back
 // the code page that it had, for the programs that are run after this one.
 void UseUtf8Console();

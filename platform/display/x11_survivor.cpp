@@ -1,8 +1,41 @@
+// The survivor's calls, and how it comes to be.
 #include "platform/display/x11_survivor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <utility>
 
 namespace platform {
+namespace {
+
+// Keeps the descriptors 0 to 2 taken while the connection is made. A host may have closed some of them, and what is
+// printed to the standard streams would go to the server if the connection took their place. The host's descriptors are
+// as they were afterwards.
+class StandardDescriptors {
+public:
+    StandardDescriptors() {
+        int descriptor = 0;
+        while ((descriptor = open("/dev/null", O_RDWR | O_CLOEXEC)) >= 0 && descriptor <= STDERR_FILENO) {
+            taken_.push_back(descriptor);
+        }
+        if (descriptor >= 0) {
+            close(descriptor);
+        }
+    }
+    ~StandardDescriptors() {
+        for (const int descriptor : taken_) {
+            close(descriptor);
+        }
+    }
+    StandardDescriptors(const StandardDescriptors&) = delete;
+    StandardDescriptors& operator=(const StandardDescriptors&) = delete;
+
+private:
+    std::vector<int> taken_;
+};
+
+}  // namespace
 
 template <typename Call>
 void X11Survivor::attempt(Call call) const {
@@ -110,6 +143,7 @@ bool X11Survivor::clipboardHasText() {
 }
 
 std::unique_ptr<Display> openX11Display() {
+    const StandardDescriptors kept;
     std::unique_ptr<X11Connection> connection;
     try {
         connection = X11Connection::open();

@@ -87,6 +87,7 @@ int Play(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    host::ReserveStandardStreams();
     host::UseUtf8Console();
     Options options;
     if (!ParseOptions(host::CommandLineArguments(argc, argv), options)) {

@@ -82,6 +82,9 @@ const char* useTheLibrary() {
     if (TavrikDisplayInit(TAVRIK_DISPLAY_X11) == 0) {
         return nullptr;  // Lost as early as that, there simply is no display.
     }
+    if (fcntl(STDOUT_FILENO, F_GETFD) >= 0) {
+        return "the connection took the place of standard output";
+    }
     CMdb store;
     host::ScenarioStore access(store);
     access.Append("X-COORD", "20");
@@ -112,6 +115,7 @@ bool survives(int listener, const std::string& serverPath, long budget) {
     const pid_t child = fork();
     if (child == 0) {
         alarm(kLongestSeconds);
+        close(STDOUT_FILENO);
         const char* wrong = useTheLibrary();
         if (wrong != nullptr) {
             std::fprintf(stderr, "%s\n", wrong);

@@ -68,6 +68,9 @@ caption='Inställningar på svenska'
 open_sheet() {
     "$host" --caption "$caption" --designation 1 "$@" "$settings" >"$folder/said" 2>&1 &
     host_id=$!
+    sheet_comes
+}
+sheet_comes() {
     wait_for "sheet with the focus" has_focus "$caption"
     sheet=$(xdotool getwindowfocus)
 }
@@ -145,6 +148,17 @@ sed 's/^STR_INCR=.*/STR_INCR=1/; s/^A2-A1=.*/A2-A1=1/; s/^CCT_DIR=.*/CCT_DIR=iec
 expect_file "$folder/after" "what OK has written"
 grep -qx 'changed X-COORD: "20" -> "12.5"' "$folder/said" || fail "the host does not name the change"
 [ "$(grep -c . "$folder/said")" -eq 5 ] || fail "the host names other changes"
+
+# Started without any standard stream: all is saved, but the host cannot tell.
+"$host" --caption "$caption" "$settings" <&- >&- 2>&- &
+host_id=$!
+sheet_comes
+press_general
+press_at 18 35
+press_ok
+sheet_ends 2
+sed -i 's/^STR_INCR=.*/STR_INCR=0/' "$folder/after"
+expect_file "$folder/after" "what OK has written without standard streams"
 
 # Changes that the person gives up with Esc, and with the close box.
 open_sheet
