@@ -125,6 +125,9 @@ bool Edit::onMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) 
         case WM_CAPTURECHANGED:
             tracking_ = false;
             return true;
+        case WM_CONTEXTMENU:
+            onWmContextMenu(lParam);
+            return true;
         case WM_MOUSEWHEEL:
             result = listIsOpen() ? SendMessageA(combo_, kComboListWheel, wParam, lParam) : 0;
             return true;

@@ -1,4 +1,4 @@
-// The single-line edit. Deliberately missing are several lines of text, other password characters and a context menu.
+// The single-line edit. Deliberately missing are several lines of text and other password characters.
 #pragma once
 
 #include "platform/controls/edit_text.h"
@@ -38,6 +38,9 @@ private:
     void onWmLButtonDblClk();
     void onWmMouseMove(POINT at);
     void onWmLButtonUp();
+    void onWmContextMenu(LPARAM lParam);
+    // Whether an entry of the context menu can be chosen.
+    bool canDo(UINT command) const;
     void onWmChar(char character);
     LRESULT onKey(UINT message, WPARAM wParam, LPARAM lParam);
     void onWmKeyDown(UINT key);

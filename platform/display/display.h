@@ -67,8 +67,8 @@ public:
     virtual void setTopmost(HWND window, bool topmost) = 0;
     // Asks the server for the keyboard focus.
     virtual void focus(HWND window) = 0;
-    // While a popup is grabbed the display reports mouse events anywhere to it (outside: coordinates outside its
-    // client area), so that a click elsewhere can close a drop-down list. Null ends the grab.
+    // While a popup is grabbed the display reports to it all mouse events that are over none of our windows
+    // (coordinates outside its client area), so that a click anywhere can close a drop-down list. Null ends the grab.
     virtual void grabMouse(HWND popup) = 0;
     // Shows the part `rect` of the surface, which stays owned by the caller and lives until destroyWindow.
     virtual void present(HWND window, const Surface& surface, const RECT& rect) = 0;

@@ -219,9 +219,9 @@ HWND MemoryDisplay::windowAt(POINT screen) const {
 }
 
 HWND MemoryDisplay::mouseTarget(POINT screen, POINT& client) const {
-    HWND target = grabbed_ != nullptr ? grabbed_ : pressed_;
+    HWND target = grabbed_ == nullptr && pressed_ != nullptr ? pressed_ : windowAt(screen);
     if (target == nullptr) {
-        target = windowAt(screen);
+        target = grabbed_;
     }
     if (const Window* entry = find(target)) {
         client = {screen.x - entry->info.rect.left, screen.y - entry->info.rect.top};

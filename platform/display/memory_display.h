@@ -45,8 +45,8 @@ public:
     bool clipboardHasText() override { return !clipboard_.empty(); }
 
     // The user's side. Events wait for the next pump. `modifiers` are the bits of InputSink::modifiers. The mouse acts
-    // at a point of the screen, on the topmost window there, the one that holds the grab, or the one where a button
-    // is held; elsewhere nothing happens.
+    // at a point of the screen, on the topmost window there, else the one that holds the grab. Without a grab
+    // the window keeps the mouse while a button is held. Elsewhere nothing happens.
     void injectMouse(InputSink::Mouse what, int button, POINT screen, unsigned modifiers = 0);
     void injectWheel(int delta, POINT screen);
     void injectKey(int virtualKey, bool down, const std::string& text, unsigned modifiers = 0);

@@ -138,8 +138,8 @@ void X11Display::grabMouse(HWND popup) {
 }
 
 void X11Display::takeGrab(const X11Window& window) {
-    // Without owner events every mouse event is the popup's, also those over our other windows.
-    XGrabPointer(connection_->display(), window.id(), False, kGrabEvents, GrabModeAsync, GrabModeAsync, 0,
+    // With owner events what happens over our other windows is reported for them: a press there may be meant for them.
+    XGrabPointer(connection_->display(), window.id(), True, kGrabEvents, GrabModeAsync, GrabModeAsync, 0,
                  cursorOf(nullptr), CurrentTime);
 }
 

@@ -63,6 +63,7 @@ constexpr auto kKeys = std::to_array<KeyRow>({
     {XK_End, VK_END},
     {XK_Execute, VK_EXECUTE},
     {XK_Insert, VK_INSERT},
+    {XK_Menu, VK_APPS},
     {XK_Help, VK_HELP},
     {XK_Break, VK_CANCEL},
     {XK_Num_Lock, VK_NUMLOCK},

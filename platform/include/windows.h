@@ -7,6 +7,7 @@
 
 #include "tavrikwin/files.h"
 #include "tavrikwin/graphics.h"
+#include "tavrikwin/menus.h"
 #include "tavrikwin/messages.h"
 #include "tavrikwin/styles.h"
 #include "tavrikwin/system.h"

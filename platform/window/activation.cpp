@@ -143,6 +143,7 @@ bool activate(HWND top, ActivationCause cause) {
             return false;
         }
     }
+    EndMenu();
     if (!deactivate(top) || (top && !isAlive(top))) {
         return false;
     }

@@ -16,6 +16,7 @@ void registerTabClass();        // "SysTabControl32"
 void registerTrackBarClass();   // "msctls_trackbar32"
 void registerHeaderClass();     // "SysHeader32"
 void registerListViewClass();   // "SysListView32"
+void registerMenuClass();       // "#32768"
 
 // Stores a control's own style bits. Unlike SetWindowLongA, it sends no message about it.
 void setStyleQuietly(HWND window, DWORD style);

@@ -132,6 +132,15 @@ BOOL DestroyCaret(void) {
     return TRUE;
 }
 
+BOOL HideCaret(HWND window) {
+    if (!platform::ownsCaret(window)) {
+        return FALSE;
+    }
+    caret().shown = false;
+    platform::setDrawn(false);
+    return TRUE;
+}
+
 BOOL ShowCaret(HWND window) {
     if (!platform::ownsCaret(window)) {
         return FALSE;

@@ -40,6 +40,7 @@ void ensureSystemClasses() {
     registerTrackBarClass();
     registerHeaderClass();
     registerListViewClass();
+    registerMenuClass();
 }
 
 bool isNamed(const WindowClass& windowClass, LPCSTR name) {

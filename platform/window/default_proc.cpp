@@ -96,6 +96,9 @@ LRESULT onWmSysKeyDown(HWND handle, WPARAM key, LPARAM lParam) {
     if (key == VK_F4 && alt && top && !top->has(WS_DISABLED)) {
         PostMessageA(top->handle, WM_SYSCOMMAND, SC_CLOSE, 0);
     }
+    if (key == VK_F10 && GetKeyState(VK_SHIFT) < 0) {
+        SendMessageA(handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle), -1);
+    }
     return 0;
 }
 
@@ -211,6 +214,7 @@ LRESULT handleState(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ACTIVATE:
             return onWmActivate(handle, wParam);
         case WM_CANCELMODE:
+            EndMenu();
             if (GetCapture() == handle) {
                 ReleaseCapture();
             }

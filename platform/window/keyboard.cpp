@@ -172,6 +172,9 @@ void keyMessageTaken(const InputEvent& event, const MSG& message) {
     keys.text = event.text;
     keys.textWindow = message.hwnd;
     keys.textKey = message.wParam;
+    if (event.code == VK_APPS && !event.down) {
+        PostMessageA(message.hwnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(message.hwnd), -1);
+    }
 }
 
 void forgetKeyText() {

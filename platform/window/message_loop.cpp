@@ -96,6 +96,14 @@ BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
     return FALSE;
 }
 
+BOOL WaitMessage(void) {
+    MSG message;
+    while (!platform::take(message, {}, false)) {
+        platform::waitForEvents();
+    }
+    return TRUE;
+}
+
 LRESULT DispatchMessageA(const MSG* message) {
     if (!message) {
         return 0;

@@ -30,7 +30,7 @@ constexpr Group kGroups[] = {
     {"buttons", traceButtons},   {"tabs", traceTabs},         {"tracks", traceTracks},   {"edits", traceEdits},
     {"combos", traceCombos},     {"dialogs", traceDialogs},   {"sheets", traceSheets},   {"texts", traceTexts},
     {"files", traceFileDialog},  {"lists", traceListViews},   {"labels", traceLabels},   {"headers", traceHeaders},
-    {"profiles", traceProfiles},
+    {"profiles", traceProfiles}, {"menus", traceMenus},
 };
 
 // Takes the trace line by line. Without expected sums it prints each section and its sum, else what is not as expected.

@@ -130,3 +130,4 @@ void traceListViews(Trace& trace);
 void traceLabels(Trace& trace);
 void traceHeaders(Trace& trace);
 void traceProfiles(Trace& trace);
+void traceMenus(Trace& trace);

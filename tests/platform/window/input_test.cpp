@@ -202,6 +202,82 @@ TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {
     EXPECT_EQ(Lines{}, scene.record(closeBox, {"CLOSE"}));
 }
 
+void rightClick(POINT at) {
+    screen().injectMouse(InputSink::Mouse::Down, VK_RBUTTON, at);
+    screen().injectMouse(InputSink::Mouse::Up, VK_RBUTTON, at);
+}
+
+TEST(Menu, OfAnEditIsUsedByMouseAndKeys) {
+    Scene scene;
+    const auto addEdit = [&scene](int y) {
+        return CreateWindowExA(0, "Edit", "text", WS_CHILD | WS_VISIBLE, 80, y, 100, 20, scene.top, nullptr, nullptr,
+                               nullptr);
+    };
+    const HWND edit = addEdit(10);
+    const HWND other = addEdit(40);
+    const auto textOf = [](HWND window) {
+        char text[16] = "";
+        GetWindowTextA(window, text, sizeof text);
+        return std::string(text);
+    };
+    const POINT onEdit{185, 115};
+    SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>("more "));
+    ASSERT_EQ("more text", textOf(edit));
+    rightClick(onEdit);
+    click({onEdit.x + 20, onEdit.y + 10});  // The first entry.
+    drainQueue();
+    EXPECT_EQ("text", textOf(edit));
+    EXPECT_EQ(edit, GetFocus());
+
+    // A press beside the menu closes it and does what it does anywhere.
+    rightClick(onEdit);
+    click({182, 145});
+    drainQueue();
+    EXPECT_EQ(nullptr, FindWindowA("#32768", nullptr));
+    EXPECT_EQ(other, GetFocus());
+
+    type(VK_APPS, "");
+    type('M', "m");
+    type('C', "\x03", MK_CONTROL);
+    type(VK_APPS, "");
+    type('T', "T");
+    type(VK_F10, "", MK_SHIFT);
+    type('I', "i");
+    type('V', "\x16", MK_CONTROL);
+    drainQueue();
+    EXPECT_EQ("texttext", textOf(other));
+}
+
+TEST(Menu, ClosesWithItsOwnerAndWithTheActivation) {
+    Scene scene;
+    const HWND other = scene.windows.create("other", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, nullptr);
+    const HMENU menu = CreatePopupMenu();
+    AppendMenuA(menu, MF_STRING, 1, "one");
+    const auto trackUntil = [&](const std::function<void()>& event) {
+        SetFocus(scene.first);
+        HWND seen = nullptr;
+        scene.windows.spy().setAnswer([&](HWND, UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+            if (message == WM_ENTERIDLE && !std::exchange(seen, reinterpret_cast<HWND>(lParam))) {
+                event();
+            }
+            return false;
+        });
+        EXPECT_EQ(0, TrackPopupMenu(menu, TPM_RETURNCMD, 1270, 1020, 0, scene.first, nullptr));
+        EXPECT_NE(nullptr, seen);
+        EXPECT_FALSE(IsWindow(seen));
+        EXPECT_EQ(nullptr, GetCapture());
+    };
+    trackUntil([other] { SetActiveWindow(other); });
+    trackUntil([&] {
+        RECT place{};
+        GetWindowRect(FindWindowA("#32768", nullptr), &place);
+        EXPECT_EQ(1280, place.right);
+        EXPECT_EQ(1024, place.bottom);
+        DestroyWindow(scene.top);
+    });
+    DestroyMenu(menu);
+}
+
 TEST(Display, MovesByTheUserArriveAsMoves) {
     Scene scene;
     EXPECT_EQ(Lines{"top WM_MOVE 300,320"}, scene.record(
