@@ -129,7 +129,7 @@ bool Edit::onMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) 
             onWmContextMenu(lParam);
             return true;
         case WM_MOUSEWHEEL:
-            result = listIsOpen() ? SendMessageA(combo_, kComboListWheel, wParam, lParam) : 0;
+            result = combo_ ? SendMessageA(combo_, listIsOpen() ? kComboListWheel : WM_MOUSEWHEEL, wParam, lParam) : 0;
             return true;
         default:
             return false;

@@ -42,6 +42,7 @@ private:
     // Whether an entry of the context menu can be chosen.
     bool canDo(UINT command) const;
     void onWmChar(char character);
+    void onBackspace(char character);
     LRESULT onKey(UINT message, WPARAM wParam, LPARAM lParam);
     void onWmKeyDown(UINT key);
     bool onComboKey(UINT message, UINT key, LPARAM lParam);

@@ -9,6 +9,7 @@ namespace platform {
 namespace {
 
 // What Ctrl with a letter types.
+constexpr char kCtrlA = 0x01;
 constexpr char kCtrlC = 0x03;
 constexpr char kCtrlV = 0x16;
 constexpr char kCtrlX = 0x18;
@@ -50,12 +51,11 @@ void Edit::onWmChar(char character) {
             }
             return;
         case '\b':
-            if (!readOnly && !isDown(VK_CONTROL)) {
-                if (!content_.hasSelection()) {
-                    content_.select(content_.caret(), content_.caret() - 1);
-                }
-                onWmClear();
-            }
+        case kDeleteCharacter:
+            onBackspace(character);
+            return;
+        case kCtrlA:
+            select(0, content_.length());
             return;
         case kCtrlC:
             onWmCopy();
@@ -76,9 +76,24 @@ void Edit::onWmChar(char character) {
         MessageBeep(0);
         return;
     }
-    if (!readOnly && static_cast<unsigned char>(character) >= ' ' && character != kDeleteCharacter) {
+    if (!readOnly && static_cast<unsigned char>(character) >= ' ') {
         replaceSelection(std::string_view(&character, 1), Change::Typed);
     }
+}
+
+// With Ctrl, which makes either character of the key, it deletes the word before the caret.
+void Edit::onBackspace(char character) {
+    const bool control = isDown(VK_CONTROL);
+    if (has(ES_READONLY) || (character == kDeleteCharacter && !control)) {
+        return;
+    }
+    if (!content_.hasSelection()) {
+        const int caret = content_.caret();
+        // Where the words of a password end is not told.
+        const int word = has(ES_PASSWORD) ? 0 : content_.wordBefore(caret);
+        content_.select(caret, control ? word : caret - 1);
+    }
+    onWmClear();
 }
 
 // Keys that the list of a combo box takes from its field.

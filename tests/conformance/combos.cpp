@@ -490,7 +490,8 @@ void traceComboMouse(Trace& trace) {
             stage.mouse("field up", stage.control(), WM_LBUTTONUP, 0, MAKELPARAM(10, 8));
         }
         stage.ask(CB_SHOWDROPDOWN, FALSE);
-        stage.mouse("wheel down closed", stage.control(), WM_MOUSEWHEEL, MAKEWPARAM(0, 0x10000 - 2 * WHEEL_DELTA), 0);
+        stage.mouse("wheel down closed", stage.keyboardTarget(), WM_MOUSEWHEEL,
+                    MAKEWPARAM(0, 0x10000 - 2 * WHEEL_DELTA), 0);
         stage.step("focus away", [&] { SetFocus(stage.other()); });
     }
 }

@@ -147,14 +147,15 @@ void traceLimit(Trace& trace) {
     EditStage stage(trace, ES_AUTOHSCROLL, "abc");
     setClipboard(stage.parent().handle(), "123");
     stage.run({"EM_SETLIMITTEXT", EM_SETLIMITTEXT, 5, 0, nullptr});
-    for (const char* keys : {"{end}d", "e", "f", "{S-left}x", "{S-home}{C-v}", "{C-v}", "{S-left}{C-v}", "{C-a}yz"}) {
+    for (const char* keys :
+         {"{end}d", "e", "f", "{S-left}x", "{S-home}{C-v}", "{C-v}", "{S-left}{C-v}", "{home}{S-end}yz"}) {
         stage.type(keys);
     }
     stage.run({"EM_REPLACESEL up to the limit", EM_REPLACESEL, FALSE, 0, "456"});
     stage.run({"EM_SETSEL 1 3", EM_SETSEL, 1, 3, nullptr});
     stage.run({"EM_REPLACESEL over the limit", EM_REPLACESEL, FALSE, 0, "789"});
     stage.run({"EM_SETLIMITTEXT below the text", EM_SETLIMITTEXT, 2, 0, nullptr});
-    for (const char* keys : {"x", "{S-left}y", "{C-a}z"}) {
+    for (const char* keys : {"x", "{S-left}y", "{home}{S-end}z"}) {
         stage.type(keys);
     }
 }

@@ -147,7 +147,6 @@ constexpr KeyHabit kKeyHabits[] = {
     {"CTRL+RIGHT", 2, kInText, HasBehind},
     {"DELETE", 4, kInText, HasBehind},
     {"BACKSPACE", 4, kInText, HasBefore},
-    {"CTRL+A", 1, kInText, nullptr},
     {"CTRL+C", 4, kInText, HasUncopied},
     {"CTRL+X", 4, kInText, HasSelected},
     {"CTRL+V", 4, kInText, HasClipboard},
