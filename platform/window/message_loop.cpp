@@ -7,6 +7,7 @@
 #include "platform/window/input_queue.h"
 #include "platform/window/keyboard.h"
 #include "platform/window/message_queue.h"
+#include "platform/window/message_trace.h"
 #include "platform/window/top_level.h"
 #include "platform/window/update_region.h"
 #include "platform/window/window.h"
@@ -63,7 +64,11 @@ void waitForEvents() {
 
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const platform::Window* found = platform::requireWindow(window);
-    return found ? found->proc(window, message, wParam, lParam) : 0;
+    if (!found) {
+        return 0;
+    }
+    return platform::isTracing() ? platform::callTraced(*found, message, wParam, lParam)
+                                 : found->proc(window, message, wParam, lParam);
 }
 
 LRESULT CallWindowProcA(WNDPROC proc, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -14,6 +14,7 @@ set(ROOM_SOURCES
   keyboard.cpp
   message_loop.cpp
   message_queue.cpp
+  message_trace.cpp
   mouse.cpp
   painting.cpp
   position.cpp

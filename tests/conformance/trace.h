@@ -3,7 +3,7 @@
 // natively and on Windows and both traces can be compared line by line.
 #pragma once
 
-#include "tests/conformance/names.h"
+#include "platform/trace/message_names.h"
 #include "tests/support/canvas.h"
 
 #include <windows.h>

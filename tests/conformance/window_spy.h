@@ -2,7 +2,7 @@
 // spy lives are watched from their creation on. One spy at a time.
 #pragma once
 
-#include "tests/conformance/names.h"
+#include "platform/trace/message_names.h"
 #include "tests/conformance/trace.h"
 
 #include <windows.h>
@@ -52,7 +52,6 @@ private:
     void onCreation(HWND window);
     LRESULT pass(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     const MessageTraits* spiedMessage(HWND window, UINT message) const;
-    std::string arguments(Shows shows, WPARAM wParam, LPARAM lParam) const;
 
     Trace& trace_;
     std::vector<std::string> classes_;

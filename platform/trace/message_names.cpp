@@ -1,5 +1,5 @@
 // The tables of names.
-#include "tests/conformance/names.h"
+#include "platform/trace/message_names.h"
 
 #include <commctrl.h>
 #include <prsht.h>

@@ -1,0 +1,1 @@
+set(ROOM_SOURCES message_names.cpp message_text.cpp)
