@@ -82,8 +82,8 @@ bool MenuLoop::next(MSG& message) {
         if (!idle_) {
             idle_ = true;
             tell(WM_ENTERIDLE, MSGF_MENU, reinterpret_cast<LPARAM>(window_.handle()));
-        } else {
-            WaitMessage();
+        } else if (!WaitMessage()) {
+            return false;
         }
         if (ended_ || isDead()) {
             return false;

@@ -104,6 +104,9 @@ BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
 BOOL WaitMessage(void) {
     MSG message;
     while (!platform::take(message, {}, false)) {
+        if (platform::isDisplayLost()) {
+            return FALSE;
+        }
         platform::waitForEvents();
     }
     return TRUE;
