@@ -37,11 +37,8 @@ HostWindow::HostWindow(const std::string& fileName, std::vector<Setting> setting
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    // A place that the system chooses may not be known yet when the sheet is put in front of this window.
-    const int left = (GetSystemMetrics(SM_CXSCREEN) - kWidth) / 2;
-    const int top = (GetSystemMetrics(SM_CYSCREEN) - kHeight) / 2;
-    m_hWnd = CreateWindowExA(0, kWindowClass, TitleFor(fileName).c_str(), WS_OVERLAPPEDWINDOW, left, top, kWidth,
-                             kHeight, nullptr, nullptr, windowClass.hInstance, nullptr);
+    m_hWnd = CreateWindowExA(0, kWindowClass, TitleFor(fileName).c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                             CW_USEDEFAULT, kWidth, kHeight, nullptr, nullptr, windowClass.hInstance, nullptr);
     SetWindowLongPtrA(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 

@@ -18,7 +18,7 @@ struct DisplayWindowInfo {
     HWND window = nullptr;
     HWND owner = nullptr;     // Transient for this window; null for none.
     RECT rect{};              // Client area in screen coordinates.
-    bool positioned = false;  // False: the window manager may choose the place.
+    bool positioned = false;  // False: the window manager may choose the place, which the sink is told of.
     bool resizable = false;
     SIZE least{};       // Below which the user cannot resize it.
     std::string title;  // Code page 1252.
@@ -61,6 +61,8 @@ public:
     virtual void createWindow(const DisplayWindowInfo& info) = 0;
     virtual void destroyWindow(HWND window) = 0;
     virtual void show(HWND window, bool visible) = 0;
+    // Whether a window that is to be shown has come to its place.
+    virtual bool isPlaced(HWND) const { return true; }
     virtual void setTitle(HWND window, const std::string& title) = 0;
     virtual void setRect(HWND window, const RECT& client) = 0;
     virtual void raise(HWND window) = 0;
@@ -82,6 +84,11 @@ public:
     virtual bool isLost() const { return false; }
 
     virtual SIZE screenSize() const = 0;
+    // Where client areas may lie so that they and their frames are seen.
+    virtual RECT workArea() const {
+        const SIZE screen = screenSize();
+        return {0, 0, screen.cx, screen.cy};
+    }
     virtual POINT cursorPosition() const = 0;
     virtual void beep() = 0;
 

@@ -3,8 +3,10 @@ set(ROOM_SOURCES
     x11_clipboard.cpp
     x11_connection.cpp
     x11_display.cpp
+    x11_icon.cpp
     x11_input_method.cpp
     x11_keyboard.cpp
     x11_keysyms.cpp
+    x11_manager.cpp
     x11_survivor.cpp
     x11_window.cpp)

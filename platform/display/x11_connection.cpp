@@ -25,8 +25,20 @@ constexpr std::array<const char*, static_cast<std::size_t>(X11Atom::Count)> kAto
     "_NET_WM_STATE",
     "_NET_WM_STATE_ABOVE",
     "_NET_WM_STATE_MODAL",
+    "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_ICON",
+    "_NET_WM_USER_TIME",
     "_NET_ACTIVE_WINDOW",
     "_NET_SUPPORTING_WM_CHECK",
+    "_NET_CURRENT_DESKTOP",
+    "_NET_WORKAREA",
+    "_NET_FRAME_EXTENTS",
+    "_NET_REQUEST_FRAME_EXTENTS",
+    "_NET_STARTUP_ID",
+    "_NET_STARTUP_INFO_BEGIN",
+    "_NET_STARTUP_INFO",
+    "WM_LOCALE_NAME",
     "UTF8_STRING",
     "CLIPBOARD",
     "TARGETS",
@@ -189,6 +201,9 @@ void X11Connection::noteTime(const XEvent& event) {
     if (event.xany.send_event != False) {
         return;
     }
+    if (event.type == KeyPress || event.type == ButtonPress) {
+        userTime_ = event.type == KeyPress ? event.xkey.time : event.xbutton.time;
+    }
     if (event.type == KeyPress || event.type == KeyRelease) {
         lastTime_ = event.xkey.time;
     } else if (event.type == ButtonPress || event.type == ButtonRelease) {
@@ -222,18 +237,33 @@ void X11Connection::tellWindowManager(::Window window, X11Atom type, const std::
     XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
-bool X11Connection::hasWindowManager() {
-    Atom type = 0;
+void X11Connection::setNumbers(::Window window, X11Atom property, Atom type, std::span<const long> values) {
+    XChangeProperty(display_, window, atom(property), type, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(values.data()), static_cast<int>(values.size()));
+}
+
+std::vector<long> X11Connection::readNumbers(::Window window, X11Atom property, Atom type) const {
+    constexpr long kMost = 1024;
+    Atom actualType = 0;
     int format = 0;
     unsigned long count = 0;
     unsigned long left = 0;
     unsigned char* data = nullptr;
-    const int result = XGetWindowProperty(display_, root_, atom(X11Atom::NetSupportingWmCheck), 0, 1, False, XA_WINDOW,
-                                          &type, &format, &count, &left, &data);
+    const int result = XGetWindowProperty(display_, window, atom(property), 0, kMost, False, type, &actualType, &format,
+                                          &count, &left, &data);
+    std::vector<long> numbers;
+    if (result == Success && actualType == type && format == 32) {
+        const auto* first = reinterpret_cast<const long*>(data);
+        numbers.assign(first, first + count);
+    }
     if (data != nullptr) {
         XFree(data);
     }
-    return result == Success && type == XA_WINDOW && count == 1;
+    return numbers;
+}
+
+bool X11Connection::hasWindowManager() const {
+    return readNumbers(root_, X11Atom::NetSupportingWmCheck, XA_WINDOW).size() == 1;
 }
 
 }  // namespace platform

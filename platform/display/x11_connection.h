@@ -10,6 +10,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -27,8 +28,20 @@ enum class X11Atom {
     NetWmState,
     NetWmStateAbove,
     NetWmStateModal,
+    NetWmStateSkipTaskbar,
+    NetWmStateSkipPager,
+    NetWmIcon,
+    NetWmUserTime,
     NetActiveWindow,
     NetSupportingWmCheck,
+    NetCurrentDesktop,
+    NetWorkArea,
+    NetFrameExtents,
+    NetRequestFrameExtents,
+    NetStartupId,
+    NetStartupInfoBegin,
+    NetStartupInfo,
+    WmLocaleName,
     Utf8String,
     Clipboard,
     Targets,
@@ -71,12 +84,18 @@ public:
     // Time of the newest event that carried one; what the server wants for selections and focus.
     Time lastTime() const { return lastTime_; }
     void noteTime(const XEvent& event);
+    // Time of the last key or button that the person pressed, in whichever window; 0 for none yet.
+    Time userTime() const { return userTime_; }
+    void setUserTime(Time time) { userTime_ = time; }
 
     void setAtomProperty(::Window window, X11Atom property, std::span<const Atom> values);
+    void setNumbers(::Window window, X11Atom property, Atom type, std::span<const long> values);
+    // Empty when the window has no such property of this type.
+    std::vector<long> readNumbers(::Window window, X11Atom property, Atom type) const;
     void setTextProperty(::Window window, Atom property, Atom type, const std::string& bytes);
     // Sends a client message about `window` to the window manager.
     void tellWindowManager(::Window window, X11Atom type, const std::array<long, 5>& data);
-    bool hasWindowManager();
+    bool hasWindowManager() const;
 
 private:
     explicit X11Connection(::Display* display);
@@ -95,6 +114,7 @@ private:
     GC gc_ = nullptr;
     std::array<Atom, static_cast<std::size_t>(X11Atom::Count)> atoms_{};
     Time lastTime_ = CurrentTime;
+    Time userTime_ = 0;
 };
 
 }  // namespace platform

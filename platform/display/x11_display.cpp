@@ -27,7 +27,10 @@ int virtualButton(unsigned button) {
 }  // namespace
 
 X11Display::X11Display(std::unique_ptr<X11Connection> connection)
-    : connection_(std::move(connection)), keyboard_(connection_->display()), clipboard_(*connection_) {}
+    : connection_(std::move(connection)),
+      manager_(*connection_),
+      keyboard_(connection_->display()),
+      clipboard_(*connection_) {}
 
 X11Window* X11Display::find(HWND window) const {
     for (const auto& entry : windows_) {
@@ -49,8 +52,16 @@ X11Window* X11Display::findById(::Window id) const {
 
 void X11Display::createWindow(const DisplayWindowInfo& info) {
     const X11Window* owner = find(info.owner);
-    windows_.push_back(std::make_unique<X11Window>(*connection_, info, owner != nullptr ? owner->id() : 0));
+    DisplayWindowInfo placed = info;
+    if (!info.positioned && !manager_.putsFrames()) {
+        const POINT at = manager_.freePlace({info.rect.left, info.rect.top});
+        placed.rect = {at.x, at.y, at.x + info.rect.right - info.rect.left, at.y + info.rect.bottom - info.rect.top};
+    }
+    windows_.push_back(std::make_unique<X11Window>(*connection_, placed, owner != nullptr ? owner->id() : 0));
     const ::Window id = windows_.back()->id();
+    if (!windows_.back()->isPopup()) {
+        manager_.nameStart(id);
+    }
     keyboard_.inputMethod().attach(id);
     XDefineCursor(connection_->display(), id, cursorOf(cursor_));
 }
@@ -74,6 +85,11 @@ void X11Display::show(HWND window, bool visible) {
     if (X11Window* entry = find(window)) {
         entry->show(visible);
     }
+}
+
+bool X11Display::isPlaced(HWND window) const {
+    const X11Window* entry = find(window);
+    return entry == nullptr || entry->isMapped();
 }
 
 void X11Display::setTitle(HWND window, const std::string& title) {
@@ -177,6 +193,12 @@ void X11Display::setCaretRect(HWND window, const RECT& rect) {
 SIZE X11Display::screenSize() const {
     ::Display* display = connection_->display();
     return {DisplayWidth(display, connection_->screen()), DisplayHeight(display, connection_->screen())};
+}
+
+RECT X11Display::workArea() const {
+    const auto isFrame = [](const auto& window) { return window->isMapped() && !window->isPopup(); };
+    const auto framed = std::find_if(windows_.begin(), windows_.end(), isFrame);
+    return manager_.workArea(framed != windows_.end() ? (*framed)->id() : 0);
 }
 
 POINT X11Display::cursorPosition() const {
@@ -288,12 +310,15 @@ int X11Display::dispatch(XEvent& event, InputSink& sink) {
 int X11Display::dispatchToWindow(XEvent& event, X11Window& window, InputSink& sink) {
     switch (event.type) {
         case KeyPress: {
+            window.writeUserTime();
             const int focusEvents = reportFocus(sink);
             return focusEvents + (keyboard_.onKeyPress(event.xkey, sink) ? 1 : 0);
         }
         case KeyRelease:
             return keyboard_.onKeyRelease(event.xkey, sink) ? 1 : 0;
         case ButtonPress:
+            window.writeUserTime();
+            return onMouseButton(event.xbutton, window.window(), sink);
         case ButtonRelease:
             return onMouseButton(event.xbutton, window.window(), sink);
         case MotionNotify:
@@ -318,14 +343,7 @@ int X11Display::dispatchToWindow(XEvent& event, X11Window& window, InputSink& si
         case DestroyNotify:
             return onDestroyNotify(window, sink);
         case MapNotify:
-            window.onMapNotify();
-            if (window.window() == wantedFocus_) {
-                takeFocus(window);
-            }
-            if (window.window() == grabbed_) {
-                takeGrab(window);
-            }
-            return 0;
+            return onMapNotify(window, sink);
         default:
             return 0;
     }
@@ -399,6 +417,25 @@ int X11Display::onConfigureNotify(const XConfigureEvent& event, X11Window& windo
         ++delivered;
     }
     return delivered;
+}
+
+int X11Display::onMapNotify(X11Window& window, InputSink& sink) {
+    window.onMapNotify();
+    if (window.window() == wantedFocus_) {
+        takeFocus(window);
+    }
+    if (window.window() == grabbed_) {
+        takeGrab(window);
+    }
+    if (!window.isPopup()) {
+        manager_.endStart();
+    }
+    if (!window.isPlacedByOthers()) {
+        return 0;
+    }
+    window.locate();
+    sink.moved(window.window(), {window.rect().left, window.rect().top});
+    return 1;
 }
 
 // A drop-down list belongs to a control that goes on, so it comes back.

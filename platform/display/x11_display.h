@@ -5,6 +5,7 @@
 #include "platform/display/x11_clipboard.h"
 #include "platform/display/x11_connection.h"
 #include "platform/display/x11_keyboard.h"
+#include "platform/display/x11_manager.h"
 #include "platform/display/x11_window.h"
 
 #include <chrono>
@@ -21,6 +22,7 @@ public:
     void createWindow(const DisplayWindowInfo& info) override;
     void destroyWindow(HWND window) override;
     void show(HWND window, bool visible) override;
+    bool isPlaced(HWND window) const override;
     void setTitle(HWND window, const std::string& title) override;
     void setRect(HWND window, const RECT& client) override;
     void raise(HWND window) override;
@@ -32,6 +34,7 @@ public:
     void setCaretRect(HWND window, const RECT& rect) override;
     int pump(InputSink& sink, int timeoutMs) override;
     SIZE screenSize() const override;
+    RECT workArea() const override;
     POINT cursorPosition() const override;
     void beep() override;
     void writeClipboard(const std::string& text) override { clipboard_.write(text); }
@@ -58,12 +61,14 @@ private:
     int onClientMessage(const XClientMessageEvent& event, X11Window& window, InputSink& sink);
     int onConfigureNotify(const XConfigureEvent& event, X11Window& window, InputSink& sink);
     void onFocusChange(const XFocusChangeEvent& event, X11Window& window);
+    int onMapNotify(X11Window& window, InputSink& sink);
     int onDestroyNotify(X11Window& window, InputSink& sink);
     int reportFocus(InputSink& sink);
     void takeFocus(const X11Window& window);
     void takeGrab(const X11Window& window);
 
     std::unique_ptr<X11Connection> connection_;
+    X11Manager manager_;
     X11Keyboard keyboard_;
     X11Clipboard clipboard_;
     std::vector<std::unique_ptr<X11Window>> windows_;

@@ -74,6 +74,12 @@ void X11Survivor::show(HWND window, bool visible) {
     attempt([&] { display_->show(window, visible); });
 }
 
+bool X11Survivor::isPlaced(HWND window) const {
+    bool placed = true;
+    attempt([&] { placed = display_->isPlaced(window); });
+    return placed;
+}
+
 void X11Survivor::setTitle(HWND window, const std::string& title) {
     attempt([&] { display_->setTitle(window, title); });
 }
@@ -114,6 +120,12 @@ int X11Survivor::pump(InputSink& sink, int timeoutMs) {
     int delivered = 0;
     attempt([&] { delivered = display_->pump(sink, timeoutMs); });
     return delivered;
+}
+
+RECT X11Survivor::workArea() const {
+    RECT area = {0, 0, screenSize_.cx, screenSize_.cy};
+    attempt([&] { area = display_->workArea(); });
+    return area;
 }
 
 POINT X11Survivor::cursorPosition() const {

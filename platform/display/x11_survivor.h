@@ -18,6 +18,7 @@ public:
     void createWindow(const DisplayWindowInfo& info) override;
     void destroyWindow(HWND window) override;
     void show(HWND window, bool visible) override;
+    bool isPlaced(HWND window) const override;
     void setTitle(HWND window, const std::string& title) override;
     void setRect(HWND window, const RECT& client) override;
     void raise(HWND window) override;
@@ -30,6 +31,7 @@ public:
     int pump(InputSink& sink, int timeoutMs) override;
     bool isLost() const override { return lost_; }
     SIZE screenSize() const override { return screenSize_; }
+    RECT workArea() const override;
     POINT cursorPosition() const override;
     void beep() override;
     void writeClipboard(const std::string& text) override;

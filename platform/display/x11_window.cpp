@@ -4,6 +4,7 @@
 #include "platform/display/x11_window.h"
 
 #include "platform/display/rect_math.h"
+#include "platform/display/x11_icon.h"
 #include "platform/resources/code_page.h"
 
 #include <X11/Xatom.h>
@@ -12,6 +13,8 @@
 #include <algorithm>
 #include <bit>
 #include <cerrno>
+#include <clocale>
+#include <cstdlib>
 #include <utility>
 
 namespace platform {
@@ -31,6 +34,23 @@ std::uint32_t backgroundColour() {
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     return static_cast<std::uint32_t>(GetRValue(face)) << 16 | static_cast<std::uint32_t>(GetGValue(face)) << 8 |
            static_cast<std::uint32_t>(GetBValue(face));
+}
+
+// The locale that the environment names, where the system knows it. Setting it would change it for the host.
+std::string userLocale() {
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* name = std::getenv(variable);
+        if (name == nullptr || *name == '\0') {
+            continue;
+        }
+        const locale_t known = newlocale(LC_CTYPE_MASK, name, nullptr);
+        if (known == nullptr) {
+            break;
+        }
+        freelocale(known);
+        return name;
+    }
+    return "C";
 }
 
 // WM_NAME is Latin-1, which lacks the code page's own characters.
@@ -88,11 +108,12 @@ void X11Window::setWindowManagerHints() {
     hints.flags = InputHint | StateHint;
     hints.input = isPopup() ? False : True;
     hints.initial_state = NormalState;
-    // The client machine and the locale of the texts come with this call; the titles are set apart.
+    // The client machine comes with this call; the titles are set apart. The locale that it writes is the one the host
+    // has set, mostly none, and not the person's.
     XSetWMProperties(display, id_, nullptr, nullptr, nullptr, 0, nullptr, &hints, &classHint);
-    const long process = getpid();
-    XChangeProperty(display, id_, connection_.atom(X11Atom::NetWmPid), XA_CARDINAL, 32, PropModeReplace,
-                    reinterpret_cast<const unsigned char*>(&process), 1);
+    connection_.setTextProperty(id_, connection_.atom(X11Atom::WmLocaleName), XA_STRING, userLocale());
+    const std::array<long, 1> process = {getpid()};
+    connection_.setNumbers(id_, X11Atom::NetWmPid, XA_CARDINAL, process);
     if (owner_ != 0) {
         XSetTransientForHint(display, id_, owner_);
     }
@@ -106,6 +127,7 @@ void X11Window::setWindowManagerHints() {
     if (isPopup()) {
         return;
     }
+    connection_.setNumbers(id_, X11Atom::NetWmIcon, XA_CARDINAL, windowIcon());
     const std::array<Atom, 2> protocols = {connection_.atom(X11Atom::WmDeleteWindow),
                                            connection_.atom(X11Atom::NetWmPing)};
     connection_.setAtomProperty(id_, X11Atom::WmProtocols, protocols);
@@ -156,6 +178,7 @@ void X11Window::show(bool visible) {
     ::Display* display = connection_.display();
     if (visible) {
         writeState();  // The window manager forgets the state of a withdrawn window.
+        writeUserTime();
         XMapRaised(display, id_);
     } else {
         XWithdrawWindow(display, id_, connection_.screen());
@@ -194,6 +217,14 @@ void X11Window::setTopmost(bool topmost) {
     }
 }
 
+// A window without this property may have the focus, as the first one of a program should.
+void X11Window::writeUserTime() {
+    const std::array<long, 1> time = {static_cast<long>(connection_.userTime())};
+    if (time[0] != 0 && !isPopup()) {
+        connection_.setNumbers(id_, X11Atom::NetWmUserTime, XA_CARDINAL, time);
+    }
+}
+
 // A shown window's state belongs to the window manager, which is asked to change it.
 void X11Window::setState(X11Atom state, bool on) {
     constexpr long kFromApplication = 1;
@@ -205,6 +236,10 @@ void X11Window::writeState() {
     std::vector<Atom> states;
     if (modal_) {
         states.push_back(connection_.atom(X11Atom::NetWmStateModal));
+    }
+    if (owner_ != 0) {
+        states.push_back(connection_.atom(X11Atom::NetWmStateSkipTaskbar));
+        states.push_back(connection_.atom(X11Atom::NetWmStateSkipPager));
     }
     if (topmost_) {
         states.push_back(connection_.atom(X11Atom::NetWmStateAbove));
@@ -266,22 +301,32 @@ void X11Window::onExpose(const XExposeEvent& event) {
     }
 }
 
+bool X11Window::locate() {
+    POINT origin{};
+    ::Window child = 0;
+    if (XTranslateCoordinates(connection_.display(), id_, connection_.root(), 0, 0, &origin.x, &origin.y, &child) ==
+        False) {
+        return false;  // It is gone meanwhile.
+    }
+    rect_ = {origin.x, origin.y, origin.x + rect_.right - rect_.left, origin.y + rect_.bottom - rect_.top};
+    return true;
+}
+
 bool X11Window::onConfigureNotify(const XConfigureEvent& event) {
     if (event.serial < placedBy_) {
         return false;
     }
-    POINT origin = {event.x, event.y};
-    if (event.send_event != False || reparented_) {
-        // Inside a frame the server reports the place within it. A notice that was sent is the window manager's, of the
-        // screen, or some other program's, of nothing.
-        ::Window child = 0;
-        if (XTranslateCoordinates(connection_.display(), id_, connection_.root(), 0, 0, &origin.x, &origin.y, &child) ==
-            False) {
-            return false;  // It is gone meanwhile.
-        }
-    }
     const SIZE size = believedSize(event);
-    rect_ = {origin.x, origin.y, origin.x + size.cx, origin.y + size.cy};
+    // Inside a frame the server reports the place within it. A notice that was sent is the window manager's, of the
+    // screen, or some other program's, of nothing.
+    if (event.send_event == False && !reparented_) {
+        rect_.left = event.x;
+        rect_.top = event.y;
+    } else if (!locate()) {
+        return false;
+    }
+    rect_.right = rect_.left + size.cx;
+    rect_.bottom = rect_.top + size.cy;
     return true;
 }
 

@@ -35,6 +35,12 @@ public:
     void present(const Surface& surface, const RECT& rect);
     void flushPresents();
 
+    // The window manager chose the place; `locate` asks for it.
+    bool isPlacedByOthers() const { return !info_.positioned && !isPopup(); }
+    bool locate();
+    // Tells the window manager when the person last did something here, which decides who may take the focus.
+    void writeUserTime();
+
     void onMapNotify() { mapped_ = true; }
     void onUnmapNotify();
     void onReparentNotify(const XReparentEvent& event);

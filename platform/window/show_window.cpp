@@ -1,5 +1,7 @@
 // Showing, hiding, enabling.
 #include "platform/window/activation.h"
+#include "platform/window/display_choice.h"
+#include "platform/window/input_queue.h"
 #include "platform/window/window.h"
 
 namespace platform {
@@ -36,6 +38,22 @@ void leaveHidden(HWND handle) {
     }
 }
 
+// A window that was left to the window manager is where that put it when this returns, for the next window may be
+// centred over it. The wait has an end, since the window manager need not answer.
+void awaitPlace(HWND handle) {
+    constexpr DWORD kLongestMs = 500;
+    constexpr int kStepMs = 20;
+    const DWORD start = GetTickCount();
+    const auto waits = [handle] {
+        const Window* window = findWindow(handle);
+        return window && window->top.onDisplay && !window->top.placed && window->has(WS_VISIBLE) &&
+               !display().isPlaced(handle);
+    };
+    while (waits() && GetTickCount() - start < kLongestMs) {
+        pumpDisplay(kStepMs);
+    }
+}
+
 }  // namespace
 }  // namespace platform
 
@@ -60,6 +78,7 @@ BOOL ShowWindow(HWND window, int command) {
         found->setStyleBit(WS_VISIBLE, show);
     } else {
         SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, platform::positionFlags(*found, command));
+        platform::awaitPlace(window);
     }
     if (!show) {
         platform::leaveHidden(window);

@@ -78,8 +78,7 @@ BOOL SystemParametersInfoA(UINT action, UINT, PVOID data, UINT) {
     if (action != SPI_GETWORKAREA || !data) {
         return FALSE;
     }
-    const SIZE screen = platform::display().screenSize();
-    *static_cast<RECT*>(data) = {0, 0, screen.cx, screen.cy};
+    *static_cast<RECT*>(data) = platform::display().workArea();
     return TRUE;
 }
 

@@ -85,6 +85,29 @@ protected:
         return text;
     }
 
+    std::vector<unsigned long> numbers(::Window window, const char* name) const {
+        Atom type = 0;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long left = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(other_, window, XInternAtom(other_, name, False), 0, 10000, False, AnyPropertyType, &type,
+                           &format, &count, &left, &data);
+        std::vector<unsigned long> result;
+        if (format == 32) {
+            const auto* first = reinterpret_cast<const unsigned long*>(data);
+            result.assign(first, first + count);
+        }
+        XFree(data);
+        return result;
+    }
+
+    void tellAsManager(::Window window, const char* name, Atom type, const std::vector<long>& values) {
+        XChangeProperty(other_, window, XInternAtom(other_, name, False), type, 32, PropModeReplace,
+                        reinterpret_cast<const unsigned char*>(values.data()), static_cast<int>(values.size()));
+        XSync(other_, False);
+    }
+
     // The top-level window with this title, 0 for none.
     ::Window windowTitled(const std::string& utf8) const {
         ::Window root = 0;
@@ -263,6 +286,45 @@ TEST_F(X11DisplayTest, WhatOtherProgramsSayAndDoIsBelievedWithinReason) {
     display_->setTitle(windowNumber(1), "still known");
     display_->destroyWindow(windowNumber(1));
     EXPECT_EQ(display_->pump(sink_, 0), 0);
+}
+
+TEST_F(X11DisplayTest, WindowManagerIsToldWhatItNeedsAndItsFramesGetRoom) {
+    const SIZE screen = display_->screenSize();
+    EXPECT_EQ(display_->workArea().bottom, screen.cy);
+    open(1, {40, 40, 140, 90}, "one");
+    DisplayWindowInfo info;
+    info.kind = Kind::Dialog;
+    info.window = windowNumber(2);
+    info.owner = windowNumber(1);
+    info.rect = {40, 40, 140, 90};
+    info.title = "two";
+    ASSERT_TRUE(pumpUntil([&] { return display_->isPlaced(windowNumber(1)); }));
+    display_->createWindow(info);
+    display_->show(info.window, true);
+    EXPECT_TRUE(pumpUntilEvent("moved 2 to 66,66")) << "not exactly over the window that stands there";
+    EXPECT_TRUE(display_->isPlaced(windowNumber(2)));
+
+    const std::vector<unsigned long> icon = numbers(windowTitled("two"), "_NET_WM_ICON");
+    ASSERT_EQ(icon.size(), 3 * 2 + 16 * 16 + 32 * 32 + 48 * 48U);
+    EXPECT_EQ(icon[2 + 16 * 16], 32U);
+    const std::vector<unsigned long> state = numbers(windowTitled("two"), "_NET_WM_STATE");
+    EXPECT_EQ(std::count(state.begin(), state.end(), XInternAtom(other_, "_NET_WM_STATE_SKIP_TASKBAR", False)), 1);
+    EXPECT_EQ(numbers(windowTitled("one"), "_NET_WM_STATE"), std::vector<unsigned long>());
+    EXPECT_EQ(numbers(windowTitled("two"), "_NET_WM_USER_TIME"), std::vector<unsigned long>())
+        << "the first window may have the focus";
+
+    const ::Window root = DefaultRootWindow(other_);
+    XSelectInput(other_, root, SubstructureRedirectMask);
+    tellAsManager(root, "_NET_WORKAREA", XA_CARDINAL, {0, 0, 640, 450, 30, 10, 600, 400});
+    tellAsManager(root, "_NET_CURRENT_DESKTOP", XA_CARDINAL, {1});
+    tellAsManager(windowTitled("one"), "_NET_FRAME_EXTENTS", XA_CARDINAL, {1, 2, 20, 3});
+    const RECT area = display_->workArea();
+    EXPECT_EQ(area.left, 31);
+    EXPECT_EQ(area.top, 30);
+    EXPECT_EQ(area.right, 628);
+    EXPECT_EQ(area.bottom, 407);
+    XDeleteProperty(other_, root, XInternAtom(other_, "_NET_WORKAREA", False));
+    XDeleteProperty(other_, root, XInternAtom(other_, "_NET_CURRENT_DESKTOP", False));
 }
 
 TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {
