@@ -122,6 +122,9 @@ bool Edit::onMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) 
         case WM_LBUTTONUP:
             onWmLButtonUp();
             return true;
+        case WM_MBUTTONDOWN:
+            onWmMButtonDown(pointOf(lParam));
+            return true;
         case WM_CAPTURECHANGED:
             tracking_ = false;
             return true;

@@ -38,6 +38,8 @@ private:
     void onWmLButtonDblClk();
     void onWmMouseMove(POINT at);
     void onWmLButtonUp();
+    void onWmMButtonDown(POINT at);
+    void offerSelection() const;
     void onWmContextMenu(LPARAM lParam);
     // Whether an entry of the context menu can be chosen.
     bool canDo(UINT command) const;

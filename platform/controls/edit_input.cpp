@@ -3,6 +3,9 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/edit.h"
 
+#include <tavrikdisplay.h>
+
+#include <array>
 #include <cstring>
 
 namespace platform {
@@ -20,6 +23,14 @@ bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
 
+std::string firstLine(std::string text) {
+    const std::size_t end = text.find('\n');
+    if (end != std::string::npos) {
+        text.erase(end > 0 && text[end - 1] == '\r' ? end - 1 : end);
+    }
+    return text;
+}
+
 // The clipboard's text up to the first line end; empty when there is none.
 std::string clipboardLine(HWND owner) {
     std::string line;
@@ -32,11 +43,7 @@ std::string clipboardLine(HWND owner) {
         GlobalUnlock(data);
     }
     CloseClipboard();
-    const std::size_t end = line.find('\n');
-    if (end != std::string::npos) {
-        line.erase(end > 0 && line[end - 1] == '\r' ? end - 1 : end);
-    }
-    return line;
+    return firstLine(line);
 }
 
 }  // namespace
@@ -155,6 +162,9 @@ void Edit::onWmKeyDown(UINT key) {
         default:
             break;
     }
+    if (shift && content_.caret() != caret) {
+        offerSelection();
+    }
 }
 
 void Edit::onDelete(bool shift, bool control) {
@@ -201,6 +211,30 @@ void Edit::onWmLButtonUp() {
     if (GetCapture() == window_) {
         tracking_ = false;
         ReleaseCapture();
+        offerSelection();
+    }
+}
+
+// What the user marks is offered to other programs at once; what a program marks is not.
+void Edit::offerSelection() const {
+    if (content_.hasSelection() && !has(ES_PASSWORD)) {
+        TavrikOfferSelection(std::string(content_.selected()).c_str());
+    }
+}
+
+// Inserts what was marked last, here or in another program, where the click is.
+void Edit::onWmMButtonDown(POINT at) {
+    std::array<char, 4096> marked{};
+    if (has(ES_READONLY) || TavrikReadSelection(marked.data(), marked.size()) == 0) {
+        return;
+    }
+    const HWND window = window_;
+    moveCaret(view_.positionAt(at.x), false);
+    if (!focused_) {
+        SetFocus(window);
+    }
+    if (IsWindow(window)) {
+        replaceSelection(firstLine(marked.data()), Change::Typed);
     }
 }
 

@@ -97,6 +97,9 @@ public:
     virtual void writeClipboard(const std::string& text) = 0;
     virtual bool readClipboard(std::string& text) = 0;
     virtual bool clipboardHasText() = 0;
+    // The primary selection: the text marked last, which the middle button inserts elsewhere.
+    virtual void writePrimary(const std::string& text) = 0;
+    virtual bool readPrimary(std::string& text) = 0;
 };
 
 std::unique_ptr<Display> openMemoryDisplay();

@@ -142,6 +142,11 @@ bool MemoryDisplay::readClipboard(std::string& text) {
     return true;
 }
 
+bool MemoryDisplay::readPrimary(std::string& text) {
+    text = primary_;
+    return !text.empty();
+}
+
 void MemoryDisplay::injectMouse(InputSink::Mouse what, int button, POINT screen, unsigned modifiers) {
     events_.push_back([=, this](InputSink& sink) {
         pointer_ = screen;

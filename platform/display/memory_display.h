@@ -43,6 +43,8 @@ public:
     void writeClipboard(const std::string& text) override { clipboard_ = text; }
     bool readClipboard(std::string& text) override;
     bool clipboardHasText() override { return !clipboard_.empty(); }
+    void writePrimary(const std::string& text) override { primary_ = text; }
+    bool readPrimary(std::string& text) override;
 
     // The user's side. Events wait for the next pump. `modifiers` are the bits of InputSink::modifiers. The mouse acts
     // at a point of the screen, on the topmost window there, else the one that holds the grab. Without a grab
@@ -81,6 +83,7 @@ private:
     RECT caretRect_{};
     int beeps_ = 0;
     std::string clipboard_;
+    std::string primary_;
 };
 
 }  // namespace platform

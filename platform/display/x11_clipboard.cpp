@@ -47,10 +47,9 @@ std::string utf8ToLatin1(const std::string& text) {
 void X11Clipboard::write(const std::string& text) {
     text_ = withoutCarriageReturns(codePageToUtf8(text));
     ownedSince_ = connection_.lastTime();
-    const Atom clipboard = connection_.atom(X11Atom::Clipboard);
-    XSetSelectionOwner(connection_.display(), clipboard, connection_.utilityWindow(), ownedSince_);
+    XSetSelectionOwner(connection_.display(), selection(), connection_.utilityWindow(), ownedSince_);
     // The server refuses when another program took the selection later than our last event.
-    owned_ = XGetSelectionOwner(connection_.display(), clipboard) == connection_.utilityWindow();
+    owned_ = XGetSelectionOwner(connection_.display(), selection()) == connection_.utilityWindow();
 }
 
 bool X11Clipboard::read(std::string& text) {
@@ -77,7 +76,7 @@ bool X11Clipboard::hasText() {
     if (owned_) {
         return !text_.empty();
     }
-    if (XGetSelectionOwner(connection_.display(), connection_.atom(X11Atom::Clipboard)) == 0) {
+    if (XGetSelectionOwner(connection_.display(), selection()) == 0) {
         return false;
     }
     const auto targets = convert(connection_.atom(X11Atom::Targets), Clock::now() + kLongestWait);
@@ -101,7 +100,7 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::convert(Atom target, Clock::
     while (XCheckTypedWindowEvent(display, window, SelectionNotify, &event) != False) {
     }
     XDeleteProperty(display, window, property);
-    XConvertSelection(display, connection_.atom(X11Atom::Clipboard), target, property, window, connection_.lastTime());
+    XConvertSelection(display, selection(), target, property, window, connection_.lastTime());
     do {
         if (!waitFor(SelectionNotify, event, deadline)) {
             return std::nullopt;
@@ -165,18 +164,45 @@ std::optional<X11Clipboard::Transfer> X11Clipboard::receivePieces(Clock::time_po
 }
 
 bool X11Clipboard::waitFor(int type, XEvent& event, Clock::time_point deadline) {
-    ::Display* display = connection_.display();
-    for (;;) {
-        if (XCheckTypedWindowEvent(display, connection_.utilityWindow(), type, &event) != False) {
-            return true;
-        }
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left.count() <= 0) {
+    while (XCheckTypedWindowEvent(connection_.display(), connection_.utilityWindow(), type, &event) == False) {
+        if (!waitForServer(deadline)) {
             return false;
         }
-        XFlush(display);
-        pollfd descriptor{ConnectionNumber(display), POLLIN, 0};
-        poll(&descriptor, 1, static_cast<int>(left.count()));
+    }
+    return true;
+}
+
+bool X11Clipboard::waitForServer(Clock::time_point deadline) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+    if (left.count() <= 0) {
+        return false;
+    }
+    XFlush(connection_.display());
+    pollfd descriptor{ConnectionNumber(connection_.display()), POLLIN, 0};
+    poll(&descriptor, 1, static_cast<int>(left.count()));
+    return true;
+}
+
+void X11Clipboard::handOver() {
+    ::Display* display = connection_.display();
+    const ::Window window = connection_.utilityWindow();
+    const Atom manager = connection_.atom(X11Atom::ClipboardManager);
+    if (!owned_ || text_.empty() || XGetSelectionOwner(display, manager) == 0) {
+        return;
+    }
+    const std::array<Atom, 1> saved = {connection_.atom(X11Atom::Utf8String)};
+    connection_.setAtomProperty(window, X11Atom::TransferProperty, saved);
+    XConvertSelection(display, manager, connection_.atom(X11Atom::SaveTargets),
+                      connection_.atom(X11Atom::TransferProperty), window, ownedSince_);
+    // It asks for the text before it says that it has it.
+    const auto deadline = Clock::now() + kLongestWait;
+    XEvent event;
+    while (!XCheckTypedWindowEvent(display, window, SelectionNotify, &event)) {
+        if (XCheckTypedWindowEvent(display, window, SelectionRequest, &event)) {
+            onSelectionRequest(event.xselectionrequest);
+        } else if (!waitForServer(deadline)) {
+            return;
+        }
     }
 }
 
@@ -189,7 +215,8 @@ void X11Clipboard::onSelectionRequest(const XSelectionRequestEvent& request) {
     reply.xselection.selection = request.selection;
     reply.xselection.target = request.target;
     reply.xselection.time = request.time;
-    reply.xselection.property = owned_ && answer(request, property) ? property : 0;
+    const bool ours = owned_ && request.selection == selection();
+    reply.xselection.property = ours && answer(request, property) ? property : 0;
     XSendEvent(connection_.display(), request.requestor, False, NoEventMask, &reply);
 }
 
@@ -197,10 +224,13 @@ bool X11Clipboard::answer(const XSelectionRequestEvent& request, Atom property) 
     ::Display* display = connection_.display();
     const auto is = [&](X11Atom atom) { return request.target == connection_.atom(atom); };
     if (is(X11Atom::Targets)) {
-        const std::array<Atom, 6> targets = {
-            connection_.atom(X11Atom::Targets),    connection_.atom(X11Atom::Timestamp),
-            connection_.atom(X11Atom::Utf8String), connection_.atom(X11Atom::Utf8MimeText),
-            connection_.atom(X11Atom::Text),       XA_STRING};
+        const std::array<Atom, 7> targets = {connection_.atom(X11Atom::Targets),
+                                             connection_.atom(X11Atom::Timestamp),
+                                             connection_.atom(X11Atom::Multiple),
+                                             connection_.atom(X11Atom::Utf8String),
+                                             connection_.atom(X11Atom::Utf8MimeText),
+                                             connection_.atom(X11Atom::Text),
+                                             XA_STRING};
         XChangeProperty(display, request.requestor, property, XA_ATOM, 32, PropModeReplace,
                         reinterpret_cast<const unsigned char*>(targets.data()), static_cast<int>(targets.size()));
         return true;
@@ -211,6 +241,31 @@ bool X11Clipboard::answer(const XSelectionRequestEvent& request, Atom property) 
                         reinterpret_cast<const unsigned char*>(&time), 1);
         return true;
     }
+    return is(X11Atom::Multiple) ? answerMultiple(request, property) : answerText(request, property);
+}
+
+// The property holds pairs of a target and a property for it; a target that is not offered loses its property.
+bool X11Clipboard::answerMultiple(const XSelectionRequestEvent& request, Atom property) {
+    const Atom pairType = connection_.atom(X11Atom::AtomPair);
+    std::vector<long> pairs = connection_.readNumbers(request.requestor, property, pairType);
+    if (pairs.empty() || pairs.size() % 2 != 0) {
+        return false;
+    }
+    for (std::size_t i = 0; i < pairs.size(); i += 2) {
+        XSelectionRequestEvent single = request;
+        single.target = static_cast<Atom>(pairs[i]);
+        const bool nested = single.target == connection_.atom(X11Atom::Multiple);
+        if (nested || pairs[i + 1] == 0 || !answer(single, static_cast<Atom>(pairs[i + 1]))) {
+            pairs[i + 1] = 0;
+        }
+    }
+    connection_.setNumbers(request.requestor, property, pairType, pairs);
+    return true;
+}
+
+bool X11Clipboard::answerText(const XSelectionRequestEvent& request, Atom property) {
+    ::Display* display = connection_.display();
+    const auto is = [&](X11Atom atom) { return request.target == connection_.atom(atom); };
     // A request holds four bytes a unit, and a little of it is not text.
     if (text_.size() > static_cast<std::size_t>(XMaxRequestSize(display)) * 4 - 256) {
         return false;
@@ -228,7 +283,7 @@ bool X11Clipboard::answer(const XSelectionRequestEvent& request, Atom property) 
 }
 
 void X11Clipboard::onSelectionClear(const XSelectionClearEvent& event) {
-    if (event.selection == connection_.atom(X11Atom::Clipboard)) {
+    if (event.selection == selection()) {
         owned_ = false;
     }
 }

@@ -41,6 +41,11 @@ constexpr std::array<const char*, static_cast<std::size_t>(X11Atom::Count)> kAto
     "WM_LOCALE_NAME",
     "UTF8_STRING",
     "CLIPBOARD",
+    "PRIMARY",
+    "CLIPBOARD_MANAGER",
+    "SAVE_TARGETS",
+    "MULTIPLE",
+    "ATOM_PAIR",
     "TARGETS",
     "TIMESTAMP",
     "TEXT",
@@ -237,19 +242,19 @@ void X11Connection::tellWindowManager(::Window window, X11Atom type, const std::
     XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
-void X11Connection::setNumbers(::Window window, X11Atom property, Atom type, std::span<const long> values) {
-    XChangeProperty(display_, window, atom(property), type, 32, PropModeReplace,
+void X11Connection::setNumbers(::Window window, Atom property, Atom type, std::span<const long> values) {
+    XChangeProperty(display_, window, property, type, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(values.data()), static_cast<int>(values.size()));
 }
 
-std::vector<long> X11Connection::readNumbers(::Window window, X11Atom property, Atom type) const {
+std::vector<long> X11Connection::readNumbers(::Window window, Atom property, Atom type) const {
     constexpr long kMost = 1024;
     Atom actualType = 0;
     int format = 0;
     unsigned long count = 0;
     unsigned long left = 0;
     unsigned char* data = nullptr;
-    const int result = XGetWindowProperty(display_, window, atom(property), 0, kMost, False, type, &actualType, &format,
+    const int result = XGetWindowProperty(display_, window, property, 0, kMost, False, type, &actualType, &format,
                                           &count, &left, &data);
     std::vector<long> numbers;
     if (result == Success && actualType == type && format == 32) {

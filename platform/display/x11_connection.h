@@ -44,6 +44,11 @@ enum class X11Atom {
     WmLocaleName,
     Utf8String,
     Clipboard,
+    Primary,
+    ClipboardManager,
+    SaveTargets,
+    Multiple,
+    AtomPair,
     Targets,
     Timestamp,
     Text,
@@ -89,9 +94,15 @@ public:
     void setUserTime(Time time) { userTime_ = time; }
 
     void setAtomProperty(::Window window, X11Atom property, std::span<const Atom> values);
-    void setNumbers(::Window window, X11Atom property, Atom type, std::span<const long> values);
+    void setNumbers(::Window window, Atom property, Atom type, std::span<const long> values);
+    void setNumbers(::Window window, X11Atom property, Atom type, std::span<const long> values) {
+        setNumbers(window, atom(property), type, values);
+    }
     // Empty when the window has no such property of this type.
-    std::vector<long> readNumbers(::Window window, X11Atom property, Atom type) const;
+    std::vector<long> readNumbers(::Window window, Atom property, Atom type) const;
+    std::vector<long> readNumbers(::Window window, X11Atom property, Atom type) const {
+        return readNumbers(window, atom(property), type);
+    }
     void setTextProperty(::Window window, Atom property, Atom type, const std::string& bytes);
     // Sends a client message about `window` to the window manager.
     void tellWindowManager(::Window window, X11Atom type, const std::array<long, 5>& data);

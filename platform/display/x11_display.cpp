@@ -30,7 +30,8 @@ X11Display::X11Display(std::unique_ptr<X11Connection> connection)
     : connection_(std::move(connection)),
       manager_(*connection_),
       keyboard_(connection_->display()),
-      clipboard_(*connection_) {}
+      clipboard_(*connection_, X11Atom::Clipboard),
+      primary_(*connection_, X11Atom::Primary) {}
 
 X11Window* X11Display::find(HWND window) const {
     for (const auto& entry : windows_) {
@@ -74,6 +75,10 @@ void X11Display::destroyWindow(HWND window) {
     keyboard_.inputMethod().detach(entry->id());
     entry->destroy();
     std::erase_if(windows_, [entry](const auto& candidate) { return candidate.get() == entry; });
+    // Without a window the program does not listen for requests, and it may be about to end.
+    if (windows_.empty()) {
+        clipboard_.handOver();
+    }
     for (HWND* role : {&grabbed_, &serverFocus_, &reportedFocus_, &wantedFocus_}) {
         if (*role == window) {
             *role = nullptr;
@@ -295,10 +300,12 @@ int X11Display::dispatch(XEvent& event, InputSink& sink) {
             keyboard_.onMappingNotify(event.xmapping);
             return 0;
         case SelectionRequest:
-            clipboard_.onSelectionRequest(event.xselectionrequest);
+            (event.xselectionrequest.selection == primary_.selection() ? primary_ : clipboard_)
+                .onSelectionRequest(event.xselectionrequest);
             return 0;
         case SelectionClear:
             clipboard_.onSelectionClear(event.xselectionclear);
+            primary_.onSelectionClear(event.xselectionclear);
             return 0;
         default:
             break;

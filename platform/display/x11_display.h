@@ -40,6 +40,8 @@ public:
     void writeClipboard(const std::string& text) override { clipboard_.write(text); }
     bool readClipboard(std::string& text) override { return clipboard_.read(text); }
     bool clipboardHasText() override { return clipboard_.hasText(); }
+    void writePrimary(const std::string& text) override { primary_.write(text); }
+    bool readPrimary(std::string& text) override { return primary_.read(text); }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -71,6 +73,7 @@ private:
     X11Manager manager_;
     X11Keyboard keyboard_;
     X11Clipboard clipboard_;
+    X11Clipboard primary_;
     std::vector<std::unique_ptr<X11Window>> windows_;
     HCURSOR cursor_ = nullptr;
     ::Cursor arrow_ = 0;

@@ -154,6 +154,16 @@ bool X11Survivor::clipboardHasText() {
     return found;
 }
 
+void X11Survivor::writePrimary(const std::string& text) {
+    attempt([&] { display_->writePrimary(text); });
+}
+
+bool X11Survivor::readPrimary(std::string& text) {
+    bool found = false;
+    attempt([&] { found = display_->readPrimary(text); });
+    return found;
+}
+
 std::unique_ptr<Display> openX11Display() {
     const StandardDescriptors kept;
     std::unique_ptr<X11Connection> connection;

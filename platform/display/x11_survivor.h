@@ -37,6 +37,8 @@ public:
     void writeClipboard(const std::string& text) override;
     bool readClipboard(std::string& text) override;
     bool clipboardHasText() override;
+    void writePrimary(const std::string& text) override;
+    bool readPrimary(std::string& text) override;
 
 private:
     template <typename Call>

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <tavrikdisplay.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -125,6 +127,21 @@ HANDLE GetClipboardData(UINT format) {
     platform::freeLent();
     platform::clipboard().lent = memory;
     return memory;
+}
+
+void TavrikOfferSelection(const char* text) {
+    platform::display().writePrimary(text);
+}
+
+size_t TavrikReadSelection(char* buffer, size_t size) {
+    std::string text;
+    if (!platform::display().readPrimary(text)) {
+        text.clear();
+    }
+    if (size > 0) {
+        buffer[text.copy(buffer, size - 1)] = '\0';
+    }
+    return text.size();
 }
 
 BOOL IsClipboardFormatAvailable(UINT format) {

@@ -11,7 +11,9 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
+#include <future>
 
 namespace platform {
 namespace {
@@ -327,6 +329,55 @@ TEST_F(X11DisplayTest, WindowManagerIsToldWhatItNeedsAndItsFramesGetRoom) {
     XDeleteProperty(other_, root, XInternAtom(other_, "_NET_CURRENT_DESKTOP", False));
 }
 
+// A clipboard manager, which is asked once to save what the clipboard holds.
+std::string savedByManager(::Display* display, const std::atomic<bool>& ended) {
+    const auto atom = [display](const char* name) { return XInternAtom(display, name, False); };
+    const ::Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+    XSetSelectionOwner(display, atom("CLIPBOARD_MANAGER"), window, CurrentTime);
+    XEvent asked{};
+    std::string saved;
+    while (!ended && asked.type == 0) {
+        XCheckTypedEvent(display, SelectionRequest, &asked);
+    }
+    XConvertSelection(display, atom("CLIPBOARD"), atom("UTF8_STRING"), XA_CUT_BUFFER0, window, CurrentTime);
+    XEvent given{};
+    while (!ended && given.type == 0) {
+        XCheckTypedEvent(display, SelectionNotify, &given);
+    }
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, XA_CUT_BUFFER0, 0, 1000, False, AnyPropertyType, &type, &format, &count, &left,
+                       &data);
+    saved.assign(reinterpret_cast<const char*>(data), count);
+    XFree(data);
+    XEvent done{};
+    done.xselection.type = SelectionNotify;
+    done.xselection.requestor = asked.xselectionrequest.requestor;
+    done.xselection.property = asked.xselectionrequest.property;
+    XSendEvent(display, done.xselection.requestor, False, NoEventMask, &done);
+    XSync(display, False);
+    return saved;
+}
+
+TEST_F(X11DisplayTest, ClipboardIsHandedOverWithTheLastWindow) {
+    open(1, {0, 0, 100, 100}, "one");
+    display_->writeClipboard("kept");
+    std::atomic<bool> ended = false;
+    ::Display* managers = XOpenDisplay(nullptr);
+    auto saved = std::async(std::launch::async, [&] { return savedByManager(managers, ended); });
+    const Atom manager = XInternAtom(other_, "CLIPBOARD_MANAGER", False);
+    ASSERT_TRUE(pumpUntil([&] { return XGetSelectionOwner(other_, manager) != 0; }));
+    const auto start = std::chrono::steady_clock::now();
+    display_->destroyWindow(windowNumber(1));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900)) << "it need not wait out";
+    ended = true;
+    EXPECT_EQ(saved.get(), "kept");
+    XCloseDisplay(managers);
+}
+
 TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {
     display_->writeClipboard("Sm\xF6rg\xE5s \x80\r\n2");
     const ::Window requestor = XCreateSimpleWindow(other_, DefaultRootWindow(other_), 0, 0, 1, 1, 0, 0, 0);
@@ -336,6 +387,18 @@ TEST_F(X11DisplayTest, ClipboardIsServedToOtherPrograms) {
     XFlush(other_);
     EXPECT_TRUE(pumpUntil([&] { return !this->property(requestor, "RESULT").empty(); }));
     EXPECT_EQ(this->property(requestor, "RESULT"), "Smörgås €\n2");
+
+    // Several forms at once; one of them is not to be had.
+    const Atom pairType = XInternAtom(other_, "ATOM_PAIR", False);
+    const Atom utf8 = XInternAtom(other_, "UTF8_STRING", False);
+    tellAsManager(requestor, "PAIRS", pairType,
+                  {XA_STRING, XA_CUT_BUFFER0, XA_PIXMAP, XA_CUT_BUFFER1, static_cast<long>(utf8), XA_CUT_BUFFER2});
+    XConvertSelection(other_, XInternAtom(other_, "CLIPBOARD", False), XInternAtom(other_, "MULTIPLE", False),
+                      XInternAtom(other_, "PAIRS", False), requestor, CurrentTime);
+    XFlush(other_);
+    EXPECT_TRUE(pumpUntil([&] { return !this->property(requestor, "CUT_BUFFER2").empty(); }));
+    EXPECT_EQ(this->property(requestor, "CUT_BUFFER0"), "Sm\xF6rg\xE5s ?\n2");
+    EXPECT_EQ(numbers(requestor, "PAIRS")[3], 0U);
 
     // Another owner that never answers: the wait ends, and there is no text.
     XSetSelectionOwner(other_, XInternAtom(other_, "CLIPBOARD", False), requestor, CurrentTime);
