@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "automation/codepage.h"
-#include "host/system.h"
+#include "host/files.h"
 
 namespace host {
 namespace {
@@ -19,11 +19,10 @@ constexpr int kMargin = 8;
 
 // A window's title cannot say what the code page lacks; the name is then left out.
 std::string TitleFor(const std::string& fileName) {
-    const std::u8string base = PathFromUtf8(fileName).filename().u8string();
+    const std::string base = Utf8FromPath(PathFromUtf8(fileName).filename());
     std::string bytes;
     std::string problem;
-    const bool known =
-        automation::ConvertTo1252({reinterpret_cast<const char*>(base.data()), base.size()}, bytes, problem);
+    const bool known = automation::ConvertTo1252(base, bytes, problem);
     return known ? "Tavrikhost - " + bytes : "Tavrikhost";
 }
 

@@ -7,16 +7,17 @@
 #include <iostream>
 
 #include "automation/scratch.h"
+#include "host/document.h"
+#include "host/files.h"
 #include "host/host_window.h"
 #include "host/options.h"
-#include "host/settings_file.h"
 #include "host/store.h"
 #include "host/system.h"
 
 namespace host {
 namespace {
 
-enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2, kDisplayLost = 3 };
+enum ExitStatus { kOk = 0, kCancelled = 1, kError = 2, kDisplayLost = 3, kNoDisplay = 4 };
 
 // Throws a FileError when anything that was printed until now did not arrive, for example because the disk is full.
 void FlushOutput(const std::string& doneBefore = "") {
@@ -27,55 +28,79 @@ void FlushOutput(const std::string& doneBefore = "") {
 
 class Host {
 public:
-    explicit Host(const Options& options)
-        : m_options(options), m_file(options.settingsFile, ReadWholeFile(options.settingsFile)) {
-        for (const Setting& setting : m_file.Settings()) {
+    explicit Host(const Options& options) : m_options(options), m_document(options.settingsFile) {
+        for (const Setting& setting : m_document.Settings()) {
             AppendSetting(m_store, setting);
         }
     }
 
-    ExitStatus Run() {
-        m_export = BindExport();
-        const std::vector<automation::Scenario> scenarios = ReadScenarios();
-        const Display display = m_options.usesMemoryDisplay ? Display::Memory
-                                : m_options.IsInteractive() ? Display::Screen
-                                                            : Display::ScreenOrMemory;
-        if (!ChooseDisplay(display)) {
-            throw FileError("there is no display (DISPLAY names no usable X server)");
-        }
-        if (!IsFontFound()) {
-            throw FileError("there is no font for the texts of the sheet (fontconfig finds none)");
-        }
-        HostWindow window(m_options.settingsFile, m_file.Settings());
-        m_hParent = window.Handle();
-        if (!m_options.screenshotFolder.empty()) {
-            return TakeScreenshots();
-        }
-        if (!scenarios.empty()) {
-            return PlayScenarios(scenarios);
-        }
-        window.Show();
-        return OpenSheet(m_options.open) == 1 ? kOk : kCancelled;
-    }
+    ExitStatus Run();
 
 private:
     std::vector<automation::Scenario> ReadScenarios() const;
+    void WarnOfFiles() const;
+    ExitStatus ServeUser(HostWindow& window);
     ExitStatus PlayScenarios(const std::vector<automation::Scenario>& scenarios);
     ExitStatus TakeScreenshots();
     int OpenSheet(const automation::OpenArguments& arguments);
-    void SaveChanges();
-    void PrintChanges(const std::vector<Setting>& before, const std::vector<Setting>& after) const;
+    bool SaveChanges();
 
     const Options& m_options;
-    SettingsFile m_file;
+    Document m_document;
     CMdb m_store;
     ExportFunction m_export = nullptr;
     HWND m_hParent = nullptr;
 };
 
+ExitStatus Host::Run() {
+    m_export = BindExport();
+    const std::vector<automation::Scenario> scenarios = ReadScenarios();
+    const Display display = m_options.usesMemoryDisplay ? Display::Memory
+                            : m_options.IsInteractive() ? Display::Screen
+                                                        : Display::ScreenOrMemory;
+    if (!ChooseDisplay(display)) {
+        std::cerr << "tavrikhost: " << WhyNoDisplay() << "\n";
+        return kNoDisplay;
+    }
+    if (!IsFontFound()) {
+        throw FileError("there is no font for the texts of the sheet (fontconfig finds none)");
+    }
+    HostWindow window(m_options.settingsFile, m_document.Settings());
+    m_hParent = window.Handle();
+    if (!m_options.screenshotFolder.empty()) {
+        return TakeScreenshots();
+    }
+    WarnOfFiles();
+    return scenarios.empty() ? ServeUser(window) : PlayScenarios(scenarios);
+}
+
+// Says before there is anything to lose what stands in the way of saving.
+void Host::WarnOfFiles() const {
+    const std::string& name = m_options.settingsFile;
+    for (const std::string& leftover : DescribeLeftovers(name)) {
+        std::cerr << "tavrikhost: " << leftover << "\n";
+    }
+    if (const auto reason = WhyNotWritable(name)) {
+        std::cerr << "tavrikhost: " << name << ": cannot be written: " << *reason
+                  << "; OK will put the changed settings into another file\n";
+    }
+}
+
+ExitStatus Host::ServeUser(HostWindow& window) {
+    std::cout << "The sheet is open on " << m_options.settingsFile << ". OK saves and lists the changes here.\n";
+    FlushOutput();
+    window.Show();
+    if (OpenSheet(m_options.open) != 1) {
+        std::cout << "Cancelled; nothing was changed.\n";
+        return kCancelled;
+    }
+    return kOk;
+}
+
 std::vector<automation::Scenario> Host::ReadScenarios() const {
     std::vector<automation::Scenario> scenarios;
     for (const std::string& name : m_options.scenarios) {
+        RequireRegularFile(name);
         scenarios.push_back(automation::ReadScenario(name, automation::ShapeOfCommand));
         if (!scenarios.back().errors.empty()) {
             throw FileError(scenarios.back().errors.front());
@@ -117,34 +142,22 @@ ExitStatus Host::TakeScreenshots() {
 int Host::OpenSheet(const automation::OpenArguments& arguments) {
     const int result = m_export(m_hParent, arguments.caption.c_str(), &m_store, arguments.designation,
                                 arguments.optionalPages, arguments.hostMode);
-    if (result == 1) {
-        SaveChanges();
+    if (result == 1 && !SaveChanges() && m_options.IsInteractive()) {
+        std::cout << "There was nothing to save.\n";
     }
     return result;
 }
 
-void Host::SaveChanges() {
-    const std::vector<Setting> before = m_file.Settings();
+// False when the sheet has changed nothing.
+bool Host::SaveChanges() {
+    const std::vector<Setting> before = m_document.Settings();
     const std::vector<Setting> after = ReadSettings(m_store);
     if (before == after) {
-        return;
+        return false;
     }
-    m_file.SetSettings(after);
-    ReplaceWholeFile(m_options.settingsFile, m_file.Bytes());
-    PrintChanges(before, after);
+    std::cout << m_document.Save(after) << DescribeChanges(before, after);
     FlushOutput("the changes are saved, but ");
-}
-
-void Host::PrintChanges(const std::vector<Setting>& before, const std::vector<Setting>& after) const {
-    for (size_t i = 0; i < after.size(); ++i) {
-        const bool isNew = i >= before.size() || before[i].key != after[i].key;
-        if (isNew) {
-            std::cout << "added " << EscapeValue(after[i].key) << ": \"" << EscapeValue(after[i].value) << "\"\n";
-        } else if (before[i].value != after[i].value) {
-            std::cout << "changed " << EscapeValue(after[i].key) << ": \"" << EscapeValue(before[i].value) << "\" -> \""
-                      << EscapeValue(after[i].value) << "\"\n";
-        }
-    }
+    return true;
 }
 
 int Main(const std::vector<std::string>& arguments) {

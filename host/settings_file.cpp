@@ -114,13 +114,10 @@ bool IsBlank(std::string_view text) {
 
 SettingsFile::SettingsFile(std::string fileName, std::string_view bytes) : m_strFileName(std::move(fileName)) {
     while (!bytes.empty()) {
-        const size_t end = std::min(bytes.find('\n'), bytes.size());
-        Line line{std::string(bytes.substr(0, end)), end < bytes.size() ? "\n" : "", false};
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
-        if (!line.ending.empty() && line.text.ends_with('\r')) {
-            line.text.pop_back();
-            line.ending = "\r\n";
-        }
+        const size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+        const std::string_view ending = bytes.substr(end, bytes.substr(end).starts_with("\r\n") ? 2 : 1);
+        Line line{std::string(bytes.substr(0, end)), std::string(ending), false};
+        bytes.remove_prefix(end + ending.size());
         const size_t number = m_lines.size() + 1;
         try {
             ParseLine(line, number);
@@ -185,10 +182,10 @@ void SettingsFile::SetSettings(const std::vector<Setting>& settings) {
 void SettingsFile::AppendLine(const Setting& setting) {
     std::string ending = "\n";
     if (!m_lines.empty()) {
-        // A file without an ending on its last line has none afterwards either.
+        // A file without an ending on its last line has none afterwards either; that line ends as the one before it.
         ending = m_lines.back().ending;
         if (ending.empty()) {
-            m_lines.back().ending = m_lines.front().ending.empty() ? "\n" : m_lines.front().ending;
+            m_lines.back().ending = m_lines.size() > 1 ? m_lines[m_lines.size() - 2].ending : "\n";
         }
     }
     m_lines.push_back({EscapeKey(setting.key) + "=" + EscapeValue(setting.value), ending, true});

@@ -1,4 +1,5 @@
 // A settings file: one KEY=value a line, UTF-8, with comments. Only lines whose record changed are ever rewritten.
+// Lines end with LF, CR LF or CR, also mixed.
 //
 // A backslash begins an escape: \\ \n \r \t, \xHH for the character of that number in code page 1252, and in a key
 // \= and \# for these two characters. A character 0 cannot be held.
@@ -42,7 +43,7 @@ public:
 private:
     struct Line {
         std::string text;    // without its ending
-        std::string ending;  // "\n", "\r\n", or empty for a last line without
+        std::string ending;  // "\n", "\r\n", "\r", or empty for a last line without
         bool isRecord = false;
     };
 

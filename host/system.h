@@ -1,11 +1,10 @@
-// What the host program needs of the system besides windows. The one room of the host where systems differ.
+// What the host program needs of the system besides windows and files.
 #pragma once
 
 #include <windows.h>
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "include/tavrikconfig.h"
@@ -22,15 +21,6 @@ void ReserveStandardStreams();
 // Makes a console show what the program prints as the UTF-8 that it is. When the program exits, the console gets back
 // the code page that it had, for the programs that are run after this one.
 void UseUtf8Console();
-
-std::filesystem::path PathFromUtf8(const std::string& utf8);
-
-// All bytes of a file. Throws a FileError.
-std::string ReadWholeFile(const std::string& fileName);
-
-// Puts a file with these bytes and the old one's permissions in its place. Readers see the old file or the new one,
-// and the old one stays when anything fails, which throws a FileError.
-void ReplaceWholeFile(const std::string& fileName, std::string_view bytes);
 
 // The component's one function.
 using ExportFunction = int (*)(HWND parent, const char* caption, CMdb* hostStore, int designationOption,
@@ -56,5 +46,8 @@ bool IsFontFound();
 
 // Whether the windows have vanished for good, because the X server went away.
 bool IsDisplayLost();
+
+// The reason, one line of English, after ChooseDisplay found no screen.
+std::string WhyNoDisplay();
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -32,9 +33,10 @@ protected:
     }
 
     // `before` are shell commands that set the process up. A redirection among the arguments is of standard output
-    // only.
-    static Outcome Run(const std::string& arguments, const std::string& before = "unset DISPLAY") {
-        std::FILE* pipe = popen((before + "; " TAVRIK_HOST " 2>&1 " + arguments).c_str(), "r");
+    // only. `by` is a command that runs the program.
+    static Outcome Run(const std::string& arguments, const std::string& before = "unset DISPLAY",
+                       const std::string& by = "") {
+        std::FILE* pipe = popen((before + "; " + by + TAVRIK_HOST " 2>&1 " + arguments).c_str(), "r");
         Outcome outcome;
         for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
             outcome.output += static_cast<char>(c);
@@ -81,7 +83,10 @@ TEST_F(HostProgram, AFullDiskLeavesTheOldFile) {
     const Outcome outcome =
         Run(Path("p.settings") + " --scenario " + Path("x.scn"), "unset DISPLAY; trap '' XFSZ; ulimit -f 0");
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.output, "tavrikhost: " + Path("p.settings") + ": cannot be written: File too large\n");
+    EXPECT_EQ(outcome.output,
+              "tavrikhost: " + Path("p.settings") +
+                  ": cannot be written: File too large; no other file can be written either, not saved:\n"
+                  "changed X-COORD: \"10\" -> \"12.5\"\nadded BET_CAPITALS: \"1\"\n");
     EXPECT_EQ(Read("p.settings"), kSettings);
     const auto files = std::filesystem::directory_iterator(m_scratch.Path());
     EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "a temporary file was left behind";
@@ -100,15 +105,18 @@ TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
     Write("bad.settings", "A=1\nB\n");
     Write("p.settings", kSettings);
     Write("bad.scn", "open\nfly\n");
+    mkfifo(Path("pipe").c_str(), 0600);
     const struct {
         std::string arguments;
         std::string message;
     } rows[] = {
         {"", "no settings file given (see --help)"},
         {Path("none"), Path("none") + ": cannot be read: No such file or directory"},
-        {m_scratch.Path().string(), m_scratch.Path().string() + ": cannot be read: Is a directory"},
+        {m_scratch.Path().string(), m_scratch.Path().string() + ": is a folder, not a file"},
+        {"/dev/zero", "/dev/zero: is a device, not a file"},
+        {Path("pipe"), Path("pipe") + ": is a pipe, not a file"},
+        {Path("p.settings") + " --scenario " + Path("pipe"), Path("pipe") + ": is a pipe, not a file"},
         {Path("bad.settings"), Path("bad.settings") + ":2: expected KEY=value"},
-        {Path("p.settings"), "there is no display (DISPLAY names no usable X server)"},
         {Path("p.settings") + " --scenario " + Path("bad.scn"), Path("bad.scn") + ":2: unknown command 'fly'"},
         {Path("p.settings") + " --scenario " + Path("no.scn"),
          Path("no.scn") + ": cannot be read: No such file or directory"},
@@ -120,6 +128,35 @@ TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
         EXPECT_EQ(outcome.status, 2) << row.arguments;
         EXPECT_EQ(outcome.output, "tavrikhost: " + row.message + "\n");
     }
+}
+
+TEST_F(HostProgram, SaysWhyNoSheetCanBeSeen) {
+    Write("p.settings", kSettings);
+    Outcome outcome = Run(Path("p.settings"));
+    EXPECT_EQ(outcome.status, 4);
+    EXPECT_EQ(outcome.output, "tavrikhost: there is no display (DISPLAY is not set)\n");
+    outcome = Run(Path("p.settings"), "export DISPLAY=:4711");
+    EXPECT_EQ(outcome.status, 4);
+    EXPECT_EQ(outcome.output, "tavrikhost: no display answers (DISPLAY is ':4711')\n");
+}
+
+// Without the right to pass over permissions, which root has.
+TEST_F(HostProgram, SaysFirstWhatStandsInTheWayOfSaving) {
+    Write("p.settings", kSettings);
+    Write("p.settings.new-7", "half");
+    Write("p.settings.new-7b", "someone's");
+    Write("x.scn", kChangeX);
+    chmod(Path("p.settings").c_str(), 0400);
+    const std::string drop = geteuid() == 0 ? "setpriv --bounding-set=-dac_override --inh-caps=-dac_override " : "";
+    const Outcome outcome = Run(Path("p.settings") + " --scenario " + Path("x.scn"), "unset DISPLAY", drop);
+    EXPECT_EQ(outcome.status, 2);
+    const std::string denied = "tavrikhost: " + Path("p.settings") + ": cannot be written: Permission denied; ";
+    EXPECT_EQ(outcome.output.substr(0, outcome.output.find(".unsaved-")),
+              "tavrikhost: " + Path("p.settings.new-7") +
+                  " was left by a run that did not finish saving; it may be incomplete\n" + denied +
+                  "OK will put the changed settings into another file\n" + denied + "the changed settings are in " +
+                  Path("p.settings"));
+    EXPECT_EQ(Read("p.settings"), kSettings);
 }
 
 TEST_F(HostProgram, PhotographsEveryPage) {

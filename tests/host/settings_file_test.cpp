@@ -38,8 +38,8 @@ TEST(SettingsFile, ReadsRecordsInOrderWithEscapesAndDuplicates) {
 }
 
 TEST(SettingsFile, GivesBackEveryByteWhenNothingChanged) {
-    for (const std::string bytes :
-         {"", "\n", "A=1", "A=1\r\n# x\r\n\r\nB=\\x41\r\n", "\xEF\xBB\xBF# bom\nA=\\=\n", "A=1\r"}) {
+    for (const std::string bytes : {"", "\n", "A=1", "A=1\r\n# x\r\n\r\nB=\\x41\r\n", "# x\rA=1\n\r\n\r\rB=2",
+                                    "\xEF\xBB\xBF# bom\nA=\\=\n", "A=1\r"}) {
         SettingsFile file("p.settings", bytes);
         file.SetSettings(Settings(file.Settings()));
         EXPECT_EQ(file.Bytes(), bytes);
@@ -57,6 +57,8 @@ TEST(SettingsFile, RewritesOnlyTheLinesOfChangedRecords) {
         {"\\#A\\=B=1\n", {{"#A=B", "2"}}, "\\#A\\=B=2\n"},
         {"A=1\r\n# c", {{"A", "1"}, {"#=", "\x7F\x81"}, {"C", "3"}}, "A=1\r\n# c\r\n\\#\\==\\x7F\\x81\r\nC=3"},
         {"A=1", {{"A", "1"}, {"B", "2"}}, "A=1\nB=2"},
+        {"# c\rA=1\rB=2\r", {{"A", "3"}, {"B", "2"}, {"C", "4"}}, "# c\rA=3\rB=2\rC=4\r"},
+        {"A=1\r\nB=1\rC=1", {{"A", "2"}, {"B", "2"}, {"C", "1"}, {"D", "1"}}, "A=2\r\nB=2\rC=1\rD=1"},
         {"", {{"A", "1"}}, "A=1\n"},
         {"A=1\n\nB=2\nC=3\n", {{"A", "1"}, {"X", "2"}}, "A=1\n\nX=2\n"},
     };
