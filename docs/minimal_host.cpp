@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <filesystem>
 
 #include "include/tavrikconfig.h"
 
@@ -15,10 +16,18 @@ constexpr char kExportName[] = "?Tavrikconfig@@YAHPEAUHWND__@@PEBDPEAVCMdb@@HHH@
 constexpr char kExportName[] = "?Tavrikconfig@@YAHPAUHWND__@@PBDPAVCMdb@@HHH@Z";
 #endif
 
+// By its full path: a library of that name in the current folder or on the search path may be anybody's.
+HMODULE LoadFromOwnFolder() {
+    wchar_t program[32768] = L"";
+    GetModuleFileNameW(nullptr, program, 32768);
+    const auto path = std::filesystem::path(program).replace_filename("tavrikconfig.dll");
+    return LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+}
+
 }  // namespace
 
 int main() {
-    HMODULE library = LoadLibraryA("tavrikconfig.dll");
+    HMODULE library = LoadFromOwnFolder();
     const FARPROC found = library == nullptr ? nullptr : GetProcAddress(library, kExportName);
     if (found == nullptr) {
         std::fprintf(stderr, "tavrikconfig.dll, or its function, is not there\n");

@@ -44,17 +44,37 @@ void UseUtf8Console() {
     std::atexit([] { SetConsoleOutputCP(codePageBefore); });
 }
 
+namespace {
+
+// The system cuts a name off where it does not fit.
+std::filesystem::path ProgramPath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(2 * path.size());
+    }
+}
+
+}  // namespace
+
+// By its full path, and what it needs from the system's folder alone: a library of the same name in the current folder
+// or on the search path may be anybody's.
 ExportFunction BindExport() {
-    constexpr const char* kLibrary = "tavrikconfig.dll";
     constexpr const char* kFunction = sizeof(void*) == 8 ? "?Tavrikconfig@@YAHPEAUHWND__@@PEBDPEAVCMdb@@HHH@Z"
                                                          : "?Tavrikconfig@@YAHPAUHWND__@@PBDPAVCMdb@@HHH@Z";
-    HMODULE library = LoadLibraryA(kLibrary);
+    const std::filesystem::path path = ProgramPath().replace_filename("tavrikconfig.dll");
+    const std::string name = Utf8FromPath(path);
+    HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library == nullptr) {
-        throw FileError(std::string(kLibrary) + ": cannot be loaded, error " + std::to_string(GetLastError()));
+        throw FileError(name + ": cannot be loaded (error " + std::to_string(GetLastError()) + ")");
     }
     FARPROC function = GetProcAddress(library, kFunction);
     if (function == nullptr) {
-        throw FileError(std::string(kLibrary) + ": does not export " + kFunction);
+        throw FileError(name + ": does not export " + kFunction);
     }
     return reinterpret_cast<ExportFunction>(reinterpret_cast<void*>(function));
 }
