@@ -39,14 +39,50 @@ install_packages() {
 # Whether a preset is configured, and no package has come or gone since that might have been looked for.
 is_configured() { [ -f "build/$1/build.ninja" ] && [ "build/$1/build.ninja" -nt /var/lib/dpkg/status ]; }
 
-# build_preset PRESET [TARGET...]: configures where needed and builds. Quiet, except for what took place when it fails.
+# show_progress: of a build's output, how far it is, on standard error. Nothing where there was nothing to do.
+show_progress() {
+    local line total=0 done_before=0 step='^\[([0-9]+)/([0-9]+)\] ' seconds_of_a_file=1.2
+    while IFS= read -r line; do
+        # The checks before the build count for themselves.
+        [[ $line =~ $step && $line != *'] Re-'* ]] || continue
+        if [ $total -ne "${BASH_REMATCH[2]}" ]; then
+            total=${BASH_REMATCH[2]} done_before=0
+            awk -v n="$total" -v cpus="$(nproc)" -v each=$seconds_of_a_file 'BEGIN {
+                minutes = n * each / cpus / 60
+                print "Building, " n " steps" (minutes < 0.5 ? "." : sprintf("; this takes about %d minute%s.",
+                    minutes + 0.5, minutes < 1.5 ? "" : "s"))
+            }' >&2
+        fi
+        if [ -t 2 ]; then
+            printf '\r%d of %d' "${BASH_REMATCH[1]}" "$total" >&2
+            [ "${BASH_REMATCH[1]}" -ne "$total" ] || printf '\r\033[K' >&2
+        elif [ $((BASH_REMATCH[1] * 4 / total)) -gt $((done_before * 4 / total)) ]; then
+            printf '%d of %d\n' "${BASH_REMATCH[1]}" "$total" >&2
+        fi
+        done_before=${BASH_REMATCH[1]}
+    done
+}
+
+configure_and_build() {
+    is_configured "$1" || cmake --preset "$1" || return
+    cmake --build "build/$1" "${@:2}"
+}
+
+# build_preset [--progress] PRESET [TARGET...]: configures where needed and builds. Quiet, except for what took place when
+# it fails and, where that is wanted, for how far it is.
 build_preset() {
+    local progress=
+    [ "$1" != --progress ] || { progress=yes && shift; }
     local preset=$1 targets=() log=build/$1.log
     shift
     [ $# -eq 0 ] || targets=(--target "$@")
     mkdir -p build
-    if ! { { is_configured "$preset" || cmake --preset "$preset"; } &&
-        cmake --build "build/$preset" "${targets[@]}"; } >"$log" 2>&1; then
+    if ! if [ -n "$progress" ]; then
+        (set -o pipefail && configure_and_build "$preset" "${targets[@]}" 2>&1 | tee "$log" | show_progress)
+    else
+        configure_and_build "$preset" "${targets[@]}" >"$log" 2>&1
+    fi; then
+        [ -z "$progress" ] || echo >&2
         cat "$log" >&2
         echo "The build of '$preset' failed." >&2
         return 1

@@ -13,19 +13,20 @@ namespace host {
 const char* const kUsage =
     "usage: tavrikhost [options] FILE\n"
     "\n"
-    "Opens the settings in FILE. On OK the file is written back and the changes are listed.\n"
+    "Opens the settings in FILE. OK writes the changes into FILE and lists them; Cancel changes nothing.\n"
     "\n"
     "  --caption TEXT        the sheet's title\n"
     "  --designation N       non-zero offers the designation options\n"
     "  --optional-pages N    non-zero adds the optional pages\n"
     "  --host-mode N         the kind of drawing\n"
-    "  --scenario FILE.scn...  play scenarios instead of waiting for a user; OK writes the file as ever\n"
+    "  --scenario FILE.scn...  play scenarios instead of waiting for a user; OK writes FILE as ever\n"
     "  --screenshots DIR     write a PNG picture of each page and cancel\n"
     "  --memory              windows in memory, also where there is a display; for scenarios and screenshots\n"
-    "  --help, --version\n"
+    "  -h, --help            this text\n"
+    "  --version             the version\n"
     "\n"
     "Exit status: 0 after OK, 1 after Cancel or a failed scenario, 2 for a wrong command line or a file error,\n"
-    "3 when the X server went away.\n";
+    "3 when the X server went away, 4 when there is no display.\n";
 
 namespace {
 
@@ -63,6 +64,7 @@ constexpr Row kRows[] = {
     {"--scenario", true, [](Options& o, const std::string& v) { o.scenarios.push_back(v); }},
     {"--memory", false, [](Options& o, const std::string&) { o.usesMemoryDisplay = true; }},
     {"--help", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
+    {"-h", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
     {"--version", false, [](Options& o, const std::string&) { o.showsVersion = true; }},
 };
 
