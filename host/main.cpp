@@ -38,8 +38,8 @@ public:
 
 private:
     std::vector<automation::Scenario> ReadScenarios() const;
-    void WarnOfFiles() const;
-    ExitStatus ServeUser(HostWindow& window);
+    bool WarnOfFiles() const;
+    ExitStatus ServeUser(HostWindow& window, bool canSave);
     ExitStatus PlayScenarios(const std::vector<automation::Scenario>& scenarios);
     ExitStatus TakeScreenshots();
     int OpenSheet(const automation::OpenArguments& arguments);
@@ -70,31 +70,36 @@ ExitStatus Host::Run() {
     if (!m_options.screenshotFolder.empty()) {
         return TakeScreenshots();
     }
-    WarnOfFiles();
-    return scenarios.empty() ? ServeUser(window) : PlayScenarios(scenarios);
+    const bool canSave = WarnOfFiles();
+    return scenarios.empty() ? ServeUser(window, canSave) : PlayScenarios(scenarios);
 }
 
-// Says before there is anything to lose what stands in the way of saving.
-void Host::WarnOfFiles() const {
+// Says before there is anything to lose what stands in the way of saving. False when OK cannot save.
+bool Host::WarnOfFiles() const {
     const std::string& name = m_options.settingsFile;
     for (const std::string& leftover : DescribeLeftovers(name)) {
         std::cerr << "tavrikhost: " << leftover << "\n";
     }
-    if (const auto reason = WhyNotWritable(name)) {
+    const auto reason = WhyNotWritable(name);
+    if (reason) {
         std::cerr << "tavrikhost: " << name << ": cannot be written: " << *reason
                   << "; OK will put the changed settings into another file\n";
     }
+    return !reason;
 }
 
-ExitStatus Host::ServeUser(HostWindow& window) {
-    std::cout << "The sheet is open on " << m_options.settingsFile << ". OK saves and lists the changes here.\n";
+ExitStatus Host::ServeUser(HostWindow& window, bool canSave) {
+    std::cout << "The sheet is open on " << m_options.settingsFile
+              << (canSave ? ". OK saves and lists the changes here.\n" : ".\n");
     FlushOutput();
     window.Show();
-    if (OpenSheet(m_options.open) != 1) {
-        std::cout << "Cancelled; nothing was changed.\n";
-        return kCancelled;
+    if (OpenSheet(m_options.open) == 1) {
+        return kOk;
     }
-    return kOk;
+    if (!IsDisplayLost()) {
+        std::cout << "Cancelled; nothing was changed.\n";
+    }
+    return kCancelled;
 }
 
 std::vector<automation::Scenario> Host::ReadScenarios() const {
