@@ -25,6 +25,14 @@ constexpr int kMostPumps = 100;
 
 class X11DisplayTest : public ::testing::Test {
 protected:
+    // A server that has lost its last client begins anew, and refuses connections while it does.
+    static void SetUpTestSuite() { lasting_ = XOpenDisplay(nullptr); }
+    static void TearDownTestSuite() {
+        if (lasting_ != nullptr) {
+            XCloseDisplay(lasting_);
+        }
+    }
+
     void SetUp() override {
         other_ = XOpenDisplay(nullptr);
         if (other_ == nullptr) {
@@ -153,6 +161,7 @@ protected:
         }
     }
 
+    static inline ::Display* lasting_ = nullptr;
     ::Display* other_ = nullptr;
     std::unique_ptr<Display> display_;
     RecordingSink sink_;
