@@ -91,7 +91,7 @@ bool Host::WarnOfFiles() const {
 ExitStatus Host::ServeUser(HostWindow& window, bool canSave) {
     std::cout << "The sheet is open on " << m_options.settingsFile
               << (canSave ? ". OK saves and lists the changes here.\n" : ".\n");
-    FlushOutput();
+    std::cout.flush();  // Without standard output the sheet opens all the same; what comes after it tells the failure.
     window.Show();
     if (OpenSheet(m_options.open) == 1) {
         return kOk;
