@@ -6,7 +6,9 @@ void DrawCentredBitmap(const DRAWITEMSTRUCT& item, const CBitmap& bitmap) {
     RECT client{};
     CDC* target = CDC::FromHandle(item.hDC);
     CDC memory;
-    if (!memory.CreateCompatibleDC(target) || bitmap.GetBitmap(&size) == 0 || !GetClientRect(item.hwndItem, &client)) {
+    // There is none where no memory was left for it.
+    if (target == nullptr || !memory.CreateCompatibleDC(target) || bitmap.GetBitmap(&size) == 0 ||
+        !GetClientRect(item.hwndItem, &client)) {
         return;
     }
     const CSelectObject selected(memory, bitmap.GetSafeHandle());

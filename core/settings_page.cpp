@@ -155,6 +155,15 @@ void CSettingsPage::OnReset() {
     CPropertyPage::OnReset();
 }
 
+CSettingsSheet* CSettingsPage::GetSheet() const {
+    // Only a window that is tied to its object is a sheet.
+    auto* sheet = dynamic_cast<CSettingsSheet*>(FromHandlePermanent(::GetParent(m_hWnd)));
+    if (sheet == nullptr) {
+        AfxThrowWindowGoneException();
+    }
+    return sheet;
+}
+
 BOOL CSettingsPage::ReadMembers() {
     m_bTransferFailed = !UpdateData(TRUE);
     if (m_bTransferFailed && m_hWnd != nullptr) {
@@ -180,7 +189,7 @@ void CSettingsPage::DisableFieldsWhenReadOnly() {
 
 void CSettingsPage::HideControls(std::span<const UINT> controls) {
     for (const UINT control : controls) {
-        GetDlgItem(static_cast<int>(control))->ShowWindow(SW_HIDE);
+        RequireDlgItem(control).ShowWindow(SW_HIDE);
     }
 }
 
@@ -215,16 +224,16 @@ void CSettingsPage::OnTextKillFocus(UINT control) {
 
 // The changed flag stays set after a commit: from the first change on the field is committed whenever it is left.
 void CSettingsPage::CommitText(const TextRow& row) {
-    CWnd* field = GetDlgItem(static_cast<int>(row.control));
+    CWnd& field = RequireDlgItem(row.control);
     TextState& state = StateOf(row);
     if (state.m_bChanged != 0) {
         state.m_bUnchecked = m_leaveCheck.IsCheckPostponed();
         if (m_leaveCheck.IsCancelPending() == 0) {
-            CheckAndRecord(row, *field);
+            CheckAndRecord(row, field);
         }
     }
     if (row.lastEdit == LastEdit::Noted) {
-        m_leaveCheck.m_pLastEditControl = field;
+        m_leaveCheck.m_pLastEditControl = &field;
     }
 }
 
@@ -276,13 +285,13 @@ BOOL CSettingsPage::RecordEntry(const TextRow& row) {
     if (!ReadMembers()) {
         return FALSE;
     }
-    const auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(row.control)));
-    const int entry = combo->GetCurSel();
+    const auto& combo = static_cast<CComboBox&>(RequireDlgItem(row.control));
+    const int entry = combo.GetCurSel();
     if (entry < 0) {
         return FALSE;
     }
     CString text;
-    combo->GetLBText(entry, text);
+    combo.GetLBText(entry, text);
     RecordChange(row.key, text);
     SetModifiedByUser();
     return TRUE;
@@ -345,12 +354,12 @@ void CSettingsPage::ShowText(UINT control) {
 }
 
 void CSettingsPage::SelectOrAdd(UINT control, LPCSTR text) {
-    auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(control)));
-    int entry = combo->FindString(0, text);
+    auto& combo = static_cast<CComboBox&>(RequireDlgItem(control));
+    int entry = combo.FindString(0, text);
     if (entry < 0) {
-        entry = combo->AddString(text);
+        entry = combo.AddString(text);
     }
-    combo->SetCurSel(entry);
+    combo.SetCurSel(entry);
 }
 
 void CSettingsPage::RedrawControl(UINT id) {

@@ -30,8 +30,9 @@ public:
     // The check of a text that may be anything, or nothing, as long as it has no double quote.
     static int CheckPlainText(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& field);
 
-    // Null when the window is gone.
-    CSettingsSheet* GetSheet() const { return static_cast<CSettingsSheet*>(GetParent()); }
+    // Throws when the page or its sheet is gone. Whatever shows a message box or tells the host something may come back
+    // to that.
+    CSettingsSheet* GetSheet() const;
 
     // What a pick from a row's list does: it counts as typing, which is checked and recorded when the field is left;
     // it records the text that the field shows at this moment, and counts as typing; it records the entry picked.

@@ -52,11 +52,17 @@ void CSettingsSheet::PutSetting(CMdb* store, LPCSTR key, LPCSTR value) {
             this->*mirrored.number = LeadingInteger(value);
         }
     }
-    SetSetting(store, key, value);
+    if (SetSetting(store, key, value) == 0) {
+        AfxFailModal(AfxFailure::OutOfMemory);
+    }
 }
 
 void CSettingsSheet::MergeSettings(const CMdb* from, CMdb* to) {
-    if (m_bEditable != 0) {
-        MergeSettingRecords(from, to);
+    if (m_bEditable != 0 && MergeSettingRecords(from, to) == 0) {
+        AfxFailModal(AfxFailure::OutOfMemory);
     }
+}
+
+BOOL CSettingsSheet::CommitSettings() {
+    return m_bEditable == 0 || CommitSettingRecords(&m_workSettings, m_pHostSettings) != 0;
 }

@@ -42,11 +42,15 @@ public:
     static CString GetSettingText(const CMdb* store, LPCSTR key);
     // The value's leading integer; 0 when there is none or the key is missing. One that does not fit is clamped.
     static int GetSettingNumber(const CMdb* store, LPCSTR key);
-    // Sets a setting in the store, and its number in the sheet where the sheet mirrors the key.
+    // Sets a setting in the store, and its number in the sheet where the sheet mirrors the key. Where memory runs out
+    // the setting is dropped, and a running sheet ends as cancelled.
     void PutSetting(CMdb* store, LPCSTR key, LPCSTR value);
     // Sets every setting of one store in another and marks those that it overwrote; mirrors nothing.
-    // Does nothing in a sheet that is not editable.
+    // Does nothing in a sheet that is not editable. Where memory runs out for a setting it does as PutSetting.
     void MergeSettings(const CMdb* from, CMdb* to);
+    // Merges what the pages have applied into the host's store, all of it or, without the memory for that, nothing.
+    // Returns whether it has.
+    BOOL CommitSettings();
 
     // Field checks: 1 accepts; 0 rejects, after a message box owned by the sheet. The control (null for none) gets
     // the focus back.

@@ -63,7 +63,11 @@ int ShowMessageBox(LPCSTR prompt, LPCSTR caption, UINT type) {
     // A box of a data exchange belongs to the window with the controls, which another program may have deactivated.
     HWND topLevel = nullptr;
     const HWND owner = AfxGetSafeOwner(AfxGetRoutingState().lockoutWindow, &topLevel);
+    SetLastError(0);
     const int result = MessageBoxA(owner, prompt, caption, fullType);
+    if (result == 0) {
+        AfxFailModalOutOfMemory();
+    }
     if (topLevel != nullptr) {
         EnableWindow(topLevel, TRUE);
     }

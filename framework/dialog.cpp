@@ -53,10 +53,14 @@ BOOL CDialog::CreateFromTemplate(const DLGTEMPLATE* dialogTemplate, HWND parent)
     }
     AfxInitCommonControls();
     AfxHookWindowCreate(this);
+    ::SetLastError(0);
     const HWND dialog = CreateDialogIndirectParamA(AfxGetInstanceHandle(), dialogTemplate, parent, AfxDlgProc, 0);
     AfxUnhookWindowCreate();
     if (m_hWnd != nullptr && AfxTemplateLeavesPlace(dialogTemplate)) {
         CenterWindow();
+    }
+    if (dialog == nullptr) {
+        AfxFailModalOutOfMemory();
     }
     return dialog != nullptr && m_hWnd != nullptr;
 }
@@ -83,6 +87,9 @@ INT_PTR CDialog::DoModal() {
         RunModalLoop(MLF_SHOWONIDLE);
     }
     m_continueModal = false;
+    if (owner.HasFailed()) {
+        m_nModalResult = -1;
+    }
     owner.CloseModal(*this);
     return m_nModalResult;
 }

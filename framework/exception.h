@@ -17,5 +17,23 @@ public:
     const char* what() const noexcept override { return "not supported"; }
 };
 
+// A window that the work needs is gone: the host has destroyed it. Nobody is told; the modal window under way ends as
+// cancelled.
+class CWindowGoneException : public CException {
+public:
+    const char* what() const noexcept override { return "window gone"; }
+};
+
+// What keeps the modal windows under way from being accepted.
+enum class AfxFailure { None, WindowGone, OutOfMemory };
+
+// Ends all modal windows of the framework that are running as if they were cancelled, whatever the user answers
+// meanwhile. Of memory that ran out the user is told when the outermost of them ends.
+void AfxFailModal(AfxFailure failure) noexcept;
+// The same for a call of the system that has failed, if memory was the reason. The error is to be cleared before such a
+// call.
+void AfxFailModalOutOfMemory() noexcept;
+
 [[noreturn]] void AfxThrowUserException();
 [[noreturn]] void AfxThrowNotSupportedException();
+[[noreturn]] void AfxThrowWindowGoneException();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "framework/exception.h"
 #include "framework/module_state.h"
 #include "framework/safe_owner.h"
 
@@ -35,7 +36,11 @@ INT_PTR CFileDialog::DoModal() {
     // The system disables the owner itself.
     HWND topLevel = nullptr;
     m_ofn.hwndOwner = AfxGetSafeOwner(AfxSafeHandle(m_pParentWnd), &topLevel);
+    ::SetLastError(0);
     const BOOL accepted = ::GetOpenFileNameA(&m_ofn);
+    if (!accepted) {
+        AfxFailModalOutOfMemory();
+    }
     if (topLevel != nullptr) {
         ::EnableWindow(topLevel, TRUE);
     }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "framework/exception.h"
 #include "framework/message_map.h"
 
 class CWnd;
@@ -19,15 +20,20 @@ struct AfxRoutingState {
     // The object that waits for its window to be created, and the hook by which it will notice.
     CWnd* creating = nullptr;
     HHOOK creationHook = nullptr;
-    // Modal loops of the framework that are running inside one another.
+    // Modal windows of the framework that are running inside one another, and their loops.
+    int modalWindows = 0;
     int modalDepth = 0;
+    // Why those windows are to end. It stands until the next outermost one begins.
+    AfxFailure failure = AfxFailure::None;
 };
 AfxRoutingState& AfxGetRoutingState();
 
 // The first entry for a message in a map and those of its bases; null when there is none.
 const AFX_MSGMAP_ENTRY* AfxFindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id);
 
-// Tells the user about the exception in flight, unless that has happened already. Called inside a catch block.
+// Deals with the exception in flight, at the border to the system, whose frames are not to be unwound: memory that ran
+// out and windows that are gone end the modal windows; of anything else the user is told, unless that has happened
+// already. Called inside a catch block.
 void AfxReportException();
 
 // The class that fits a window of somebody else, so that the customary cast of a temporary object is a true one.
@@ -42,11 +48,9 @@ class AfxTemporaryMap {
 public:
     template <typename Make>
     Object* FindOrMake(const void* handle, Make make) {
-        std::unique_ptr<Object>& object = m_objects[handle];
-        if (object == nullptr) {
-            object = make();
-        }
-        return object.get();
+        const auto found = m_objects.find(handle);
+        // Made first, so that no handle is left without its object where there is no memory for one.
+        return (found != m_objects.end() ? found : m_objects.emplace(handle, make()).first)->second.get();
     }
 
     // Forgets the objects for which the predicate holds.

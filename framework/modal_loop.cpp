@@ -55,7 +55,7 @@ int CWnd::RunModalLoop(DWORD flags) {
     bool showWhenIdle = (flags & MLF_SHOWONIDLE) != 0 && !IsWindowVisible();
     bool idle = true;
     m_continueModal = true;
-    while (ContinueModal()) {
+    while (AfxGetRoutingState().failure == AfxFailure::None && ContinueModal()) {
         MSG message;
         if (idle && !::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
             idle = false;

@@ -4,11 +4,17 @@
 
 #include <utility>
 
+#include "framework/application.h"
 #include "framework/message_routing.h"
+#include "framework/prompts.h"
 #include "framework/safe_owner.h"
 #include "framework/window.h"
 
 AfxModalOwner::AfxModalOwner(CWnd* parent) : m_owner(AfxGetSafeOwner(AfxSafeHandle(parent), &m_topLevel)) {
+    AfxRoutingState& state = AfxGetRoutingState();
+    if (state.modalWindows++ == 0) {
+        state.failure = AfxFailure::None;
+    }
     if (m_owner == ::GetDesktopWindow()) {
         m_owner = nullptr;
     }
@@ -16,6 +22,21 @@ AfxModalOwner::AfxModalOwner(CWnd* parent) : m_owner(AfxGetSafeOwner(AfxSafeHand
     if (m_ownerDisabled) {
         ::EnableWindow(m_owner, FALSE);
     }
+}
+
+AfxModalOwner::~AfxModalOwner() {
+    EnableOwner();
+    if (--AfxGetRoutingState().modalWindows == 0) {
+        CWnd::DeleteTempMap();
+    }
+}
+
+bool AfxModalOwner::HasFailed() const {
+    const AfxRoutingState& state = AfxGetRoutingState();
+    if (state.failure == AfxFailure::OutOfMemory && state.modalWindows == 1) {
+        AfxMessageBox(kPromptOutOfMemory, MB_ICONSTOP);
+    }
+    return state.failure != AfxFailure::None;
 }
 
 void AfxModalOwner::EnableOwner() {

@@ -7,4 +7,5 @@ constexpr char kPromptInteger[] = "Ange ett heltal.";
 constexpr char kPromptRange[] = "Ange ett tal mellan %1 och %2.";
 // Number of characters.
 constexpr char kPromptLength[] = "Ange h\xF6gst %1 tecken.";
+constexpr char kPromptOutOfMemory[] = "Minnet r\xE4\x63ker inte. Inget har \xE4ndrats.";
 constexpr char kPromptInternalError[] = "Internt fel.";

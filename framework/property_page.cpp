@@ -13,10 +13,20 @@ END_MESSAGE_MAP()
 // Called by the system just before it creates a page's window, which becomes the object's, and when it forgets the
 // page.
 UINT CALLBACK AfxPropPageCallback(HWND, UINT message, PROPSHEETPAGEA* page) {
-    if (message == PSPCB_CREATE) {
-        CPropertyPage* object = reinterpret_cast<CPropertyPage*>(page->lParam);
-        object->m_firstSetActive = true;
-        AfxHookWindowCreate(object);
+    CPropertyPage* object = reinterpret_cast<CPropertyPage*>(page->lParam);
+    try {
+        if (message == PSPCB_CREATE) {
+            object->m_firstSetActive = true;
+            AfxHookWindowCreate(object);
+        } else if (message == PSPCB_RELEASE && object->m_isInSheet) {
+            // The system drops a page whose window it could not create, and goes on with the others.
+            object->m_isInSheet = false;
+            AfxFailModalOutOfMemory();
+            AfxFailModal(AfxFailure::WindowGone);
+        }
+    } catch (...) {
+        AfxReportException();
+        return FALSE;
     }
     return TRUE;
 }
@@ -28,6 +38,14 @@ CPropertyPage::CPropertyPage(UINT templateId) : CDialog(templateId), m_psp() {
     m_psp.pfnDlgProc = AfxDlgProc;
     m_psp.lParam = reinterpret_cast<LPARAM>(this);
     m_psp.pfnCallback = AfxPropPageCallback;
+}
+
+// A page that goes before its sheet takes along what was entered on it.
+void CPropertyPage::PostNcDestroy() {
+    if (m_isInSheet) {
+        AfxFailModal(AfxFailure::WindowGone);
+    }
+    CDialog::PostNcDestroy();
 }
 
 BOOL CPropertyPage::OnSetActive() {

@@ -35,6 +35,7 @@ public:
     void EndDialog(int result);
 
 protected:
+    void PostNcDestroy() override;
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
@@ -43,4 +44,6 @@ private:
 
     // The window has not been activated yet.
     bool m_firstSetActive = true;
+    // The system has the page in a sheet, and is to keep it there.
+    bool m_isInSheet = false;
 };

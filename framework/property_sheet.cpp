@@ -3,6 +3,7 @@
 #include "framework/property_sheet.h"
 
 #include <algorithm>
+#include <new>
 
 #include "framework/message_routing.h"
 #include "framework/modal_owner.h"
@@ -12,6 +13,7 @@ IMPLEMENT_DYNAMIC(CPropertySheet, CWnd)
 
 BEGIN_MESSAGE_MAP(CPropertySheet, CWnd)
 ON_WM_CLOSE()
+ON_WM_DESTROY()
 ON_WM_SYSCOMMAND()
 ON_MESSAGE(WM_INITDIALOG, &CPropertySheet::HandleInitDialog)
 ON_MESSAGE(PSM_PRESSBUTTON, &CPropertySheet::OnPressButton)
@@ -24,8 +26,41 @@ constexpr UINT kSystemCommandMask = 0xFFF0;
 
 HPROPSHEETPAGE MakePage(CPropertyPage& page) {
     page.m_psp.hInstance = AfxGetResourceHandle();
-    return CreatePropertySheetPageA(&page.m_psp);
+    const HPROPSHEETPAGE handle = CreatePropertySheetPageA(&page.m_psp);
+    if (handle == nullptr) {
+        throw std::bad_alloc();
+    }
+    return handle;
 }
+
+// The handles of pages until a sheet takes them over.
+class PageHandles {
+public:
+    PageHandles() = default;
+    void Make(const std::vector<CPropertyPage*>& pages) {
+        m_handles.reserve(pages.size());
+        for (CPropertyPage* page : pages) {
+            m_handles.push_back(MakePage(*page));
+        }
+    }
+    ~PageHandles() {
+        for (const HPROPSHEETPAGE handle : m_handles) {
+            ::DestroyPropertySheetPage(handle);
+        }
+    }
+    PageHandles(const PageHandles&) = delete;
+    PageHandles& operator=(const PageHandles&) = delete;
+
+    void GiveTo(PROPSHEETHEADERA& header) {
+        header.nPages = static_cast<UINT>(m_handles.size());
+        header.phpage = m_handles.data();
+        PropertySheetA(&header);
+        m_handles.clear();
+    }
+
+private:
+    std::vector<HPROPSHEETPAGE> m_handles;
+};
 
 }  // namespace
 
@@ -49,8 +84,14 @@ CPropertySheet::~CPropertySheet() {
 
 void CPropertySheet::AddPage(CPropertyPage* page) {
     m_pages.push_back(page);
-    if (m_hWnd != nullptr) {
-        SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(MakePage(*page)));
+    if (m_hWnd == nullptr) {
+        return;
+    }
+    const auto handle = reinterpret_cast<LPARAM>(MakePage(*page));
+    page->m_isInSheet = true;
+    SendMessage(PSM_ADDPAGE, 0, handle);
+    if (SendMessage(PSM_PAGETOINDEX, 0, handle) < 0) {
+        throw std::bad_alloc();
     }
 }
 
@@ -62,6 +103,7 @@ void CPropertySheet::RemovePage(int index) {
     if (GetPage(index) == nullptr) {
         return;
     }
+    m_pages[static_cast<size_t>(index)]->m_isInSheet = false;
     if (m_hWnd != nullptr) {
         SendMessage(PSM_REMOVEPAGE, static_cast<WPARAM>(index), 0);
     }
@@ -86,7 +128,11 @@ CPropertyPage* CPropertySheet::GetActivePage() const {
 }
 
 int CPropertySheet::GetActiveIndex() const {
-    return m_hWnd != nullptr ? GetTabControl()->GetCurSel() : static_cast<int>(m_psh.nStartPage);
+    if (m_hWnd == nullptr) {
+        return static_cast<int>(m_psh.nStartPage);
+    }
+    const CTabCtrl* tabs = GetTabControl();
+    return tabs != nullptr ? tabs->GetCurSel() : -1;
 }
 
 BOOL CPropertySheet::SetActivePage(int index) {
@@ -115,21 +161,24 @@ BOOL CPropertySheet::PressButton(int button) {
 
 // The pages' handles are owned by the sheet that the system makes of them.
 HWND CPropertySheet::CreateSheet(HWND owner) {
-    std::vector<HPROPSHEETPAGE> handles;
-    for (CPropertyPage* page : m_pages) {
-        handles.push_back(MakePage(*page));
-    }
+    PageHandles handles;
+    handles.Make(m_pages);
     PROPSHEETHEADERA header = m_psh;
     // Modeless to the system: this object disables the owner and runs the loop.
     header.dwFlags |= PSH_MODELESS;
     header.hwndParent = owner;
     header.hInstance = AfxGetResourceHandle();
     header.pszCaption = m_strCaption;
-    header.nPages = static_cast<UINT>(handles.size());
-    header.phpage = handles.data();
     AfxHookWindowCreate(this);
-    PropertySheetA(&header);
+    for (CPropertyPage* page : m_pages) {
+        page->m_isInSheet = true;
+    }
+    ::SetLastError(0);
+    handles.GiveTo(header);
     AfxUnhookWindowCreate();
+    if (m_hWnd == nullptr) {
+        AfxFailModalOutOfMemory();
+    }
     // Null when it failed or the window is gone again.
     return m_hWnd;
 }
@@ -144,6 +193,9 @@ INT_PTR CPropertySheet::DoModal() {
         result = ContinueModal() ? RunModalLoop(MLF_SHOWONIDLE) : m_nModalResult;
     }
     m_continueModal = false;
+    if (owner.HasFailed()) {
+        result = IDCANCEL;
+    }
     owner.CloseModal(*this);
     return result;
 }
@@ -223,6 +275,14 @@ LRESULT CPropertySheet::OnPressButton(WPARAM button, LPARAM) {
 
 void CPropertySheet::OnClose() {
     m_nModalResult = IDCANCEL;
+    Default();
+}
+
+// The pages go with the sheet.
+void CPropertySheet::OnDestroy() {
+    for (CPropertyPage* page : m_pages) {
+        page->m_isInSheet = false;
+    }
     Default();
 }
 

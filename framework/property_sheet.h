@@ -53,6 +53,7 @@ public:
 protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnClose();
+    afx_msg void OnDestroy();
     afx_msg void OnSysCommand(UINT id, LPARAM lParam);
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
     LRESULT OnPressButton(WPARAM button, LPARAM lParam);

@@ -29,3 +29,7 @@ void AfxThrowUserException() {
 void AfxThrowNotSupportedException() {
     throw CNotSupportedException();
 }
+
+void AfxThrowWindowGoneException() {
+    throw CWindowGoneException();
+}

@@ -2,6 +2,7 @@
 
 #include "framework/window.h"
 
+#include <new>
 #include <utility>
 
 #include "framework/message_routing.h"
@@ -49,12 +50,14 @@ LRESULT CALLBACK CreationHook(int code, WPARAM wParam, LPARAM lParam) {
     if (code != HCBT_CREATEWND || state.creating == nullptr || !IsDialogClass(window)) {
         return CallNextHookEx(state.creationHook, code, wParam, lParam);
     }
+    bool isTied = false;
     try {
-        std::exchange(state.creating, nullptr)->SubclassWindow(window);
+        isTied = std::exchange(state.creating, nullptr)->SubclassWindow(window) != FALSE;
     } catch (...) {
         AfxReportException();
     }
-    const LRESULT result = CallNextHookEx(state.creationHook, code, wParam, lParam);
+    // A window without its object would be nobody's.
+    const LRESULT result = isTied ? CallNextHookEx(state.creationHook, code, wParam, lParam) : 1;
     RemoveCreationHook();
     return result;
 }
@@ -66,6 +69,10 @@ void AfxHookWindowCreate(CWnd* object) {
     state.creating = object;
     if (state.creationHook == nullptr) {
         state.creationHook = SetWindowsHookExA(WH_CBT, CreationHook, nullptr, GetCurrentThreadId());
+    }
+    if (state.creationHook == nullptr) {
+        state.creating = nullptr;
+        throw std::bad_alloc();
     }
 }
 

@@ -55,6 +55,8 @@ public:
 
     // The system's functions of the same names on this window.
     CWnd* GetDlgItem(int id) const;
+    // The same for a control that the work needs: throws when the host has destroyed it, or the window around it.
+    CWnd& RequireDlgItem(UINT id) const;
     static CWnd* GetFocus();
     static CWnd* GetActiveWindow();
     static CWnd* GetCapture();
@@ -168,7 +170,8 @@ constexpr DWORD MLF_SHOWONIDLE = 0x0004;
 // The window procedure of every window that an object owns.
 LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // Arranges that the next dialog-class window to be created on this thread is subclassed by the object at its creation,
-// before its first message. The second call ends that and returns whether it has happened.
+// before its first message; a window that cannot be is refused. Throws when there is no memory for that. The second
+// call ends it and returns whether it has happened.
 void AfxHookWindowCreate(CWnd* object);
 BOOL AfxUnhookWindowCreate();
 // The window of an object; null for a null object.

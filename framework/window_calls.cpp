@@ -3,10 +3,18 @@
 #include <algorithm>
 
 #include "framework/application.h"
+#include "framework/exception.h"
 #include "framework/window.h"
 
 CWnd* CWnd::GetDlgItem(int id) const {
     return FromHandle(::GetDlgItem(m_hWnd, id));
+}
+CWnd& CWnd::RequireDlgItem(UINT id) const {
+    CWnd* control = GetDlgItem(static_cast<int>(id));
+    if (control == nullptr) {
+        AfxThrowWindowGoneException();
+    }
+    return *control;
 }
 CWnd* CWnd::GetFocus() {
     return FromHandle(::GetFocus());
@@ -68,7 +76,10 @@ int CWnd::GetWindowTextLength() const {
     return ::GetWindowTextLengthA(m_hWnd);
 }
 void CWnd::SetWindowText(LPCSTR text) {
-    ::SetWindowTextA(m_hWnd, text);
+    ::SetLastError(0);
+    if (!::SetWindowTextA(m_hWnd, text)) {
+        AfxFailModalOutOfMemory();
+    }
 }
 
 int CWnd::GetDlgItemText(int id, CString& text) const {
@@ -195,7 +206,12 @@ BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 int CWnd::MessageBox(LPCSTR text, LPCSTR caption, UINT type) {
-    return ::MessageBoxA(m_hWnd, text, caption != nullptr ? caption : AfxGetAppName(), type);
+    ::SetLastError(0);
+    const int result = ::MessageBoxA(m_hWnd, text, caption != nullptr ? caption : AfxGetAppName(), type);
+    if (result == 0) {
+        AfxFailModalOutOfMemory();
+    }
+    return result;
 }
 
 UINT_PTR CWnd::SetTimer(UINT_PTR timer, UINT milliseconds, TIMERPROC procedure) {

@@ -1,6 +1,7 @@
 // The way of a message through a window object: window procedure, message map, command and notification routing.
 
 #include <cstdio>
+#include <new>
 
 #include "framework/application.h"
 #include "framework/controls.h"
@@ -36,6 +37,28 @@ bool IgnoresNotifications(HWND window) {
     return isClosing || window == state.lockoutWindow;
 }
 
+// What a window looks like is no part of what the user enters: a picture for which there is no memory is left out.
+bool IsPainting(UINT message, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT:
+        case WM_NCPAINT:
+        case WM_ERASEBKGND:
+        case WM_PRINTCLIENT:
+        case WM_DRAWITEM:
+            return true;
+        case WM_NOTIFY:
+            return reinterpret_cast<const NMHDR*>(lParam)->code == NM_CUSTOMDRAW;
+        default:
+            return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+    }
+}
+
+// A control that has no memory for what it is told, by the user or the program, says so to its parent.
+bool TellsOfNoMemory(UINT code) {
+    return code == EN_ERRSPACE || code == static_cast<UINT>(LOWORD(CBN_ERRSPACE)) ||
+           code == static_cast<UINT>(LOWORD(LBN_ERRSPACE));
+}
+
 }  // namespace
 
 void AfxReportException() {
@@ -43,13 +66,34 @@ void AfxReportException() {
         throw;
     } catch (const CUserException&) {
         return;
+    } catch (const CWindowGoneException&) {
+        AfxFailModal(AfxFailure::WindowGone);
+    } catch (const std::bad_alloc&) {
+        AfxFailModal(AfxFailure::OutOfMemory);
     } catch (const std::exception& error) {
-        // On the stack, since it may be memory that ran out.
         char prompt[256];
         std::snprintf(prompt, sizeof prompt, "%s (%s)", kPromptInternalError, error.what());
         AfxMessageBox(prompt, MB_ICONSTOP);
     } catch (...) {
         AfxMessageBox(kPromptInternalError, MB_ICONSTOP);
+    }
+}
+
+void AfxFailModal(AfxFailure failure) noexcept {
+    AfxRoutingState& state = AfxGetRoutingState();
+    // Windows go when memory runs out; the user is told of the cause.
+    if (state.failure != AfxFailure::OutOfMemory) {
+        state.failure = failure;
+    }
+    // Whatever was about to be created will not be; the next window is somebody else's.
+    AfxUnhookWindowCreate();
+    // The loops may be waiting for a message.
+    ::PostMessageA(nullptr, WM_NULL, 0, 0);
+}
+
+void AfxFailModalOutOfMemory() noexcept {
+    if (::GetLastError() == ERROR_NOT_ENOUGH_MEMORY) {
+        AfxFailModal(AfxFailure::OutOfMemory);
     }
 }
 
@@ -61,8 +105,11 @@ LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     const LastMessage lastMessage(window, message, wParam, lParam);
     try {
         return object->WindowProc(message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        if (!IsPainting(message, lParam)) {
+            AfxReportException();
+        }
     } catch (...) {
-        // The system's code above must not be unwound.
         AfxReportException();
     }
     if (message == WM_PAINT) {
@@ -114,6 +161,10 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (lParam == 0) {
         return id != 0 && OnCmdMsg(id, CN_COMMAND, nullptr, nullptr);
     }
+    if (TellsOfNoMemory(HIWORD(wParam))) {
+        AfxFailModal(AfxFailure::OutOfMemory);
+        return TRUE;
+    }
     if (IgnoresNotifications(m_hWnd)) {
         return TRUE;
     }
@@ -121,10 +172,14 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* result) {
+    NMHDR* header = reinterpret_cast<NMHDR*>(lParam);
+    if (header->code == NM_OUTOFMEMORY) {
+        AfxFailModal(AfxFailure::OutOfMemory);
+        return TRUE;
+    }
     if (IgnoresNotifications(m_hWnd)) {
         return TRUE;
     }
-    NMHDR* header = reinterpret_cast<NMHDR*>(lParam);
     const UINT id = static_cast<UINT>(::GetDlgCtrlID(header->hwndFrom)) & 0xFFFFu;
     AFX_NOTIFY notify = {result, header};
     return OnCmdMsg(id, MAKELONG(header->code, WM_NOTIFY), &notify, nullptr);

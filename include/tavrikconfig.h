@@ -7,7 +7,7 @@
 // are malloc and free of the system's C run time, msvcrt.dll, in 32 and in 64 bit: a host of that run time can free
 // what the library appended, and any other host builds its store with those two functions.
 //
-// Threading. The store belongs to the thread that calls Tavrikconfig; nothing is locked.
+// Threading. The store belongs to the thread that calls Tavrikconfig; nothing is locked, and a second call is refused.
 #pragma once
 
 #include <cstddef>
@@ -55,6 +55,7 @@ public:
 
 private:
     friend class CMdb;
+    friend class CPreparedMerge;
     friend struct MdbLayout;
 
     char* m_pData = nullptr;
@@ -82,6 +83,7 @@ public:
     void RemoveAll();
 
 private:
+    friend class CPreparedMerge;
     friend struct MdbLayout;
 
     // The last record, meaningful only while there is a first one; not written before the first AddRecord.
@@ -110,7 +112,11 @@ struct MdbLayout {
 // optionalPages      non-zero asks for the pages on cross-references and connections, as far as the library has them
 // hostMode           the host's kind of drawing; 3 hides the options of cables and assemblies
 //
-// Returns 1 when the user closed the sheet with OK, 0 otherwise. Throws nothing.
+// Returns 1 when the user closed the sheet with OK and every change is in the store, 0 otherwise: where memory runs out
+// the sheet ends as if cancelled. Throws nothing.
+//
+// One call runs at a time. One that comes meanwhile, on another thread or from a window procedure of the host, is
+// refused: it returns 0 at once and touches nothing.
 //
 // On Windows the function is exported under the name that the platform's usual C++ compiler gives to this
 // declaration: `?Tavrikconfig@@YAHPEAUHWND__@@PEBDPEAVCMdb@@HHH@Z`, on 32 bit

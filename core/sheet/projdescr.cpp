@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 #include "core/setting_keys.h"
 #include "resources/resource.h"
@@ -48,7 +49,7 @@ void projdescr::BorrowApplicationName() {
     if (m_strSavedAppName.GetLength() < caption.GetLength()) {
         char* longer = static_cast<char*>(std::malloc(static_cast<size_t>(caption.GetLength()) + 2));
         if (longer == nullptr) {
-            return;
+            throw std::bad_alloc();
         }
         std::free(g_application.m_pszAppName);
         g_application.m_pszAppName = longer;
@@ -102,16 +103,16 @@ void projdescr::ShowConnectionPage(bool isShown) {
 
 BOOL projdescr::OnInitDialog() {
     const BOOL result = CPropertySheet::OnInitDialog();
-    // The system's sheet always has both buttons.
-    CWnd* cancel = GetDlgItem(IDCANCEL);
+    // The host hears of the activation meanwhile, and may have destroyed the sheet or its owner.
+    CWnd& cancel = RequireDlgItem(IDCANCEL);
     CString caption;
     if (m_bEditable != 0) {
         caption.LoadString(IDS_CANCEL);
     } else {
-        GetDlgItem(IDOK)->ShowWindow(SW_HIDE);
+        RequireDlgItem(IDOK).ShowWindow(SW_HIDE);
         caption.LoadString(IDS_CLOSE);
     }
-    cancel->SetWindowText(caption);
+    cancel.SetWindowText(caption);
     SetWindowPos(&wndTopMost, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
     return result;
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -32,6 +33,25 @@ int AppendRecord(CMdb* store, const Field& first, const Field& second) {
     return store->AddRecord(bytes.get());
 }
 
+struct Setting {
+    const char* key;
+    const char* value;
+
+    Field KeyField() const { return {CMdbRecord::kKeyTag, key}; }
+    Field ValueField() const { return {CMdbRecord::kValueTag, value}; }
+};
+
+// Visits the records that have a key and a value.
+template <typename Visit>
+void ForEachSetting(const CMdb* store, Visit visit) {
+    for (const CMdbRecord* record = store->GetFirst(); record != nullptr; record = record->GetNext()) {
+        const Setting setting = {record->GetField(CMdbRecord::kKeyTag), record->GetField(CMdbRecord::kValueTag)};
+        if (setting.key != nullptr && setting.value != nullptr) {
+            visit(setting);
+        }
+    }
+}
+
 bool IsSetting(const CMdbRecord& record, const char* key) {
     const char* recordKey = record.GetField(CMdbRecord::kKeyTag);
     return recordKey != nullptr && std::strcmp(recordKey, key) == 0 &&
@@ -50,29 +70,90 @@ int FindSetting(const CMdb* store, const char* key, CMdbRecord*& record) {
     return 0;
 }
 
-void SetSetting(CMdb* store, const char* key, const char* value) {
+int SetSetting(CMdb* store, const char* key, const char* value) {
     CMdbRecord* record = nullptr;
     if (FindSetting(store, key, record) != 0) {
-        record->SetField(CMdbRecord::kValueTag, value);
-    } else {
-        AppendRecord(store, {CMdbRecord::kKeyTag, key}, {CMdbRecord::kValueTag, value});
+        return record->SetField(CMdbRecord::kValueTag, value) != nullptr ? 1 : 0;
     }
+    return AppendRecord(store, {CMdbRecord::kKeyTag, key}, {CMdbRecord::kValueTag, value});
 }
 
-void MergeSettingRecords(const CMdb* from, CMdb* to) {
-    for (const CMdbRecord* source = from->GetFirst(); source != nullptr; source = source->GetNext()) {
-        const char* key = source->GetField(CMdbRecord::kKeyTag);
-        const char* value = source->GetField(CMdbRecord::kValueTag);
-        if (key == nullptr || value == nullptr) {
-            continue;
-        }
+int MergeSettingRecords(const CMdb* from, CMdb* to) {
+    int isComplete = 1;
+    ForEachSetting(from, [&](const Setting& setting) {
         CMdbRecord* target = nullptr;
-        if (FindSetting(to, key, target) == 0) {
-            AppendRecord(to, {CMdbRecord::kKeyTag, key}, {CMdbRecord::kValueTag, value});
-        } else if (target->SetField(CMdbRecord::kValueTag, value) != nullptr) {
+        if (FindSetting(to, setting.key, target) == 0) {
+            isComplete &= AppendRecord(to, setting.KeyField(), setting.ValueField());
+        } else if (target->SetField(CMdbRecord::kValueTag, setting.value) != nullptr) {
             target->SetChanged(1);
+        } else {
+            isComplete = 0;
         }
+    });
+    return isComplete;
+}
+
+// Everything that takes memory is made aside: what is appended, and a copy of each record that grows, whose buffer then
+// changes places with that of the record.
+class CPreparedMerge {
+public:
+    bool Prepare(const CMdb* from, CMdb* to) {
+        bool isComplete = true;
+        ForEachSetting(from, [&](const Setting& setting) {
+            CMdbRecord* target = nullptr;
+            if (FindSetting(to, setting.key, target) == 0) {
+                isComplete = isComplete && AppendRecord(&m_appended, setting.KeyField(), setting.ValueField()) != 0;
+            } else if (Grows(*target, setting)) {
+                isComplete = isComplete && m_grown.AddRecord(target->GetData()) != 0 &&
+                             m_grown.m_pTail->SetField(CMdbRecord::kValueTag, setting.value) != nullptr;
+            }
+        });
+        return isComplete;
     }
+
+    void Commit(const CMdb* from, CMdb* to) {
+        CMdbRecord* grown = m_grown.m_pHead;
+        ForEachSetting(from, [&](const Setting& setting) {
+            CMdbRecord* target = nullptr;
+            if (FindSetting(to, setting.key, target) == 0) {
+                return;
+            }
+            if (Grows(*target, setting)) {
+                std::swap(target->m_pData, grown->m_pData);
+                grown = grown->m_pNext;
+            } else {
+                target->SetField(CMdbRecord::kValueTag, setting.value);
+            }
+            target->SetChanged(1);
+        });
+        Append(to);
+    }
+
+private:
+    static bool Grows(const CMdbRecord& target, const Setting& setting) {
+        return std::strlen(setting.value) > std::strlen(target.GetField(CMdbRecord::kValueTag));
+    }
+
+    void Append(CMdb* to) {
+        CMdbRecord* first = std::exchange(m_appended.m_pHead, nullptr);
+        if (first == nullptr) {
+            return;
+        }
+        (to->m_pHead == nullptr ? to->m_pHead : to->m_pTail->m_pNext) = first;
+        to->m_pTail = m_appended.m_pTail;
+    }
+
+    CMdb m_grown;
+    CMdb m_appended;
+};
+
+int CommitSettingRecords(const CMdb* from, CMdb* to) {
+    CPreparedMerge merge;
+    if (!merge.Prepare(from, to)) {
+        return 0;
+    }
+    merge.Commit(from, to);
+    return 1;
 }
 
 CMdbRecord* FindSettingRecord(const CMdb* store, const char* key) {

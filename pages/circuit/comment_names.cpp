@@ -65,12 +65,14 @@ void CommentNames::ReadSettings(const SettingLookup& settings) {
     }
 }
 
-void CommentNames::WriteChanged(const CommentNames& original, CMdb* store) const {
+BOOL CommentNames::WriteChanged(const CommentNames& original, CMdb* store) const {
     for (int colour = kFirstCommentColour; colour <= kLastCommentColour; ++colour) {
-        if (std::strcmp(Get(colour), original.Get(colour)) != 0) {
-            WriteSetting(store, KeyOf(kSettingKey, colour).data(), Get(colour));
+        if (std::strcmp(Get(colour), original.Get(colour)) != 0 &&
+            WriteSetting(store, KeyOf(kSettingKey, colour).data(), Get(colour)) == 0) {
+            return FALSE;
         }
     }
+    return TRUE;
 }
 
 void CommentNames::Set(int colour, LPCSTR name) {

@@ -36,8 +36,8 @@ public:
     void ReadProfile();
     // What the settings have.
     void ReadSettings(const SettingLookup& settings);
-    // Stores the names that differ from those of another set.
-    void WriteChanged(const CommentNames& original, CMdb* store) const;
+    // Stores the names that differ from those of another set. FALSE when memory ran out.
+    BOOL WriteChanged(const CommentNames& original, CMdb* store) const;
 
     // Of a colour from 0 to 255.
     LPCSTR Get(int colour) const { return m_names[static_cast<size_t>(colour)].data(); }

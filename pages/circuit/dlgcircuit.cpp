@@ -100,11 +100,11 @@ BOOL dlgcircuit::OnSetActive() {
 }
 
 void dlgcircuit::SelectSymbolStandard() {
-    auto* combo = static_cast<CComboBox*>(GetDlgItem(IDC_SYMBOL_STANDARD));
-    if (m_strSymbolStandard.IsEmpty() && combo->GetLBTextLen(0) == 0) {
+    auto& combo = static_cast<CComboBox&>(RequireDlgItem(IDC_SYMBOL_STANDARD));
+    if (m_strSymbolStandard.IsEmpty() && combo.GetLBTextLen(0) == 0) {
         // The blank entry of an earlier activation, first in the sorted list. A search for nothing does not find it,
         // and each activation would add one more.
-        combo->SetCurSel(0);
+        combo.SetCurSel(0);
     } else {
         SelectOrAdd(IDC_SYMBOL_STANDARD, m_strSymbolStandard);
     }

@@ -199,13 +199,13 @@ void dlgconnect::ShowPartMarking() {
         if (marking == m_nPartMarking) {
             checked = button;
         }
-        GetDlgItem(static_cast<int>(button))->EnableWindow(m_nPartMarking != kOwnMarking);
+        RequireDlgItem(button).EnableWindow(m_nPartMarking != kOwnMarking);
     }
     CheckRadioButton(IDC_MARKING_STANDARD, IDC_MARKING_POTENTIAL_ZERO_NUMBER, static_cast<int>(checked));
 }
 
 void dlgconnect::FillCableChars() {
-    auto& list = *static_cast<CComboBox*>(GetDlgItem(IDC_CABLE_CHARACTERS));
+    auto& list = static_cast<CComboBox&>(RequireDlgItem(IDC_CABLE_CHARACTERS));
     for (int characters = kFewestCableChars; characters <= kMostCableChars; ++characters) {
         CString entry;
         entry.Format("%d", characters);
@@ -258,7 +258,9 @@ BOOL dlgconnect::OnApply() {
     ApplyPartMarking();
     ApplyDistance(IDC_ROW_DISTANCE, m_fRowDistance, kRowDistanceKey);
     ApplyDistance(IDC_NUMBER_OFFSET, m_fNumberOffset, kNumberOffsetKey);
-    m_commentNames.WriteChanged(m_origCommentNames, m_pWorkSettings);
+    if (!m_commentNames.WriteChanged(m_origCommentNames, m_pWorkSettings)) {
+        AfxFailModal(AfxFailure::OutOfMemory);
+    }
     if (m_nDefaultCommentColour != m_nOrigDefaultCommentColour) {
         WriteNumber(kDefaultColourKey, m_nDefaultCommentColour);
     }
@@ -272,7 +274,7 @@ BOOL dlgconnect::OnApply() {
     if (sheetRef != m_bShowSheetRef) {
         WriteNumber(kSheetRefKey, sheetRef);
     }
-    const int selected = static_cast<CComboBox*>(GetDlgItem(IDC_CABLE_CHARACTERS))->GetCurSel();
+    const int selected = static_cast<CComboBox&>(RequireDlgItem(IDC_CABLE_CHARACTERS)).GetCurSel();
     if (selected >= 0 && selected + kFewestCableChars != m_nCableChars) {
         WriteNumber(kCableCharsKey, selected + kFewestCableChars);
     }
@@ -299,14 +301,20 @@ void dlgconnect::ApplyDistance(UINT control, float former, LPCSTR key) {
     text = text.Left(kDistanceLength);
     const auto distance = static_cast<float>(LeadingNumber(text));
     if (distance > 0.0F && distance != former) {
-        WriteSetting(m_pWorkSettings, key, text);
+        Write(key, text);
     }
 }
 
 void dlgconnect::WriteNumber(LPCSTR key, int number) {
     CString value;
     value.Format("%d", number);
-    WriteSetting(m_pWorkSettings, key, value);
+    Write(key, value);
+}
+
+void dlgconnect::Write(LPCSTR key, LPCSTR value) {
+    if (WriteSetting(m_pWorkSettings, key, value) == 0) {
+        AfxFailModal(AfxFailure::OutOfMemory);
+    }
 }
 
 void dlgconnect::OnCommentCustomDraw(NMHDR* header, LRESULT* result) {
@@ -356,7 +364,11 @@ bool dlgconnect::IsOnCheckBox(const NMITEMACTIVATE& click) const {
 }
 
 int dlgconnect::ColourOfRow(int row) const {
-    return LeadingInteger((*reinterpret_cast<const CommentRow*>(m_comments.GetItemData(row)))[kColourColumn]);
+    const auto* texts = reinterpret_cast<const CommentRow*>(m_comments.GetItemData(row));
+    if (texts == nullptr) {
+        AfxThrowWindowGoneException();
+    }
+    return LeadingInteger((*texts)[kColourColumn]);
 }
 
 void dlgconnect::PickDefaultColour(int row) {

@@ -61,6 +61,7 @@ private:
     void ApplyPartMarking();
     void ApplyDistance(UINT control, float former, LPCSTR key);
     void WriteNumber(LPCSTR key, int number);
+    void Write(LPCSTR key, LPCSTR value);
 
     CListCtrl m_comments;
     std::array<CommentRow, kLastCommentColour + 1> m_commentRows;

@@ -109,7 +109,7 @@ void dlgcrossref::DoDataExchange(CDataExchange* exchange) {
 BOOL dlgcrossref::OnInitDialog() {
     const BOOL result = CSettingsPage::OnInitDialog();
     if (m_nTblType != 1) {
-        GetDlgItem(IDC_MIRROR_TABLE)->ModifyStyle(WS_VISIBLE, 0);
+        RequireDlgItem(IDC_MIRROR_TABLE).ModifyStyle(WS_VISIBLE, 0);
     }
     return result;
 }
@@ -148,7 +148,7 @@ void dlgcrossref::RefreshFormat() {
 // What lies beyond the boxes is not shown.
 void dlgcrossref::ShowFormat() {
     for (int i = 0; i < kShownFormatLength; ++i) {
-        AfxSetWindowText(GetDlgItem(static_cast<int>(kFormatBoxes[i]))->m_hWnd, m_strXrefFormat.Mid(i, 1));
+        AfxSetWindowText(RequireDlgItem(kFormatBoxes[i]).m_hWnd, m_strXrefFormat.Mid(i, 1));
     }
 }
 
@@ -168,13 +168,13 @@ void dlgcrossref::OnFormatPicked(UINT id) {
     if (!ReadMembers()) {
         return;
     }
-    const auto* box = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(id)));
-    const int selection = box->GetCurSel();
+    const auto& box = static_cast<CComboBox&>(RequireDlgItem(id));
+    const int selection = box.GetCurSel();
     if (selection < 0) {
         return;  // The list was confirmed without an entry.
     }
     CString entry;
-    box->GetLBText(selection, entry);
+    box.GetLBText(selection, entry);
     const int position = PositionOf(id);
     if (position != kFirstBox || !m_strXrefFormat.IsEmpty()) {
         m_strXrefFormat = WithFormatChar(m_strXrefFormat, position, entry[0]);
@@ -205,7 +205,7 @@ void dlgcrossref::ApplyTypedFormatChar(UINT box) {
         ChangeFormatByTyping(box);
     } else {
         m_strXrefFormat = WithFormatChar(m_strXrefFormat, position, text[0]);
-        HWND next = ::GetNextDlgTabItem(m_hWnd, GetDlgItem(static_cast<int>(box))->m_hWnd, FALSE);
+        HWND next = ::GetNextDlgTabItem(m_hWnd, RequireDlgItem(box).m_hWnd, FALSE);
         ChangeFormatByTyping(box);
         ::SetFocus(next);
         SelectFirstChar(static_cast<UINT>(::GetDlgCtrlID(next)));

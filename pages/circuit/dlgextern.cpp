@@ -163,7 +163,8 @@ void dlgextern::DoDataExchange(CDataExchange* exchange) {
 
 // Hidden, it is not read: nobody could mend a wrong one, and the page could not be left.
 void dlgextern::ExchangeScale(CDataExchange* exchange, int id, CString& recorded) {
-    if (exchange->m_bSaveAndValidate && (exchange->m_pDlgWnd->GetDlgItem(id)->GetStyle() & WS_VISIBLE) == 0) {
+    if (exchange->m_bSaveAndValidate &&
+        (exchange->m_pDlgWnd->RequireDlgItem(static_cast<UINT>(id)).GetStyle() & WS_VISIBLE) == 0) {
         return;
     }
     double& scale = static_cast<dlgextern*>(exchange->m_pDlgWnd)->m_dAssemblyScale;
@@ -194,7 +195,7 @@ bool dlgextern::AreDesignationsVisible() const {
 }
 
 CButton& dlgextern::VisibleBox() const {
-    return *static_cast<CButton*>(GetDlgItem(IDC_DESIGNATION_VISIBLE));
+    return static_cast<CButton&>(RequireDlgItem(IDC_DESIGNATION_VISIBLE));
 }
 
 // A field that was refused as the press on a tab took its focus is not asked again, but the page is left behind as by a

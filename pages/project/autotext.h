@@ -52,7 +52,7 @@ private:
     struct Axis;
     static const Axis kAxes[2];
 
-    CWnd& Control(UINT id) const { return *GetDlgItem(static_cast<int>(id)); }
+    CWnd& Control(UINT id) const { return RequireDlgItem(id); }
     CComboBox& Combo(UINT id) const { return static_cast<CComboBox&>(Control(id)); }
     CSliderCtrl& Slider(UINT id) const { return static_cast<CSliderCtrl&>(Control(id)); }
     bool HasSheet() const { return m_sheetSize.cx != 0 && m_sheetSize.cy != 0; }

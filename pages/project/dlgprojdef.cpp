@@ -148,24 +148,24 @@ void dlgprojdef::ShowDescriptions() {
 
 // The template's entries are replaced at each showing, since the host chooses them.
 void dlgprojdef::FillAttributeList() {
-    auto* combo = static_cast<CComboBox*>(GetDlgItem(IDC_SHEET_ATTRIBUTE));
-    combo->ResetContent();
+    auto& combo = static_cast<CComboBox&>(RequireDlgItem(IDC_SHEET_ATTRIBUTE));
+    combo.ResetContent();
     for (LPCSTR choice : g_attributeChoices) {
-        combo->AddString(choice);
+        combo.AddString(choice);
     }
     SelectOrAdd(IDC_SHEET_ATTRIBUTE, m_strCommentTag);
 }
 
 void dlgprojdef::SetReadOnly(UINT edit, BOOL readOnly) {
-    static_cast<CEdit*>(GetDlgItem(static_cast<int>(edit)))->SetReadOnly(readOnly);
+    static_cast<CEdit&>(RequireDlgItem(edit)).SetReadOnly(readOnly);
 }
 
 void dlgprojdef::ShowPath(UINT id, LPCSTR path) {
-    auto* edit = static_cast<CEdit*>(GetDlgItem(static_cast<int>(id)));
-    edit->SetWindowText(path);
-    edit->SetReadOnly(FALSE);
-    const int end = edit->LineLength();
-    edit->SetSel(end, end);
+    auto& edit = static_cast<CEdit&>(RequireDlgItem(id));
+    edit.SetWindowText(path);
+    edit.SetReadOnly(FALSE);
+    const int end = edit.LineLength();
+    edit.SetSel(end, end);
 }
 
 void dlgprojdef::WinHelp(DWORD_PTR data, UINT command) {

@@ -225,7 +225,7 @@ BOOL CForm::OnSetActive() {
     for (const AutoText& text : kAutoTexts) {
         ShowAutoText(text);
     }
-    static_cast<CComboBox*>(GetDlgItem(IDC_FORM_SIZE))->SetCurSel(m_nFormSize);
+    static_cast<CComboBox&>(RequireDlgItem(IDC_FORM_SIZE)).SetCurSel(m_nFormSize);
     TakeSize(kShownSizes, m_nFormSize, m_sheetSize);
     ShowMembers();
     DisableFieldsWhenReadOnly();
@@ -277,7 +277,7 @@ void CForm::OnBrowse() {
     if (picked) {
         OnFieldChange(m_browsed->control);
     }
-    GetDlgItem(static_cast<int>(m_browsed->control))->SetFocus();
+    RequireDlgItem(m_browsed->control).SetFocus();
     ShowMembers();
 }
 
@@ -355,7 +355,7 @@ void CForm::OnSizePicked() {
     if (!ReadMembers()) {
         return;
     }
-    m_nFormSize = static_cast<CComboBox*>(GetDlgItem(IDC_FORM_SIZE))->GetCurSel();
+    m_nFormSize = static_cast<CComboBox&>(RequireDlgItem(IDC_FORM_SIZE)).GetCurSel();
     CString position;
     position.Format("%d", m_nFormSize);
     RecordChange(kFormSizeKey, position);
@@ -378,7 +378,7 @@ void CForm::DrawPlacementPreviews(CDC& context) {
     CBrush* erasing = CBrush::FromHandle(::GetSysColorBrush(COLOR_MENU));
     for (const AutoText& text : kAutoTexts) {
         RECT frame{};
-        GetDlgItem(static_cast<int>(text.preview))->GetWindowRect(&frame);
+        RequireDlgItem(text.preview).GetWindowRect(&frame);
         ScreenToClient(&frame);
         Marker marker{};
         if (PlaceMarker(frame, m_sheetSize, this->*text.placement, kBarThickness, marker)) {
@@ -396,7 +396,7 @@ void CForm::RedrawPage() {
 
 void CForm::EnableControls(std::span<const UINT> controls, BOOL enable) {
     for (const UINT control : controls) {
-        GetDlgItem(static_cast<int>(control))->EnableWindow(enable);
+        RequireDlgItem(control).EnableWindow(enable);
     }
 }
 

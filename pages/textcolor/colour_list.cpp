@@ -68,11 +68,12 @@ void FillColourList(CComboBox& list, int count) {
 void DrawColourItem(const DRAWITEMSTRUCT& draw) {
     const int position = static_cast<int>(draw.itemID);
     // The field of a list without a selection is position -1.
-    if (position < 0 || position >= kFullListItems) {
+    CDC* const context = CDC::FromHandle(draw.hDC);
+    if (position < 0 || position >= kFullListItems || context == nullptr) {
         return;
     }
     const Item item = ItemAt(draw.CtlID, position);
-    CDC& target = *CDC::FromHandle(draw.hDC);
+    CDC& target = *context;
     const CBitmap& picture = g_pictures[item.picture];
     if (item.picture == kSwatch) {
         DrawItemSwatch(picture, target, draw.rcItem, GetAciColor(item.colour));

@@ -116,9 +116,9 @@ BOOL CTextColor::OnSetActive() {
     m_bModifyAllowed = 0;
     LoadColourBitmaps(AfxGetResourceHandle());
     for (const ColourList& list : kColourLists) {
-        auto* combo = static_cast<CComboBox*>(GetDlgItem(static_cast<int>(list.control)));
-        FillColourList(*combo, list.items);
-        combo->SetCurSel(this->*list.position);
+        auto& combo = static_cast<CComboBox&>(RequireDlgItem(list.control));
+        FillColourList(combo, list.items);
+        combo.SetCurSel(this->*list.position);
     }
     TakeModifyFlag();
     CheckDlgButton(IDC_AUTOMATIC_TEXTS, static_cast<UINT>(m_colorInteract));

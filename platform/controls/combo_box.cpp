@@ -234,14 +234,15 @@ bool ComboBox::onWmCreate(const CREATESTRUCTA& create) {
         measureField();
     }
     list_ = createList(create);
-    edit_ = (create.style & CBS_DROPDOWNLIST) == CBS_DROPDOWNLIST ? nullptr : createEdit(create);
+    const bool hasEdit = (create.style & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
+    edit_ = hasEdit ? createEdit(create) : nullptr;
     // The height that the combo box is created with is that of the open one.
     WINDOWPOS position{};
     position.cy = create.cy;
     onWmWindowPosChanging(position);
     resizeToField();
     layout();
-    return list_ != nullptr;
+    return list_ && (edit_ || !hasEdit);
 }
 
 HWND ComboBox::createList(const CREATESTRUCTA& create) {

@@ -12,6 +12,10 @@ namespace platform {
 class ComboBox {
 public:
     explicit ComboBox(HWND window) : window_(window) {}
+    // The list is a window beside the combo box: it goes along, also when the creation fails half-way.
+    ~ComboBox() { DestroyWindow(list_); }
+    ComboBox(const ComboBox&) = delete;
+    ComboBox& operator=(const ComboBox&) = delete;
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -188,6 +188,10 @@ void ComboBox::onEditCommand(UINT code) {
 
 // The notifications come before the field shows the new selection.
 void ComboBox::onListCommand(UINT code) {
+    if (code == LOWORD(LBN_ERRSPACE)) {
+        notify(LOWORD(CBN_ERRSPACE));
+        return;
+    }
     if (code != LBN_SELCHANGE || (!trackingKey_ && !rollUp(true)) || !notify(CBN_SELCHANGE)) {
         return;
     }

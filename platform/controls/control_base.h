@@ -59,6 +59,22 @@ inline void notifyCommand(HWND control, UINT code) {
                  reinterpret_cast<LPARAM>(control));
 }
 
+// BeginPaint and EndPaint, whatever happens between them.
+class PaintBracket {
+public:
+    explicit PaintBracket(HWND window) : window_(window) { BeginPaint(window, &paint_); }
+    ~PaintBracket() { EndPaint(window_, &paint_); }
+    PaintBracket(const PaintBracket&) = delete;
+    PaintBracket& operator=(const PaintBracket&) = delete;
+
+    // Null when there is no memory to paint with.
+    HDC dc() const { return paint_.hdc; }
+
+private:
+    HWND window_;
+    PAINTSTRUCT paint_;
+};
+
 // WM_PAINT, or WM_PRINTCLIENT with the context that it gives: calls `draw` with the context to draw into. An owner may
 // destroy its control while it draws, so nothing of the control is touched afterwards.
 template <class Draw>
@@ -67,9 +83,10 @@ void paintControl(HWND window, HDC given, Draw draw) {
         draw(given);
         return;
     }
-    PAINTSTRUCT paint;
-    draw(BeginPaint(window, &paint));
-    EndPaint(window, &paint);
+    const PaintBracket paint(window);
+    if (paint.dc()) {
+        draw(paint.dc());
+    }
 }
 
 // Selects a control's font for the length of a drawing; null stands for the system font, which is selected anyway.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace platform {
@@ -35,6 +36,21 @@ void ListBox::notify(UINT code) {
 }
 
 LRESULT ListBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    const HWND combo = combo_;
+    try {
+        return answer(message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        // A list that drops down is no child of its combo box, which is to pass this on.
+        if (combo && message != WM_PAINT && message != WM_PRINTCLIENT) {
+            SendMessageA(combo, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), LOWORD(LBN_ERRSPACE)),
+                         reinterpret_cast<LPARAM>(window));
+        }
+        throw;
+    }
+}
+
+LRESULT ListBox::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (onListMessage(message, wParam, lParam, result) ||
         onItemMessage(message, static_cast<int>(wParam), lParam, result) || onInput(message, wParam, lParam, result)) {

@@ -17,6 +17,7 @@ public:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
+    LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
     static constexpr int kNone = LB_ERR;
 
     bool onInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

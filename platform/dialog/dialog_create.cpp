@@ -3,6 +3,7 @@
 
 #include "platform/dialog/dialog_state.h"
 #include "platform/graphics/window_dc.h"
+#include "platform/window/out_of_memory.h"
 
 #include <algorithm>
 #include <limits>
@@ -127,7 +128,9 @@ void selectAndFocus(HWND control) {
 
 // A procedure that returns TRUE from WM_INITDIALOG leaves the focus to us. A page that is not shown yet gets none.
 void initialise(HWND dialog, const DialogTemplate& source, LPARAM param) {
-    const LRESULT wantsFocus = SendMessageA(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(firstFocus(dialog)), param);
+    // A dialog of the system's own that has no memory to begin does not come up half made.
+    const LRESULT wantsFocus =
+        sendUnguarded(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(firstFocus(dialog)), param);
     const bool hiddenPage = (source.style & DS_CONTROL) != 0 && (source.style & WS_VISIBLE) == 0;
     if (wantsFocus == 0 || hiddenPage || !IsWindow(dialog)) {
         return;
@@ -157,19 +160,25 @@ HWND createDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, 
     if (dialog == nullptr) {
         return nullptr;
     }
-    HFONT font = (source.style & DS_SETFONT) != 0 ? dialogFont(source.pointSize) : nullptr;
-    DialogState& state = addDialogState(dialog);
-    state.font = font;
-    state.disabledOwner = disabledOwner;
-    SetWindowLongPtrA(dialog, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(proc));
-    if (font != nullptr) {
-        SendMessageA(dialog, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
-    }
-    if (!createControls(instance, dialog, source, font)) {
+    try {
+        HFONT font = (source.style & DS_SETFONT) != 0 ? dialogFont(source.pointSize) : nullptr;
+        DialogState& state = addDialogState(dialog);
+        state.font = font;
+        state.disabledOwner = disabledOwner;
+        SetWindowLongPtrA(dialog, DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(proc));
+        if (font != nullptr) {
+            SendMessageA(dialog, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
+        }
+        if (!createControls(instance, dialog, source, font)) {
+            const KeptError error;
+            DestroyWindow(dialog);
+            return nullptr;
+        }
+        initialise(dialog, source, param);
+    } catch (const std::bad_alloc&) {
         DestroyWindow(dialog);
-        return nullptr;
+        throw;
     }
-    initialise(dialog, source, param);
     if (!IsWindow(dialog)) {
         return nullptr;
     }
@@ -183,6 +192,10 @@ HWND createDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, 
 
 HWND CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate, HWND owner, DLGPROC proc,
                                 LPARAM param) {
-    const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
-    return source ? platform::createDialog(instance, *source, owner, proc, param) : nullptr;
+    return platform::orOutOfMemory(
+        [&]() -> HWND {
+            const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
+            return source ? platform::createDialog(instance, *source, owner, proc, param) : nullptr;
+        },
+        nullptr);
 }

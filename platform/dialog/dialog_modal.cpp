@@ -1,6 +1,7 @@
 // The modal loop of dialogs.
 #include "platform/dialog/dialog_create.h"
 #include "platform/dialog/dialog_state.h"
+#include "platform/window/out_of_memory.h"
 
 #include <windows.h>
 
@@ -62,7 +63,7 @@ INT_PTR runDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, 
     if (disabled != nullptr) {
         EnableWindow(disabled, FALSE);
     }
-    HWND dialog = createDialog(instance, source, top, proc, param, disabled);
+    HWND dialog = orOutOfMemory([&] { return createDialog(instance, source, top, proc, param, disabled); }, nullptr);
     if (dialog != nullptr) {
         runLoop(dialog, top);
     }
@@ -109,6 +110,10 @@ BOOL EndDialog(HWND dialog, INT_PTR result) {
 
 INT_PTR DialogBoxIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate, HWND owner, DLGPROC proc,
                                 LPARAM param) {
-    const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
-    return source ? platform::runDialog(instance, *source, owner, proc, param) : -1;
+    return platform::orOutOfMemory(
+        [&]() -> INT_PTR {
+            const auto source = platform::parseDialogTemplate(platform::dialogInMemory(dialogTemplate));
+            return source ? platform::runDialog(instance, *source, owner, proc, param) : -1;
+        },
+        -1);
 }

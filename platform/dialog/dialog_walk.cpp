@@ -1,9 +1,12 @@
 // Walks over the controls of a dialog: tab stops and groups. The controls of a nested page that is visible and
 // enabled stand in the row where the page stands.
+#include "platform/window/out_of_memory.h"
+
 #include <windows.h>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -22,7 +25,13 @@ struct WalkedControl {
 // The controls in the order of the walk, and where in it the control stands from which the walk begins.
 class ControlRow {
 public:
-    ControlRow(HWND dialog, HWND from) : from_(from) { collect(dialog); }
+    ControlRow(HWND dialog, HWND from) : from_(from), controls_(std::move(spareRow())) {
+        controls_.clear();
+        collect(dialog);
+    }
+    ~ControlRow() { spareRow() = std::move(controls_); }
+    ControlRow(const ControlRow&) = delete;
+    ControlRow& operator=(const ControlRow&) = delete;
 
     const std::vector<WalkedControl>& controls() const { return controls_; }
     // Index of the control itself, or of the one that contains it; nothing when it is outside the row.
@@ -32,6 +41,12 @@ public:
     std::size_t pageEnd() const { return pageEnd_.value_or(0); }
 
 private:
+    // The memory of the row before: a walk takes none once the dialog has been walked.
+    static std::vector<WalkedControl>& spareRow() {
+        static std::vector<WalkedControl> row;
+        return row;
+    }
+
     void collect(HWND parent) {
         for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
             const auto style = static_cast<DWORD>(GetWindowLongA(child, GWL_STYLE));
@@ -102,18 +117,34 @@ HWND groupNeighbour(const ControlRow& row, std::size_t at, bool previous) {
     while (!startsGroup(first) && first > at + 1) {
         --first;
     }
-    std::vector<HWND> group;
-    std::size_t own = 0;
-    for (std::size_t i = 0; i < count && (i == 0 || !startsGroup(first + i)); ++i) {
-        const WalkedControl& control = controls[(first + i) % count];
-        if ((first + i) % count == at) {
-            own = group.size();
-            group.push_back(control.window);
-        } else if (isReachable(control.style)) {
-            group.push_back(control.window);
+    std::size_t end = first + 1;
+    while (end < first + count && !startsGroup(end)) {
+        ++end;
+    }
+    // From the control round the group, to the first that can be reached or back to itself.
+    const std::size_t length = end - first;
+    const std::size_t own = (at + count - first % count) % count;
+    for (std::size_t step = 1; step < length; ++step) {
+        const std::size_t place = first + (own + (previous ? length - step : step)) % length;
+        if (isReachable(controls[place % count].style)) {
+            return controls[place % count].window;
         }
     }
-    return group[(own + (previous ? group.size() - 1 : 1)) % group.size()];
+    return controls[at].window;
+}
+
+HWND nextOfGroup(HWND dialog, HWND from, bool previous) {
+    const ControlRow row(dialog, from);
+    if (from == nullptr) {
+        const auto& controls = row.controls();
+        const auto first = std::find_if(controls.begin(), controls.end(),
+                                        [](const WalkedControl& candidate) { return isReachable(candidate.style); });
+        return first != controls.end() ? first->window : nullptr;
+    }
+    if (!row.at() || row.startsAtPage()) {
+        return IsChild(dialog, from) ? from : nullptr;
+    }
+    return groupNeighbour(row, *row.at(), previous);
 }
 
 }  // namespace
@@ -125,8 +156,12 @@ HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
     if (from == nullptr && previous != FALSE) {
         return nullptr;
     }
-    const platform::ControlRow row(dialog, from);
-    return previous != FALSE ? platform::previousTabStop(row, from) : platform::nextTabStop(row, from);
+    return platform::orOutOfMemory(
+        [&] {
+            const platform::ControlRow row(dialog, from);
+            return previous != FALSE ? platform::previousTabStop(row, from) : platform::nextTabStop(row, from);
+        },
+        from);
 }
 
 HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
@@ -134,16 +169,5 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
     if (from == nullptr && previous != FALSE) {
         return nullptr;
     }
-    const platform::ControlRow row(dialog, from);
-    if (from == nullptr) {
-        const auto& controls = row.controls();
-        const auto first = std::find_if(controls.begin(), controls.end(), [](const platform::WalkedControl& candidate) {
-            return platform::isReachable(candidate.style);
-        });
-        return first != controls.end() ? first->window : nullptr;
-    }
-    if (!row.at() || row.startsAtPage()) {
-        return IsChild(dialog, from) ? from : nullptr;
-    }
-    return platform::groupNeighbour(row, *row.at(), previous != FALSE);
+    return platform::orOutOfMemory([&] { return platform::nextOfGroup(dialog, from, previous != FALSE); }, from);
 }

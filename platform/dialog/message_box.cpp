@@ -3,6 +3,7 @@
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/message_box_icon.h"
 #include "platform/graphics/window_dc.h"
+#include "platform/window/out_of_memory.h"
 
 #include <windows.h>
 
@@ -237,7 +238,12 @@ public:
 private:
     static BOOL CALLBACK disable(HWND window, LPARAM param) {
         if (IsWindowVisible(window) && IsWindowEnabled(window)) {
-            reinterpret_cast<std::vector<HWND>*>(param)->push_back(window);
+            // One for which there is no memory stays enabled.
+            const bool noted = orOutOfMemory(
+                [&] { return reinterpret_cast<std::vector<HWND>*>(param)->push_back(window), true; }, false);
+            if (!noted) {
+                return TRUE;
+            }
             EnableWindow(window, FALSE);
         }
         return TRUE;
@@ -258,18 +264,18 @@ int runBox(const MessageBoxRun& run) {
 }  // namespace platform
 
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
-    platform::MessageBoxRun run;
-    run.text = text != nullptr ? text : "";
-    run.caption = caption != nullptr ? caption : "Fel";
-    run.type = type;
-    run.owner = owner;
-    run.buttons = platform::buttonsOf(type);
-    if (run.buttons.empty() || (owner != nullptr && !IsWindow(owner)) || !platform::isFontFound()) {
+    const auto buttons = platform::buttonsOf(type);
+    if (buttons.empty() || (owner != nullptr && !IsWindow(owner)) || !platform::isFontFound()) {
         return 0;
     }
     MessageBeep(type & MB_ICONMASK);
     HWND active = GetActiveWindow();
-    const int result = platform::runBox(run);
+    const int result = platform::orOutOfMemory(
+        [&] {
+            return platform::runBox(
+                {text != nullptr ? text : "", caption != nullptr ? caption : "Fel", type, owner, buttons});
+        },
+        0);
     // Without an owner nothing else tells which window the user came from.
     if (owner == nullptr && active != nullptr && IsWindow(active) && GetActiveWindow() != active) {
         SetActiveWindow(active);

@@ -21,6 +21,8 @@ public:
     PropertySheet(const PropertySheet&) = delete;
     PropertySheet& operator=(const PropertySheet&) = delete;
 
+    // Takes the pages over; `taken` counts them, also when memory runs out on the way.
+    void takePages(const PROPSHEETHEADERA& header, UINT& taken);
     // Creates the window and shows the first page. Null when that fails. A modeless sheet that was created belongs to
     // its window from then on.
     HWND create();

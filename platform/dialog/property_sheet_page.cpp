@@ -1,6 +1,8 @@
 // Page handles. Titles and icons of pages are left out; a page's caption is its template's.
 #include "platform/dialog/property_sheet_page.h"
 
+#include "platform/window/out_of_memory.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -49,15 +51,19 @@ HPROPSHEETPAGE CreatePropertySheetPageA(LPCPROPSHEETPAGEA page) {
     if (page == nullptr || page->dwSize < offsetof(PROPSHEETPAGEA, pcRefParent)) {
         return nullptr;
     }
-    auto made = std::make_unique<_PSP>();
-    std::memcpy(&made->info, page, std::min<std::size_t>(page->dwSize, sizeof made->info));
-    made->info.dwSize = sizeof made->info;
-    if ((page->dwFlags & PSP_DLGINDIRECT) == 0 && !IS_INTRESOURCE(page->pszTemplate)) {
-        made->templateName = page->pszTemplate;
-        made->info.pszTemplate = made->templateName.c_str();
-    }
-    platform::callPage(*made, platform::kPageAddRef);
-    return made.release();
+    return platform::orOutOfMemory(
+        [page] {
+            auto made = std::make_unique<_PSP>();
+            std::memcpy(&made->info, page, std::min<std::size_t>(page->dwSize, sizeof made->info));
+            made->info.dwSize = sizeof made->info;
+            if ((page->dwFlags & PSP_DLGINDIRECT) == 0 && !IS_INTRESOURCE(page->pszTemplate)) {
+                made->templateName = page->pszTemplate;
+                made->info.pszTemplate = made->templateName.c_str();
+            }
+            platform::callPage(*made, platform::kPageAddRef);
+            return made.release();
+        },
+        nullptr);
 }
 
 BOOL DestroyPropertySheetPage(HPROPSHEETPAGE page) {

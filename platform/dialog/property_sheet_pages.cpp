@@ -2,25 +2,29 @@
 #include "platform/dialog/dialog_create.h"
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/property_sheet.h"
+#include "platform/window/out_of_memory.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace platform {
 
 bool PropertySheet::takePage(HPROPSHEETPAGE page) {
+    const auto destroy = [](HPROPSHEETPAGE unwanted) { DestroyPropertySheetPage(unwanted); };
+    std::unique_ptr<_PSP, decltype(destroy)> owned(page, destroy);
     const auto source = page != nullptr ? pageTemplate(*page, false) : std::nullopt;
     if (!source) {
-        DestroyPropertySheetPage(page);
         return false;
     }
     Slot slot;
     slot.page = page;
     slot.caption = source->caption;
     slots_.push_back(std::move(slot));
+    (void)owned.release();
     // A page that comes into a running sheet has to be content with the room that there is.
     if (window_ == nullptr) {
         largestPage_.cx = std::max<LONG>(largestPage_.cx, horizontalPixels(source->width));
@@ -190,7 +194,8 @@ int PropertySheet::settle(int index, int direction) {
     for (std::size_t attempts = slots_.size(); attempts > 0 && !slots_.empty(); --attempts) {
         SendMessageA(tabs(), TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
         HPROPSHEETPAGE page = slots_[static_cast<std::size_t>(index)].page;
-        if (slots_[static_cast<std::size_t>(index)].window == nullptr && !createPage(index)) {
+        if (slots_[static_cast<std::size_t>(index)].window == nullptr &&
+            !orOutOfMemory([&] { return createPage(index); }, false)) {
             if (!IsWindow(window)) {
                 return -1;
             }

@@ -3,6 +3,7 @@
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/property_sheet.h"
 #include "platform/graphics/window_dc.h"
+#include "platform/window/out_of_memory.h"
 
 #include <windows.h>
 
@@ -65,8 +66,12 @@ PropertySheet::PropertySheet(const PROPSHEETHEADERA& header)
     } else {
         startIndex_ = header.nStartPage;
     }
+}
+
+void PropertySheet::takePages(const PROPSHEETHEADERA& header, UINT& taken) {
     const auto* bytes = reinterpret_cast<const char*>(header.ppsp);
     for (UINT i = 0; i < header.nPages; ++i) {
+        ++taken;
         if ((flags_ & PSH_PROPSHEETPAGE) == 0) {
             takePage(header.phpage[i]);
             continue;
@@ -397,17 +402,28 @@ INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header) {
     if (header == nullptr || header->dwSize < sizeof(PROPSHEETHEADERA)) {
         return -1;
     }
-    if (!platform::isFontFound()) {
-        return -1;  // A sheet without texts could not be worked.
+    UINT taken = 0;
+    const INT_PTR result = platform::orOutOfMemory(
+        [&]() -> INT_PTR {
+            if (!platform::isFontFound()) {
+                return -1;  // A sheet without texts could not be worked.
+            }
+            auto sheet = std::make_unique<platform::PropertySheet>(*header);
+            sheet->takePages(*header, taken);
+            if ((header->dwFlags & PSH_MODELESS) == 0) {
+                return sheet->runModal();
+            }
+            HWND window = sheet->create();
+            if (window == nullptr) {
+                return -1;
+            }
+            (void)sheet.release();  // The window owns it now.
+            return reinterpret_cast<INT_PTR>(window);
+        },
+        -1);
+    // The pages' handles are given up in any case.
+    for (UINT i = taken; i < header->nPages && (header->dwFlags & PSH_PROPSHEETPAGE) == 0; ++i) {
+        DestroyPropertySheetPage(header->phpage[i]);
     }
-    auto sheet = std::make_unique<platform::PropertySheet>(*header);
-    if ((header->dwFlags & PSH_MODELESS) == 0) {
-        return sheet->runModal();
-    }
-    HWND window = sheet->create();
-    if (window == nullptr) {
-        return -1;
-    }
-    (void)sheet.release();  // The window owns it now.
-    return reinterpret_cast<INT_PTR>(window);
+    return result;
 }

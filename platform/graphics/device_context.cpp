@@ -3,6 +3,7 @@
 #include "platform/graphics/stock_objects.h"
 #include "platform/graphics/window_dc.h"
 
+#include <new>
 #include <utility>
 
 namespace platform {
@@ -16,26 +17,40 @@ std::vector<DeviceContext*>& pool() {
 }
 
 DeviceContext* takeContext() {
+    static std::size_t made = 0;
     if (pool().empty()) {
-        return new DeviceContext;
+        // Giving a context back takes no memory.
+        pool().reserve(made + 1);
+        auto* context = new DeviceContext;
+        ++made;
+        return context;
     }
     DeviceContext* context = pool().back();
     pool().pop_back();
     return context;
 }
 
-HDC nameContext(DeviceContext* context) {
-    if (addHandle(*context) == nullptr) {
-        context->close();
-        pool().push_back(context);
-    }
-    return static_cast<HDC>(context->handle);
-}
-
 void giveBack(DeviceContext* context) {
     removeHandle(*context);
     context->close();
     pool().push_back(context);
+}
+
+// Takes a context, opens it and gives it a handle; null when all handles are in use.
+template <class Open>
+HDC openContext(Open open) {
+    DeviceContext* context = takeContext();
+    try {
+        open(*context);
+        if (addHandle(*context) == nullptr) {
+            giveBack(context);
+            return nullptr;
+        }
+    } catch (...) {
+        giveBack(context);
+        throw;
+    }
+    return static_cast<HDC>(context->handle);
 }
 
 }  // namespace
@@ -83,11 +98,17 @@ void DeviceContext::useSurface(Surface* surface) {
     if (surface_ != nullptr) {
         surface_->detach(surface_);
     }
-    if (surface != nullptr) {
+    if (surface == nullptr) {
+        return;
+    }
+    visible_.clear();
+    try {
         surface->attach(surface_);
         visible_ = Region(surface->bounds());
-        updateClip();
+    } catch (const std::bad_alloc&) {
+        // Nothing is drawn then.
     }
+    updateClip();
 }
 
 bool DeviceContext::select(Bitmap& bitmap) {
@@ -102,28 +123,42 @@ bool DeviceContext::select(Bitmap& bitmap) {
 }
 
 void DeviceContext::intersectClip(const RECT& rect) {
-    if (state_.clipped) {
-        state_.clip.intersect(rect);
-    } else {
-        state_.clip = Region(rect);
-        state_.clipped = true;
+    // Where memory runs out here or below, nothing is drawn.
+    try {
+        if (state_.clipped) {
+            state_.clip.intersect(rect);
+        } else {
+            state_.clip = Region(rect);
+        }
+    } catch (const std::bad_alloc&) {
+        state_.clip.clear();
     }
+    state_.clipped = true;
     updateClip();
 }
 
 void DeviceContext::excludeClip(const RECT& rect) {
-    if (!state_.clipped) {
-        state_.clip = visible_;
-        state_.clipped = true;
+    try {
+        if (!state_.clipped) {
+            state_.clip = visible_;
+        }
+        state_.clip.subtract(rect);
+    } catch (const std::bad_alloc&) {
+        state_.clip.clear();
     }
-    state_.clip.subtract(rect);
+    state_.clipped = true;
     updateClip();
 }
 
 void DeviceContext::updateClip() {
-    if (state_.clipped) {
+    if (!state_.clipped) {
+        return;
+    }
+    try {
         effectiveClip_ = visible_;
         effectiveClip_.intersect(state_.clip);
+    } catch (const std::bad_alloc&) {
+        effectiveClip_.clear();
     }
 }
 
@@ -146,8 +181,12 @@ void DeviceContext::releaseAll(const ContextState& state) {
 }
 
 int DeviceContext::save() {
+    try {
+        saved_.push_back(state_);
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
     retainAll(state_);
-    saved_.push_back(state_);
     return static_cast<int>(saved_.size());
 }
 
@@ -170,9 +209,7 @@ bool DeviceContext::restore(int level) {
 }
 
 HDC openWindowDc(HWND window, Surface* surface, POINT origin, const Region& clip) {
-    DeviceContext* context = takeContext();
-    context->openOnWindow(window, surface, origin, clip);
-    return nameContext(context);
+    return openContext([&](DeviceContext& context) { context.openOnWindow(window, surface, origin, clip); });
 }
 
 void closeWindowDc(HDC dc) {
@@ -190,9 +227,7 @@ HDC CreateCompatibleDC(HDC dc) {
     if (dc != nullptr && contextFromHandle(dc) == nullptr) {
         return nullptr;
     }
-    DeviceContext* context = takeContext();
-    context->openInMemory();
-    return nameContext(context);
+    return openContext([](DeviceContext& context) { context.openInMemory(); });
 }
 
 BOOL DeleteDC(HDC dc) {

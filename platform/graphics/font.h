@@ -32,7 +32,7 @@ public:
     int height() const { return height_; }
     int ascent() const { return ascent_; }
     bool isUsual() const;  // For which the dialogs were drawn up.
-    int averageWidth();  // Of the Latin letters without accents, of both cases.
+    int averageWidth();    // Of the Latin letters without accents, of both cases.
 
     // By the character's byte in code page 1252.
     const Glyph& glyph(char character) {

@@ -67,6 +67,8 @@ HGDIOBJ addHandle(GdiObject& object) {
         index = table.free.back();
         table.free.pop_back();
     } else if (index < kMostHandles) {
+        // Giving a handle back takes no memory.
+        table.free.reserve(index + 1);
         table.slots.emplace_back();
     } else {
         return nullptr;

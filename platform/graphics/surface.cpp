@@ -58,8 +58,8 @@ RECT Surface::takeDamage() {
 }
 
 void Surface::attach(Surface*& user) {
-    user = this;
     users_.push_back(&user);
+    user = this;
 }
 
 void Surface::detach(Surface*& user) {

@@ -5,6 +5,7 @@
 #include "platform/window/focus.h"
 #include "platform/window/hooks.h"
 #include "platform/window/message_queue.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/top_level.h"
 
 namespace platform {
@@ -153,11 +154,12 @@ bool activate(HWND top, ActivationCause cause) {
     }
     g_active = top;
     const HWND last = isAlive(previous) ? previous : nullptr;
+    // The activation stands, also when there is no memory to tell of it or to put the window in front.
     if (!previous || !top) {
-        notifyApplication(top != nullptr);
+        orOutOfMemory([&] { return notifyApplication(top != nullptr), true; }, false);
     }
     if (g_active == top && isAlive(top)) {
-        bringForward(top, cause);
+        orOutOfMemory([&] { return bringForward(top, cause), true; }, false);
         SendMessageA(top, WM_NCACTIVATE, TRUE, reinterpret_cast<LPARAM>(last));
         SendMessageA(top, WM_ACTIVATE, MAKEWPARAM(cause == ActivationCause::Click ? WA_CLICKACTIVE : WA_ACTIVE, 0),
                      reinterpret_cast<LPARAM>(last));

@@ -5,6 +5,7 @@
 #include "platform/window/input_queue.h"
 #include "platform/window/message_queue.h"
 #include "platform/window/mouse.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/position.h"
 #include "platform/window/top_level.h"
 #include "platform/window/update_region.h"
@@ -82,6 +83,12 @@ Window* makeWindow(const CREATESTRUCTA& create, WindowClass& windowClass, const 
     if (!window) {
         return nullptr;
     }
+    try {
+        window->extra.resize(static_cast<std::size_t>(windowClass.windowExtra));
+    } catch (const std::bad_alloc&) {
+        releaseWindow(*window);
+        throw;
+    }
     window->windowClass = &windowClass;
     window->proc = windowClass.proc;
     window->style = static_cast<DWORD>(create.style) & ~static_cast<DWORD>(WS_VISIBLE);
@@ -92,7 +99,6 @@ Window* makeWindow(const CREATESTRUCTA& create, WindowClass& windowClass, const 
     if (window->isChildStyle()) {
         window->id = reinterpret_cast<UINT_PTR>(create.hMenu);
     }
-    window->extra.resize(static_cast<std::size_t>(windowClass.windowExtra));
     return window;
 }
 
@@ -121,8 +127,10 @@ void finishTree(HWND handle) {
     if (!window) {
         return;
     }
-    for (const HWND child : childHandles(*window)) {
-        finishTree(child);
+    // Nothing that ends takes memory.
+    while (window && window->firstChild) {
+        finishTree(window->firstChild->handle);
+        window = findWindow(handle);
     }
     SendMessageA(handle, WM_NCDESTROY, 0, 0);
     removeNow(handle);
@@ -132,6 +140,7 @@ void finishTree(HWND handle) {
 bool sendCreation(HWND handle, CREATESTRUCTA& create) {
     const auto param = reinterpret_cast<LPARAM>(&create);
     if (!SendMessageA(handle, WM_NCCREATE, 0, param) || !isAlive(handle)) {
+        const KeptError error;
         finishTree(handle);
         return false;
     }
@@ -142,6 +151,7 @@ bool sendCreation(HWND handle, CREATESTRUCTA& create) {
         window->client = client;
     }
     if (!window || SendMessageA(handle, WM_CREATE, 0, param) == -1) {
+        const KeptError error;
         finishTree(handle);
         return false;
     }
@@ -218,11 +228,27 @@ HWND createWindow(CREATESTRUCTA& create) {
     return isAlive(handle) ? handle : nullptr;
 }
 
+// The next child below that has not been visited on this round; the one that `round` numbers.
+Window* nextToVisit(Window& parent, unsigned round) {
+    for (Window* child = parent.firstChild; child; child = child->next) {
+        if (child->visited != round) {
+            child->visited = round;
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+unsigned newRound() {
+    static unsigned last = 0;
+    return ++last;
+}
+
 void destroyOwned(HWND owner) {
-    for (const HWND top : childHandles(desktop())) {
-        const Window* window = findWindow(top);
-        if (window && window->owner == owner && !window->dying) {
-            DestroyWindow(top);
+    const unsigned round = newRound();
+    while (const Window* window = nextToVisit(desktop(), round)) {
+        if (window->owner == owner && !window->dying) {
+            DestroyWindow(window->handle);
         }
     }
 }
@@ -233,14 +259,11 @@ void sendDestroy(HWND handle) {
         dropCaretOf(*window);
     }
     SendMessageA(handle, WM_DESTROY, 0, 0);
-    const Window* window = findWindow(handle);
-    if (!window) {
-        return;
-    }
-    for (const HWND child : childHandles(*window)) {
-        if (isAlive(child)) {
-            sendDestroy(child);
-        }
+    const unsigned round = newRound();
+    Window* window = findWindow(handle);
+    while (const Window* child = window ? nextToVisit(*window, round) : nullptr) {
+        sendDestroy(child->handle);
+        window = findWindow(handle);
     }
 }
 
@@ -267,7 +290,7 @@ HWND CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, 
                      HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param) {
     CREATESTRUCTA create{param, instance,  menuOrId, parent, height, width, y, x, static_cast<LONG>(style),
                          text,  className, exStyle};
-    return platform::createWindow(create);
+    return platform::orOutOfMemory([&] { return platform::createWindow(create); }, nullptr);
 }
 
 BOOL DestroyWindow(HWND window) {

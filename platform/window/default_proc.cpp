@@ -5,10 +5,12 @@
 #include "platform/window/message_queue.h"
 #include "platform/window/position.h"
 #include "platform/window/top_level.h"
+#include "platform/window/unanswered.h"
 #include "platform/window/window.h"
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace platform {
 namespace {
@@ -224,11 +226,7 @@ LRESULT handleState(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-}  // namespace
-}  // namespace platform
-
-LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    using namespace platform;
+LRESULT handleDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SYSCOMMAND:
             return onWmSysCommand(window, wParam);
@@ -251,6 +249,18 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
             return onWmNcHitTest(window, lParam);
         default:
             return handleState(window, message, wParam, lParam);
+    }
+}
+
+}  // namespace
+}  // namespace platform
+
+LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    // Called from programs' window procedures, which nothing may unwind.
+    try {
+        return platform::handleDefault(window, message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        return platform::answerOutOfMemory(window, message, lParam);
     }
 }
 

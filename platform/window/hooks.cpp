@@ -1,6 +1,8 @@
 // The hook chains: the hook that was set last is called first and decides whether the others are.
 #include "platform/window/hooks.h"
 
+#include "platform/window/out_of_memory.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -14,6 +16,9 @@ struct Hook {
 };
 
 struct HookChains {
+    // Room for all calls that are ever nested: a hook is asked before a window ends, which must not fail.
+    HookChains() { running.reserve(64); }
+
     std::vector<Hook> hooks;
     std::uintptr_t lastId = 0;
     std::vector<std::uintptr_t> running;  // Those being called, the innermost last.
@@ -32,11 +37,17 @@ const Hook* hookBefore(int kind, std::uintptr_t before) {
     return found == hooks.rend() ? nullptr : &*found;
 }
 
+class RunningHook {
+public:
+    explicit RunningHook(std::uintptr_t id) { chains().running.push_back(id); }
+    ~RunningHook() { chains().running.pop_back(); }
+    RunningHook(const RunningHook&) = delete;
+    RunningHook& operator=(const RunningHook&) = delete;
+};
+
 LRESULT callHook(const Hook& hook, int code, WPARAM wParam, LPARAM lParam) {
-    chains().running.push_back(hook.id);
-    const LRESULT result = hook.proc(code, wParam, lParam);
-    chains().running.pop_back();
-    return result;
+    const RunningHook running(hook.id);
+    return hook.proc(code, wParam, lParam);
 }
 
 }  // namespace
@@ -54,8 +65,12 @@ HHOOK SetWindowsHookExA(int kind, HOOKPROC proc, HINSTANCE, DWORD thread) {
         return nullptr;
     }
     platform::HookChains& all = platform::chains();
-    all.hooks.push_back({++all.lastId, kind, proc});
-    return reinterpret_cast<HHOOK>(all.lastId);
+    return platform::orOutOfMemory(
+        [&] {
+            all.hooks.push_back({all.lastId + 1, kind, proc});
+            return reinterpret_cast<HHOOK>(++all.lastId);
+        },
+        nullptr);
 }
 
 BOOL UnhookWindowsHookEx(HHOOK hook) {

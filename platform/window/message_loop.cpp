@@ -8,7 +8,9 @@
 #include "platform/window/keyboard.h"
 #include "platform/window/message_queue.h"
 #include "platform/window/message_trace.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/top_level.h"
+#include "platform/window/unanswered.h"
 #include "platform/window/update_region.h"
 #include "platform/window/window.h"
 
@@ -62,39 +64,60 @@ void waitForEvents() {
 }  // namespace
 }  // namespace platform
 
-LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const platform::Window* found = platform::requireWindow(window);
+namespace platform {
+
+LRESULT sendUnguarded(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const Window* found = requireWindow(window);
     if (!found) {
         return 0;
     }
-    return platform::isTracing() ? platform::callTraced(*found, message, wParam, lParam)
-                                 : found->proc(window, message, wParam, lParam);
+    return isTracing() ? callTraced(*found, message, wParam, lParam) : found->proc(window, message, wParam, lParam);
+}
+
+}  // namespace platform
+
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    try {
+        return platform::sendUnguarded(window, message, wParam, lParam);
+    } catch (const std::bad_alloc&) {
+        return platform::answerOutOfMemory(window, message, lParam);
+    }
 }
 
 LRESULT CallWindowProcA(WNDPROC proc, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return proc ? proc(window, message, wParam, lParam) : 0;
+    try {
+        return proc ? proc(window, message, wParam, lParam) : 0;
+    } catch (const std::bad_alloc&) {
+        return platform::answerOutOfMemory(window, message, lParam);
+    }
 }
 
 BOOL PeekMessageA(LPMSG message, HWND window, UINT first, UINT last, UINT remove) {
     if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window))) {
         return FALSE;
     }
-    if (platform::fetch(*message, {window, first, last}, (remove & PM_REMOVE) != 0)) {
-        return TRUE;
-    }
-    platform::presentAll();
-    return FALSE;
+    return platform::orOutOfMemory(
+        [&] {
+            if (platform::fetch(*message, {window, first, last}, (remove & PM_REMOVE) != 0)) {
+                return TRUE;
+            }
+            platform::presentAll();
+            return FALSE;
+        },
+        FALSE);
 }
 
 BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
     if (!message || (window && window != reinterpret_cast<HWND>(-1) && !platform::requireWindow(window))) {
         return -1;
     }
+    // What there was no memory for is tried again with the next event.
+    const platform::MessageFilter filter{window, first, last};
     while (!platform::isDisplayLost()) {
-        if (platform::fetch(*message, {window, first, last}, true)) {
+        if (platform::orOutOfMemory([&] { return platform::fetch(*message, filter, true); }, false)) {
             return message->message != WM_QUIT;
         }
-        platform::waitForEvents();
+        platform::orOutOfMemory([] { return platform::waitForEvents(), true; }, false);
     }
     PostQuitMessage(0);
     platform::takeQuit(*message, true);
@@ -103,11 +126,11 @@ BOOL GetMessageA(LPMSG message, HWND window, UINT first, UINT last) {
 
 BOOL WaitMessage(void) {
     MSG message;
-    while (!platform::take(message, {}, false)) {
+    while (!platform::orOutOfMemory([&] { return platform::take(message, {}, false); }, false)) {
         if (platform::isDisplayLost()) {
             return FALSE;
         }
-        platform::waitForEvents();
+        platform::orOutOfMemory([] { return platform::waitForEvents(), true; }, false);
     }
     return TRUE;
 }

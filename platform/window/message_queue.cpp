@@ -1,6 +1,7 @@
 // Posted messages in their order. There is one queue; messages posted from another thread are refused.
 #include "platform/window/message_queue.h"
 
+#include "platform/window/out_of_memory.h"
 #include "platform/window/window.h"
 
 namespace platform {
@@ -17,8 +18,7 @@ public:
         if (messages_.size() - front_ >= kMaxPosted) {
             return false;
         }
-        messages_.push_back(message);
-        return true;
+        return orOutOfMemory([&] { return messages_.push_back(message), true; }, false);
     }
 
     bool take(MSG& message, const MessageFilter& filter, bool remove) {
@@ -43,6 +43,12 @@ public:
     bool isEmpty() const { return front_ == messages_.size(); }
 
 private:
+    static std::vector<MSG> withRoom() {
+        std::vector<MSG> messages;
+        messages.reserve(64);
+        return messages;
+    }
+
     void removeAt(std::size_t index) {
         if (index == front_) {
             ++front_;
@@ -59,7 +65,8 @@ private:
         front_ = 0;
     }
 
-    std::vector<MSG> messages_;
+    // Room from the beginning: few messages are ever posted at once, and some of them wake a loop that is to end.
+    std::vector<MSG> messages_ = withRoom();
     std::size_t front_ = 0;
 };
 

@@ -3,6 +3,7 @@
 
 #include "platform/graphics/window_dc.h"
 #include "platform/window/caret.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/top_level.h"
 #include "platform/window/update_region.h"
 
@@ -145,31 +146,46 @@ void eraseNow(HWND handle, bool withChildren) {
     }
 }
 
+namespace {
+
+// The context that WM_PAINT draws into. Null when the window is gone.
+HDC beginPaint(HWND window, PAINTSTRUCT& paint) {
+    Window* found = findWindow(window);
+    hideCaretOver(*found);
+    paintFrame(window);
+    found = findWindow(window);
+    if (!found) {
+        return nullptr;
+    }
+    const Region update = updateOnSurface(*found);
+    const bool erase = found->paint.erase;
+    beginPainting(*found);
+    paint.hdc = openDc(*found, false, &update);
+    if (erase) {
+        paint.fErase = SendMessageA(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint.hdc), 0) ? FALSE : TRUE;
+    }
+    GetClipBox(paint.hdc, &paint.rcPaint);
+    return paint.hdc;
+}
+
+}  // namespace
 }  // namespace platform
 
 using platform::Window;
 
 HDC BeginPaint(HWND window, LPPAINTSTRUCT paint) {
-    Window* found = platform::requireWindow(window);
-    if (!found || !paint) {
+    if (!paint || !platform::requireWindow(window)) {
         return nullptr;
     }
-    platform::hideCaretOver(*found);
-    platform::paintFrame(window);
-    found = platform::findWindow(window);
-    if (!found) {
-        return nullptr;
-    }
-    const platform::Region update = platform::updateOnSurface(*found);
-    const bool erase = found->paint.erase;
-    platform::beginPainting(*found);
     *paint = PAINTSTRUCT{};
-    paint->hdc = platform::openDc(*found, false, &update);
-    if (erase) {
-        paint->fErase = SendMessageA(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0) ? FALSE : TRUE;
+    const HDC dc = platform::orOutOfMemory([&] { return platform::beginPaint(window, *paint); }, nullptr);
+    Window* found = dc ? nullptr : platform::findWindow(window);
+    if (found) {
+        // What cannot be painted now is left out.
+        platform::clearPaint(*found);
+        platform::restoreCaret();
     }
-    GetClipBox(paint->hdc, &paint->rcPaint);
-    return paint->hdc;
+    return dc;
 }
 
 BOOL EndPaint(HWND window, const PAINTSTRUCT* paint) {
@@ -184,11 +200,15 @@ BOOL EndPaint(HWND window, const PAINTSTRUCT* paint) {
 }
 
 HDC GetDC(HWND window) {
-    if (!window) {
-        return platform::openWindowDc(nullptr, nullptr, POINT{}, platform::Region());
-    }
-    Window* found = platform::requireWindow(window);
-    return found ? platform::openDc(*found, false, nullptr) : nullptr;
+    Window* found = window ? platform::requireWindow(window) : nullptr;
+    return platform::orOutOfMemory(
+        [&]() -> HDC {
+            if (!window) {
+                return platform::openWindowDc(nullptr, nullptr, POINT{}, platform::Region());
+            }
+            return found ? platform::openDc(*found, false, nullptr) : nullptr;
+        },
+        nullptr);
 }
 
 HDC GetWindowDC(HWND window) {
@@ -196,7 +216,8 @@ HDC GetWindowDC(HWND window) {
     if (window && !found) {
         return nullptr;
     }
-    return found ? platform::openDc(*found, true, nullptr) : GetDC(nullptr);
+    return found ? platform::orOutOfMemory([&] { return platform::openDc(*found, true, nullptr); }, nullptr)
+                 : GetDC(nullptr);
 }
 
 int ReleaseDC(HWND, HDC dc) {

@@ -4,6 +4,7 @@
 
 #include "platform/window/activation.h"
 #include "platform/window/caret.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/painting.h"
 #include "platform/window/top_level.h"
 #include "platform/window/update_region.h"
@@ -322,7 +323,7 @@ BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int he
         return FALSE;
     }
     WINDOWPOS pos{window, insertAfter, x, y, width, height, flags};
-    return platform::setWindowPos(pos);
+    return platform::orOutOfMemory([&] { return platform::setWindowPos(pos); }, FALSE);
 }
 
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) {

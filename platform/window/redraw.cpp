@@ -1,4 +1,5 @@
 // RedrawWindow and the functions that are it with other arguments: what is invalid, noted and painted on demand.
+#include "platform/window/out_of_memory.h"
 #include "platform/window/painting.h"
 #include "platform/window/top_level.h"
 #include "platform/window/update_region.h"
@@ -69,13 +70,17 @@ BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN, UINT flags) {
         found->paint.erase = false;
     }
     const HWND handle = found->handle;
-    if (flags & RDW_ERASENOW) {
-        platform::eraseNow(handle, !(flags & RDW_NOCHILDREN));
-    }
-    if (flags & RDW_UPDATENOW) {
-        platform::updateNow(handle, !(flags & RDW_NOCHILDREN));
-    }
-    return TRUE;
+    return platform::orOutOfMemory(
+        [&] {
+            if (flags & RDW_ERASENOW) {
+                platform::eraseNow(handle, !(flags & RDW_NOCHILDREN));
+            }
+            if (flags & RDW_UPDATENOW) {
+                platform::updateNow(handle, !(flags & RDW_NOCHILDREN));
+            }
+            return TRUE;
+        },
+        FALSE);
 }
 
 BOOL GetUpdateRect(HWND window, LPRECT rect, BOOL erase) {

@@ -23,6 +23,7 @@ set(ROOM_SOURCES
   system_metrics.cpp
   timers.cpp
   top_level.cpp
+  unanswered.cpp
   update_region.cpp
   window_data.cpp
   window_relations.cpp

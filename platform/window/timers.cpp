@@ -1,6 +1,7 @@
 // Timers of programs. A timer that has run out gives one WM_TIMER when nothing else waits, however late it is asked
 // for.
 #include "platform/window/message_queue.h"
+#include "platform/window/out_of_memory.h"
 #include "platform/window/window.h"
 
 #include <algorithm>
@@ -92,8 +93,12 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT elapseMs, TIMERPROC proc) {
         return window && id == 0 ? 1 : id;
     }
     const UINT_PTR timerId = window ? id : platform::freeTimerId();
-    platform::timers().push_back({window, timerId, period, proc, due});
-    return timerId == 0 ? 1 : timerId;
+    return platform::orOutOfMemory(
+        [&] {
+            platform::timers().push_back({window, timerId, period, proc, due});
+            return timerId == 0 ? UINT_PTR{1} : timerId;
+        },
+        UINT_PTR{0});
 }
 
 BOOL KillTimer(HWND window, UINT_PTR id) {

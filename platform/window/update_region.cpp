@@ -1,6 +1,8 @@
 // What is invalid: invalidation, validation, and which window a WM_PAINT is due for.
 #include "platform/window/update_region.h"
 
+#include "platform/window/out_of_memory.h"
+
 namespace platform {
 namespace {
 
@@ -41,7 +43,8 @@ void addInvalid(Window& window, const RECT& rect, UINT flags) {
     RECT part = rect;
     const RECT limit = (flags & RDW_FRAME) ? wholeRect(window) : clientPart(window);
     if ((flags & RDW_INVALIDATE) && IntersectRect(&part, &rect, &limit)) {
-        window.paint.update.add(part);
+        // What there is no memory to note stays as it is on the screen.
+        orOutOfMemory([&] { return window.paint.update.add(part), true; }, false);
         window.paint.erase = window.paint.erase || (flags & RDW_ERASE);
         window.paint.frame = window.paint.frame || (flags & RDW_FRAME);
     }
@@ -92,7 +95,7 @@ void validateParents(const Window& child) {
         }
         const bool before = parent.paint.isPending();
         for (const RECT& rect : drawn.rects()) {
-            parent.paint.update.subtract(rect);
+            orOutOfMemory([&] { return parent.paint.update.subtract(rect), true; }, false);
         }
         if (parent.paint.update.isEmpty()) {
             parent.paint.erase = parent.paint.frame = false;
@@ -113,7 +116,7 @@ void invalidate(Window& window, const RECT* rect, UINT flags) {
 void validate(Window& window, const RECT* rect, UINT flags) {
     const bool before = window.paint.isPending();
     if (rect) {
-        window.paint.update.subtract(*rect);
+        orOutOfMemory([&] { return window.paint.update.subtract(*rect), true; }, false);
     } else {
         window.paint = PaintState{};
     }

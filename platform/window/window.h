@@ -58,7 +58,8 @@ struct Window {
     std::vector<std::byte> extra;
     PaintState paint;
     TopLevel top;
-    bool dying = false;  // DestroyWindow is under way.
+    bool dying = false;    // DestroyWindow is under way.
+    unsigned visited = 0;  // The last round of visits, while a tree ends, that came to this window.
 
     bool has(long styleBits) const { return (style & static_cast<DWORD>(styleBits)) != 0; }
     bool hasEx(long styleBits) const { return (exStyle & static_cast<DWORD>(styleBits)) != 0; }

@@ -2,7 +2,7 @@
 // handle of a destroyed window stays invalid when the slot is used again.
 #include "platform/window/window.h"
 
-#include <array>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -28,18 +28,26 @@ public:
     }
 
     Window* allocate() {
+        auto window = std::make_unique<Window>();
         unsigned index = 0;
         if (!free_.empty()) {
             index = free_.back();
             free_.pop_back();
         } else if (slots_.size() <= kMaxIndex) {
+            // Giving a slot back takes no memory.
             index = static_cast<unsigned>(slots_.size());
             slots_.emplace_back();
+            try {
+                free_.reserve(slots_.capacity());
+            } catch (...) {
+                slots_.pop_back();
+                throw;
+            }
         } else {
             return nullptr;
         }
         Slot& slot = slots_[index];
-        slot.window = std::make_unique<Window>();
+        slot.window = std::move(window);
         slot.window->handle =
             reinterpret_cast<HWND>((static_cast<std::uintptr_t>(slot.generation) << 16) | (index << 1));
         ++count_;

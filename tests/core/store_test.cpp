@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/store/settings.h"
-#include "tests/core/failing_allocator.h"
+#include "tests/support/failing_allocator.h"
 
 namespace {
 

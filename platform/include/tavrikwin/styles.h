@@ -134,6 +134,7 @@
 #define EN_KILLFOCUS 0x0200
 #define EN_CHANGE 0x0300
 #define EN_UPDATE 0x0400
+#define EN_ERRSPACE 0x0500
 #define EN_MAXTEXT 0x0501
 #define EC_LEFTMARGIN 0x0001
 #define EC_RIGHTMARGIN 0x0002
@@ -149,6 +150,8 @@
 #define LBS_COMBOBOX 0x8000L
 #define LB_OKAY 0
 #define LB_ERR (-1)
+#define LB_ERRSPACE (-2)
+#define LBN_ERRSPACE (-2)
 #define LBN_SELCHANGE 1
 #define LBN_DBLCLK 2
 #define LBN_SETFOCUS 4
@@ -167,6 +170,8 @@
 #define CBS_UPPERCASE 0x2000L
 #define CBS_LOWERCASE 0x4000L
 #define CB_ERR (-1)
+#define CB_ERRSPACE (-2)
+#define CBN_ERRSPACE (-1)
 #define CBN_SELCHANGE 1
 #define CBN_SETFOCUS 3
 #define CBN_KILLFOCUS 4
