@@ -61,6 +61,7 @@ BOOL CDialog::CreateFromTemplate(const DLGTEMPLATE* dialogTemplate, HWND parent)
     }
     if (dialog == nullptr) {
         AfxFailModalOutOfMemory();
+        AfxFailModal(AfxFailure::WindowGone);
     }
     return dialog != nullptr && m_hWnd != nullptr;
 }

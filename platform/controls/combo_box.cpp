@@ -236,13 +236,16 @@ bool ComboBox::onWmCreate(const CREATESTRUCTA& create) {
     list_ = createList(create);
     const bool hasEdit = (create.style & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
     edit_ = hasEdit ? createEdit(create) : nullptr;
+    if (!list_ || (hasEdit && !edit_)) {
+        return false;
+    }
     // The height that the combo box is created with is that of the open one.
     WINDOWPOS position{};
     position.cy = create.cy;
     onWmWindowPosChanging(position);
     resizeToField();
     layout();
-    return list_ && (edit_ || !hasEdit);
+    return true;
 }
 
 HWND ComboBox::createList(const CREATESTRUCTA& create) {

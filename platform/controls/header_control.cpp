@@ -5,6 +5,7 @@
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -94,14 +95,17 @@ int HeaderControl::onHdmInsertItem(int index, const HDITEMA& item) {
         return kNone;
     }
     index = std::min(index, count());
+    Column inserted{};
+    if ((item.mask & HDI_TEXT) != 0 && item.pszText) {
+        inserted.text = item.pszText;
+    }
+    // Nothing after the column itself takes memory: there is one order for all columns.
+    order_.reserve(order_.size() + 1);
+    columns_.insert(columns_.begin() + index, std::move(inserted));
     for (int& column : order_) {
         column += column >= index ? 1 : 0;
     }
-    columns_.insert(columns_.begin() + index, Column{});
     order_.insert(order_.begin() + index, index);
-    if ((item.mask & HDI_TEXT) != 0 && item.pszText) {
-        at(index).text = item.pszText;
-    }
     at(index).width = (item.mask & HDI_WIDTH) != 0 ? std::max(item.cxy, 0) : 0;
     InvalidateRect(window_, nullptr, FALSE);
     return index;

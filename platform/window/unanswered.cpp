@@ -98,6 +98,7 @@ LRESULT answerOutOfMemory(HWND window, UINT message, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
         case TCM_INSERTITEMA:
+        case HDM_INSERTITEMA:
         case LVM_INSERTITEMA:
         case LVM_INSERTCOLUMNA:
             return -1;
