@@ -5,6 +5,7 @@
 #include "platform/controls/list_view_parts.h"
 
 #include <algorithm>
+#include <new>
 
 namespace platform {
 namespace {
@@ -49,6 +50,12 @@ HWND ListView::onLvmEditLabel(int row) {
     std::string text = items_.at(row).text;
     HWND edit = CreateWindowExA(0, "Edit", text.c_str(), WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL, 0, 0,
                                 0, 0, window, nullptr, nullptr, nullptr);
+    if (!edit) {
+        if (GetLastError() == ERROR_NOT_ENOUGH_MEMORY) {
+            throw std::bad_alloc();
+        }
+        return nullptr;
+    }
     SendMessageA(edit, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
     editProc_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&editProc)));
     edit_ = edit;
