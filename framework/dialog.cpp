@@ -84,8 +84,13 @@ INT_PTR CDialog::DoModal() {
     m_nModalResult = -1;
     m_continueModal = true;
     // The initialisation may have ended the dialog already.
-    if (CreateFromTemplate(dialogTemplate, owner.Handle()) && ContinueModal()) {
-        RunModalLoop(MLF_SHOWONIDLE);
+    try {
+        if (CreateFromTemplate(dialogTemplate, owner.Handle()) && ContinueModal()) {
+            RunModalLoop(MLF_SHOWONIDLE);
+        }
+    } catch (...) {
+        AfxReportException();
+        m_nModalResult = -1;
     }
     m_continueModal = false;
     if (owner.HasFailed()) {

@@ -189,8 +189,14 @@ INT_PTR CPropertySheet::DoModal() {
     m_nModalResult = IDCANCEL;
     m_continueModal = true;
     INT_PTR result = -1;
-    if (CreateSheet(owner.Handle()) != nullptr) {
-        result = ContinueModal() ? RunModalLoop(MLF_SHOWONIDLE) : m_nModalResult;
+    try {
+        if (CreateSheet(owner.Handle()) != nullptr) {
+            result = ContinueModal() ? RunModalLoop(MLF_SHOWONIDLE) : m_nModalResult;
+        }
+    } catch (...) {
+        // The window goes before the pages, which a derived sheet may have as members.
+        AfxReportException();
+        result = -1;
     }
     m_continueModal = false;
     if (owner.HasFailed()) {

@@ -43,9 +43,8 @@ void Button::showChange(UINT ownerDrawAction) const {
     }
     if (IsWindowVisible(window_)) {
         const HWND window = window_;
-        HDC dc = GetDC(window);
+        const WindowDc dc(window);
         drawByOwner(dc, ownerDrawAction);
-        ReleaseDC(window, dc);
     }
 }
 

@@ -273,12 +273,11 @@ void ComboBox::onWmDestroy() {
 
 int ComboBox::fontFieldHeight() const {
     TEXTMETRICA metrics;
-    const HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     {
         const SelectedFont selected(dc, font_);
         GetTextMetricsA(dc, &metrics);
     }
-    ReleaseDC(window_, dc);
     return metrics.tmHeight + 2 * kTextPadding;
 }
 

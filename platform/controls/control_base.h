@@ -59,6 +59,21 @@ inline void notifyCommand(HWND control, UINT code) {
                  reinterpret_cast<LPARAM>(control));
 }
 
+// The context of a window to measure or draw in, for a scope.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+    ~WindowDc() { ReleaseDC(window_, dc_); }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
 // BeginPaint and EndPaint, whatever happens between them.
 class PaintBracket {
 public:

@@ -146,13 +146,12 @@ void HeaderControl::setWidth(int column, int width) {
 }
 
 bool HeaderControl::onHdmLayout(const HDLAYOUT& layout) {
-    const HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     TEXTMETRICA metrics;
     {
         const SelectedFont selected(dc, font_);
         GetTextMetricsA(dc, &metrics);
     }
-    ReleaseDC(window_, dc);
     RECT& around = *layout.prc;
     const LONG bottom = std::min(around.bottom, around.top + metrics.tmHeight + kHeadPadding);
     *layout.pwpos = {window_,

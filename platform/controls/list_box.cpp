@@ -254,13 +254,12 @@ void ListBox::onWmDestroy() {
 void ListBox::onWmSetFont(HFONT font, bool redraw) {
     font_ = font;
     if (!isOwnerDrawn() || itemHeight_ <= 1) {
-        const HDC dc = GetDC(window_);
+        const WindowDc dc(window_);
         TEXTMETRICA metrics;
         {
             const SelectedFont selected(dc, font_);
             GetTextMetricsA(dc, &metrics);
         }
-        ReleaseDC(window_, dc);
         itemHeight_ = std::max(static_cast<int>(metrics.tmHeight), 1);
     }
     onWmSize();

@@ -69,13 +69,12 @@ bool ListBox::drawChange(int index) {
         return true;
     }
     const HWND window = window_;
-    const HDC dc = GetDC(window);
+    const WindowDc dc(window);
     {
         const SelectedFont font(dc, font_);
         askColours(owner(), window, dc, WM_CTLCOLORLISTBOX);
         drawOwnerRow(dc, index, ODA_SELECT);
     }
-    ReleaseDC(window, dc);
     return IsWindow(window) != FALSE;
 }
 

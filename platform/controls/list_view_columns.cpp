@@ -53,7 +53,7 @@ void ListView::onHeaderChanged() {
 // As wide as its widest text.
 void ListView::fitColumn(int column) {
     int widest = 0;
-    const HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     {
         const SelectedFont selected(dc, font_);
         for (int row = 0; row < items_.count(); ++row) {
@@ -63,7 +63,6 @@ void ListView::fitColumn(int column) {
             widest = std::max(widest, static_cast<int>(size.cx));
         }
     }
-    ReleaseDC(window_, dc);
     const int beside = column != 0 ? 0 : kRowMargin + (hasCheckBoxes() ? kBoxSize : 0);
     HDITEMA head{};
     head.mask = HDI_WIDTH;

@@ -101,13 +101,12 @@ void ListView::placeEdit() {
         return;
     }
     const std::string text = windowText(edit_);
-    const HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     SIZE size{};
     {
         const SelectedFont selected(dc, font_);
         GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
     }
-    ReleaseDC(window_, dc);
     const RECT label = labelRect(editRow_);
     const int left = label.left - kEditOverlap;
     const int width = std::min(static_cast<int>(size.cx) + kEditSpare, static_cast<int>(rowsRect().right) - left);

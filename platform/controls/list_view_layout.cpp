@@ -14,13 +14,12 @@ constexpr int kWideLine = 6;  // Pixels by which an arrow scrolls sideways.
 }  // namespace
 
 void ListView::measure() {
-    const HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     TEXTMETRICA metrics;
     {
         const SelectedFont selected(dc, font_);
         GetTextMetricsA(dc, &metrics);
     }
-    ReleaseDC(window_, dc);
     textHeight_ = metrics.tmHeight;
     rowHeight_ = std::max(textHeight_, hasCheckBoxes() ? kBoxSize + 1 : 1);
     RECT around = {0, 0, 0, std::numeric_limits<LONG>::max()};
@@ -120,12 +119,11 @@ bool ListView::onLvmGetItemRect(int row, RECT& rect) const {
             rect = labelRect(row);
             return true;
         case LVIR_SELECTBOUNDS: {
-            const HDC dc = GetDC(window_);
+            const WindowDc dc(window_);
             {
                 const SelectedFont selected(dc, font_);
                 rect = selectRect(dc, row);
             }
-            ReleaseDC(window_, dc);
             return true;
         }
         default:

@@ -297,7 +297,7 @@ void TabControl::layout() {
 }
 
 void TabControl::measure() {
-    HDC dc = GetDC(window_);
+    const WindowDc dc(window_);
     {
         const SelectedFont selected(dc, font_);
         TEXTMETRICA metrics{};
@@ -309,7 +309,6 @@ void TabControl::measure() {
             item.width = std::max(kMinimumWidth, size.cx + 2 * kPaddingX);
         }
     }
-    ReleaseDC(window_, dc);
 }
 
 void TabControl::breakIntoRows() {

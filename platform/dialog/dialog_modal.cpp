@@ -71,6 +71,7 @@ INT_PTR runDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, 
     const bool ended = state != nullptr && state->ended;
     // EndDialog has enabled the owner; a dialog that was never created, destroyed or left behind has not.
     if (disabled != nullptr && !ended) {
+        const KeptError error;
         EnableWindow(disabled, TRUE);
     }
     if (state == nullptr) {

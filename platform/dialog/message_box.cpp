@@ -108,9 +108,17 @@ SIZE measure(HWND box, const std::string& text, UINT format) {
     HDC dc = GetDC(box);
     HGDIOBJ before = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(box, WM_GETFONT, 0, 0)));
     RECT rect = {0, 0, kWidestText, 0};
-    DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect, DT_CALCRECT | DT_NOPREFIX | format);
+    const bool measured = orOutOfMemory(
+        [&] {
+            return DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect,
+                             DT_CALCRECT | DT_NOPREFIX | format) != 0;
+        },
+        false);
     SelectObject(dc, before);
     ReleaseDC(box, dc);
+    if (!measured && !text.empty()) {
+        throw std::bad_alloc();
+    }
     return {rect.right, rect.bottom};
 }
 
@@ -276,6 +284,7 @@ int MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
                 {text != nullptr ? text : "", caption != nullptr ? caption : "Fel", type, owner, buttons});
         },
         0);
+    const platform::KeptError error;
     // Without an owner nothing else tells which window the user came from.
     if (owner == nullptr && active != nullptr && IsWindow(active) && GetActiveWindow() != active) {
         SetActiveWindow(active);
