@@ -119,7 +119,7 @@ protected:
 
     void Sweep(Failing failing, long step) {
         long points = 0;
-        for (long point = getenv("POINT") ? atol(getenv("POINT")) : 0;; point += step) {
+        for (long point = 0;; point += step) {
             SCOPED_TRACE("allocation " + std::to_string(point));
             m_store.RemoveAll();
             const long blocks = OutstandingBlocks();
