@@ -87,10 +87,15 @@ void CPropertySheet::AddPage(CPropertyPage* page) {
     if (m_hWnd == nullptr) {
         return;
     }
-    const auto handle = reinterpret_cast<LPARAM>(MakePage(*page));
+    const auto tabs = [this] {
+        const CTabCtrl* control = GetTabControl();
+        return control != nullptr ? control->SendMessage(TCM_GETITEMCOUNT) : 0;
+    };
+    const LRESULT former = tabs();
     page->m_isInSheet = true;
-    SendMessage(PSM_ADDPAGE, 0, handle);
-    if (SendMessage(PSM_PAGETOINDEX, 0, handle) < 0) {
+    SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(MakePage(*page)));
+    // Not every system says what came of it.
+    if (m_hWnd != nullptr && tabs() == former) {
         throw std::bad_alloc();
     }
 }

@@ -53,10 +53,11 @@ bool IsPainting(UINT message, LPARAM lParam) {
     }
 }
 
-// A control that has no memory for what it is told, by the user or the program, says so to its parent.
+// A control that has no memory for what it is told, by the user or the program, says so to its parent. Some systems'
+// combo boxes say the same of a text that has reached its limit.
 bool TellsOfNoMemory(UINT code) {
-    return code == EN_ERRSPACE || code == static_cast<UINT>(LOWORD(CBN_ERRSPACE)) ||
-           code == static_cast<UINT>(LOWORD(LBN_ERRSPACE));
+    return code == EN_ERRSPACE || code == static_cast<UINT>(LOWORD(LBN_ERRSPACE)) ||
+           (code == static_cast<UINT>(LOWORD(CBN_ERRSPACE)) && ::GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ LRESULT ListBox::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     } catch (const std::bad_alloc&) {
         // A list that drops down is no child of its combo box, which is to pass this on.
         if (combo && message != WM_PAINT && message != WM_PRINTCLIENT) {
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
             SendMessageA(combo, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), LOWORD(LBN_ERRSPACE)),
                          reinterpret_cast<LPARAM>(window));
         }

@@ -93,6 +93,7 @@ LRESULT answerOutOfMemory(HWND window, UINT message, LPARAM lParam) {
         }
         return 0;
     }
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     tellParent(window);
     SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     switch (message) {
