@@ -1,19 +1,20 @@
 // Prints docs/settings.md: which setting stands on which page, what it may be, and what it is when the store does not
 // have it. Rows and templates tell what they know; the page is asked for the rest, as a user would find out.
+// With --keyboard it prints docs/keyboard.md: how each control is reached without a mouse.
 #include "core/sheet/projdescr.h"
+#include "resources/resource.h"
 #include "tests/core/box_answerer.h"
+#include "tests/settings/captions.h"
+#include "tests/settings/keyboard.h"
 
 #include <tavrikdisplay.h>
 
 #include <algorithm>
 #include <array>
-#include <climits>
 #include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
-
-#include "automation/codepage.h"
 
 namespace {
 
@@ -71,6 +72,8 @@ const std::map<std::string, const char*> kReaders = {
 
 class Document {
 public:
+    explicit Document(bool isOfKeyboard) : m_isOfKeyboard(isOfKeyboard) {}
+
     void run() {
         projdescr sheet("Settings", nullptr, 0);
         CMdb store;
@@ -81,6 +84,11 @@ public:
         sheet.m_nHostMode = 1;
         SetSetting(&store, "NORV_LEVEL", "3");
         m_boxes.WhenIdle([&] {
+            if (m_isOfKeyboard) {
+                describeKeyboard(sheet);
+                sheet.PressButton(PSBTN_CANCEL);
+                return;
+            }
             std::printf(
                 "# Settings\n\nWritten by `build/native/bin/tavriksettingsdoc`, and compared by `./test`. A value is "
                 "stored as text.\n");
@@ -94,76 +102,6 @@ public:
     }
 
 private:
-    static std::string utf8(const std::string& text) { return automation::ConvertFrom1252(text); }
-
-    static std::string textOf(HWND window) {
-        std::array<char, 200> text{};
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()));
-        std::string result = text.data();
-        std::erase(result, '&');
-        return utf8(result);
-    }
-
-    static RECT placeOf(HWND window) {
-        RECT place{};
-        GetWindowRect(window, &place);
-        return place;
-    }
-
-    static bool isClass(HWND window, const char* name) {
-        std::array<char, 20> found{};
-        GetClassNameA(window, found.data(), static_cast<int>(found.size()));
-        return std::string(found.data()) == name;
-    }
-
-    // The caption of the smallest frame around a control, and of the label or the button before it on its line.
-    static std::string captionOf(HWND page, HWND control) {
-        const RECT place = placeOf(control);
-        std::string frame;
-        std::string label;
-        LONG frameWidth = INT_MAX;
-        LONG labelEnd = INT_MIN;
-        for (HWND child = GetWindow(page, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-            const RECT other = placeOf(child);
-            const bool isFrame = isClass(child, "Button") && (GetWindowLongA(child, GWL_STYLE) & 0xF) == BS_GROUPBOX;
-            const bool isAround = other.left <= place.left && other.right >= place.right && other.top <= place.top &&
-                                  other.bottom >= place.bottom;
-            if (isFrame && isAround && other.right - other.left < frameWidth) {
-                frame = textOf(child);
-                frameWidth = other.right - other.left;
-            }
-            const LONG middle = (place.top + place.bottom) / 2;
-            const bool isPush =
-                isClass(child, "Button") && (GetWindowLongA(child, GWL_STYLE) & 0xF) <= BS_DEFPUSHBUTTON;
-            if ((isPush || isClass(child, "Static")) && other.top <= middle && other.bottom >= middle &&
-                other.right <= place.left + 4 && other.left > labelEnd && !textOf(child).empty()) {
-                label = textOf(child);
-                labelEnd = other.left;
-            }
-        }
-        if (isClass(control, "Button")) {
-            label = textOf(control);
-        }
-        return frame + (frame.empty() || label.empty() ? "" : ": ") + label;
-    }
-
-    // The nearest label above a control, for the columns of a grid.
-    static std::string captionAbove(HWND page, HWND control) {
-        const RECT place = placeOf(control);
-        const LONG middle = (place.left + place.right) / 2;
-        std::string label;
-        LONG labelEnd = INT_MIN;
-        for (HWND child = GetWindow(page, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-            const RECT other = placeOf(child);
-            if (isClass(child, "Static") && other.left <= middle && other.right >= middle &&
-                other.bottom <= place.top && other.bottom > labelEnd && !textOf(child).empty()) {
-                label = textOf(child);
-                labelEnd = other.bottom;
-            }
-        }
-        return label;
-    }
-
     // Tried out: the check of the field says what it takes.
     std::string allowedText(CSettingsPage& page, const TextRow& row) {
         const auto accepts = [&](const char* probe) {
@@ -173,6 +111,9 @@ private:
             m_boxes.Take();
             return accepted;
         };
+        if (row.failedTransfer == FailedTransfer::Refuses) {
+            return "a number from 1 to 100000";
+        }
         const std::string length = row.maxLength != 0 ? ", " + std::to_string(row.maxLength) + " characters" : "";
         if (!accepts("x")) {
             return "a number from 0.1" + length;
@@ -190,7 +131,7 @@ private:
                     reader != kReaders.end() ? reader->second : "");
     }
 
-    void describe(CSettingsSheet& sheet, CSettingsPage& page) {
+    static std::string nameOfTab(CSettingsSheet& sheet) {
         CTabCtrl* const tabs = sheet.GetTabControl();
         TCITEMA tab{};
         std::array<char, 60> title{};
@@ -199,7 +140,11 @@ private:
         tab.cchTextMax = static_cast<int>(title.size());
         SendMessageA(tabs->m_hWnd, TCM_GETITEMA, static_cast<WPARAM>(sheet.GetActiveIndex()),
                      reinterpret_cast<LPARAM>(&tab));
-        const std::string name = utf8(title.data());
+        return utf8(title.data());
+    }
+
+    void describe(CSettingsSheet& sheet, CSettingsPage& page) {
+        const std::string name = nameOfTab(sheet);
         std::printf(
             "\n## %s\n\n| key | caption | allowed | without it | read on other pages |\n|---|---|---|---|---|\n",
             name.c_str());
@@ -243,15 +188,31 @@ private:
         }
     }
 
+    static void describeKeyboard(CSettingsSheet& sheet) {
+        printKeyboardIntroduction();
+        for (int i = 0; i < sheet.GetPageCount(); ++i) {
+            sheet.SetActivePage(i);
+            printKeyboardTable(nameOfTab(sheet), sheet.GetActivePage()->m_hWnd);
+        }
+        const HRSRC resource = FindResourceA(nullptr, MAKEINTRESOURCEA(IDD_AUTO_TEXT), RT_DIALOG);
+        const HWND dialog = CreateDialogIndirectParamA(
+            GetModuleHandleA(nullptr), static_cast<LPCDLGTEMPLATEA>(LockResource(LoadResource(nullptr, resource))),
+            sheet.m_hWnd, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+        ShowWindow(dialog, SW_SHOW);
+        printKeyboardTable("Automatisk text", dialog);
+        DestroyWindow(dialog);
+    }
+
+    bool m_isOfKeyboard;
     BoxAnswerer m_boxes;
 };
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
     if (TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY) == 0) {
         return 2;
     }
-    Document().run();
+    Document(argc > 1 && std::string(argv[1]) == "--keyboard").run();
     return 0;
 }
