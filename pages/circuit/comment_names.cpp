@@ -2,24 +2,37 @@
 #include "pages/circuit/comment_names.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <bitset>
+#include <charconv>
 #include <cstring>
+#include <string_view>
 
 namespace {
 
 constexpr int kValueField = 2;
 
-// The profile file's key of a colour, and its default name; the settings' key.
-constexpr char kProfileKey[] = "C%d";
-constexpr char kDefaultName[] = "c%d";
-constexpr char kSettingKey[] = "WHCOLC%d";
+// What stands before the colour's number: in the profile file's key, in its default name, in the settings' key.
+constexpr std::string_view kProfileKey = "C";
+constexpr std::string_view kDefaultName = "c";
+constexpr std::string_view kSettingKey = "WHCOLC";
 
 using Key = std::array<char, 16>;
 
-Key KeyOf(const char* format, int colour) {
+Key KeyOf(std::string_view prefix, int colour) {
     Key key{};
-    std::snprintf(key.data(), key.size(), format, colour);
+    char* const number = std::copy(prefix.begin(), prefix.end(), key.begin());
+    std::to_chars(number, key.end() - 1, colour);
     return key;
+}
+
+// The colour that a key of the settings is about; 0 for any other key.
+int ColourOf(std::string_view key) {
+    int colour = 0;
+    if (key.starts_with(kSettingKey)) {
+        std::from_chars(key.data() + kSettingKey.size(), key.data() + key.size(), colour);
+    }
+    const bool isComment = colour >= kFirstCommentColour && colour <= kLastCommentColour;
+    return isComment && key == KeyOf(kSettingKey, colour).data() ? colour : 0;
 }
 
 // Most users have no profile file, and each key asked for is a file that is looked for.
@@ -57,12 +70,21 @@ void CommentNames::ReadProfile() {
     }
 }
 
+// Goes through the stores once: asking for each name would go through them 255 times.
 void CommentNames::ReadSettings(const SettingLookup& settings) {
-    for (int colour = kFirstCommentColour; colour <= kLastCommentColour; ++colour) {
-        if (LPCSTR name = settings.Find(KeyOf(kSettingKey, colour).data())) {
-            Set(colour, name);
+    settings.VisitLastStoreFirst([this](const CMdb& store) {
+        std::bitset<kLastCommentColour + 1> seen;
+        for (const CMdbRecord* record = store.GetFirst(); record != nullptr; record = record->GetNext()) {
+            const LPCSTR key = record->GetField(CMdbRecord::kKeyTag);
+            const LPCSTR name = record->GetField(CMdbRecord::kValueTag);
+            const int colour = key != nullptr && name != nullptr ? ColourOf(key) : 0;
+            // Of several records with a key the first one counts.
+            if (colour != 0 && !seen[static_cast<size_t>(colour)]) {
+                seen.set(static_cast<size_t>(colour));
+                Set(colour, name);
+            }
         }
-    }
+    });
 }
 
 BOOL CommentNames::WriteChanged(const CommentNames& original, CMdb* store) const {

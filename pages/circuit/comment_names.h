@@ -19,6 +19,16 @@ public:
     // The value, which belongs to its store; null when the key is missing.
     LPCSTR Find(LPCSTR key) const;
 
+    // Visits the stores that there are so that what the later visit finds is what counts.
+    template <typename Visit>
+    void VisitLastStoreFirst(Visit visit) const {
+        for (const CMdb* store : {m_second, m_first}) {
+            if (store != nullptr) {
+                visit(*store);
+            }
+        }
+    }
+
 private:
     const CMdb* m_first;
     const CMdb* m_second;

@@ -1,6 +1,8 @@
 // The colour lists.
 #include "pages/textcolor/colour_list.h"
 
+#include <array>
+#include <charconv>
 #include <iterator>
 
 #include "core/colour_swatch.h"
@@ -59,9 +61,9 @@ void LoadColourBitmaps(HINSTANCE module) {
 void FillColourList(CComboBox& list, int count) {
     list.ResetContent();
     for (int i = 1; i <= count; ++i) {
-        CString text;
-        text.Format("%d", i);
-        list.AddString(text);
+        std::array<char, 8> text{};
+        std::to_chars(text.begin(), text.end() - 1, i);
+        list.AddString(text.data());
     }
 }
 

@@ -71,9 +71,17 @@ private:
     int count_ = 0;
 };
 
+// A pointer, because this is asked for some hundred thousand times a second: a static object would be asked each time
+// whether it is there yet. Never freed: windows may be destroyed as late as at the end of the process.
+HandleTable* theTable = nullptr;
+
+[[gnu::noinline]] HandleTable& makeTable() {
+    theTable = new HandleTable;
+    return *theTable;
+}
+
 HandleTable& table() {
-    static HandleTable handles;
-    return handles;
+    return theTable != nullptr ? *theTable : makeTable();
 }
 
 // The two roots exist from the beginning and are never destroyed.

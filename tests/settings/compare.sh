@@ -7,6 +7,6 @@ cd "$(dirname "$0")/../.."
 "$1" | diff docs/settings.md - || { echo "To write it anew: build/native/bin/tavriksettingsdoc >docs/settings.md" >&2; exit 1; }
 missing=0
 for key in $(grep -ohE '"[A-Z0-9]+(_[A-Z0-9]+|-COORD|-A1)+"|"WH[A-Z0-9]+"' pages/*/*.cpp core/setting_keys.h | tr -d '"' | sort -u); do
-    grep -q "\b$key\b" docs/settings.md || { echo "docs/settings.md lacks $key" >&2; missing=1; }
+    grep -q "\b$key" docs/settings.md || { echo "docs/settings.md lacks $key" >&2; missing=1; }
 done
 exit $missing
