@@ -1,14 +1,20 @@
-// A complete host for Windows: one setting, one call, and what came of it.
-#include <windows.h>
+// A complete host: one setting, one call, and what came of it.
+#include <tavrikconfig.h>
 
 #include <cstdio>
-#include <filesystem>
+#ifdef _WIN32
+#include <windows.h>
 
-#include "include/tavrikconfig.h"
+#include <filesystem>
+#else
+#include <tavrikdisplay.h>
+#endif
 
 namespace {
 
 using SettingsFunction = int (*)(HWND, const char*, CMdb*, int, int, int);
+
+#ifdef _WIN32
 
 #ifdef _WIN64
 constexpr char kExportName[] = "?Tavrikconfig@@YAHPEAUHWND__@@PEBDPEAVCMdb@@HHH@Z";
@@ -24,17 +30,35 @@ HMODULE LoadFromOwnFolder() {
     return LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
-}  // namespace
-
-int main() {
+SettingsFunction FindSettingsFunction() {
     HMODULE library = LoadFromOwnFolder();
     const FARPROC found = library == nullptr ? nullptr : GetProcAddress(library, kExportName);
     if (found == nullptr) {
         std::fprintf(stderr, "tavrikconfig.dll, or its function, is not there\n");
+    }
+    return reinterpret_cast<SettingsFunction>(reinterpret_cast<void*>(found));
+}
+
+#else
+
+// Without a screen the sheet would wait in memory for a user who cannot see it.
+SettingsFunction FindSettingsFunction() {
+    if (TavrikDisplayInit(TAVRIK_DISPLAY_X11) == 0) {
+        std::fprintf(stderr, "there is no display\n");
+        return nullptr;
+    }
+    return Tavrikconfig;
+}
+
+#endif
+
+}  // namespace
+
+int main() {
+    const SettingsFunction settings = FindSettingsFunction();
+    if (settings == nullptr) {
         return 2;
     }
-    const auto settings = reinterpret_cast<SettingsFunction>(reinterpret_cast<void*>(found));
-
     CMdb store;
     store.AddRecord(
         "\1X-COORD\0\2"

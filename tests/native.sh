@@ -7,6 +7,7 @@ if step "build, native" build_preset native; then
     step "tests, native" run_ctest native
     step "one visible symbol" tests/visible_symbols.sh build/native/bin/libtavrikconfig.so
     step "protections, native" tests/hardening.sh native
+    step "installed, for hosts elsewhere" tests/packages/native.sh
     step "./run" tests/host/run_script.sh
     step "a person at an X server" tests/smoke/x_server.sh
     step "random user, native" tests/random/run.sh native $((seeds * 4))

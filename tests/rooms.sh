@@ -65,6 +65,7 @@ find . \( -path ./build -o -path './.?*' \) -prune -o \
     function resolve(name, file) {
         sub(/[^\/]*$/, "", file)
         return name in known ? name : (file name) in known ? file name : \
+            ("include/" name) in known ? "include/" name : \
             ("platform/include/" name) in known ? "platform/include/" name : ""
     }
 
