@@ -53,3 +53,11 @@ tavrik_module(tavrikwindow "Window library of tavrikconfig" ${WINDOW_HEADERS})
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME host)
 install(TARGETS tavrikhost)
 install(DIRECTORY host/samples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrikhost)
+install(FILES packaging/tavrikhost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES packaging/tavrikhost.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/tavrikhost.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+install(FILES packaging/tavrikhost.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES packaging/tavrikhost.bash-completion RENAME tavrikhost
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+
+include(cmake/packages/debian.cmake)
