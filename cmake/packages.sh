@@ -8,7 +8,8 @@ native_packages=(g++ cmake ninja-build pkg-config libx11-dev libfreetype-dev lib
 # For packaging/debian, and for the test of its packages.
 packaging_packages=(dpkg-dev file)
 test_packages=(libbenchmark-dev fonts-dejavu xvfb xauth x11-xkb-utils xdotool)
-windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64 xvfb xauth)
+windows_build_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix lld)
+windows_packages=("${windows_build_packages[@]}" clang wine wine64 xvfb xauth)
 
 # Prints those of the named packages that are not installed, one a line.
 missing_packages() {

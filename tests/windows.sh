@@ -12,6 +12,7 @@ if step "build, 64-bit Windows" build_preset win64; then
         step "scripted user under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/automation/commands.scn
         step "verdicts of the player under Wine" tests/player/verdicts.sh build/win64/bin/tavrikplayer.exe
         step "host program under Wine" tests/host/windows.sh
+        step "the zip, for hosts elsewhere" tests/packages/windows.sh
         step "scenarios under Wine" tests/play.sh build/win64/bin/tavrikplayer.exe tests/scenarios/*.scn
         step "fields left under Wine" tests/leaving/wine.sh
         step "dialog templates under Wine" wine build/win64/bin/tavriktemplates.exe
