@@ -12,10 +12,12 @@ set(WINDOW_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/tavrikwindow)
 set(CMAKE_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/Tavrikconfig)
 
 # A change that old hosts cannot bear changes SOVERSION too.
-set_target_properties(tavrikconfig tavrikwindow PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-                                                           INSTALL_RPATH $ORIGIN)
+set_target_properties(tavrikconfig tavrikwindow PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+# The run paths serve the build folder too. One that is changed when it is installed has an empty entry until then, and that
+# is the current folder.
 file(RELATIVE_PATH BIN_TO_LIB ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(tavrikhost PROPERTIES INSTALL_RPATH $ORIGIN/${BIN_TO_LIB})
+set_target_properties(tavrikconfig PROPERTIES INSTALL_RPATH $ORIGIN BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(tavrikhost PROPERTIES INSTALL_RPATH "$ORIGIN/${BIN_TO_LIB};$ORIGIN" BUILD_WITH_INSTALL_RPATH ON)
 set_target_properties(tavrikstore PROPERTIES EXPORT_NAME store)
 set_target_properties(tavrikwindow PROPERTIES EXPORT_NAME window)
 foreach(library tavrikconfig tavrikstore tavrikwindow)

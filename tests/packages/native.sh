@@ -49,6 +49,7 @@ for option in $($host --help | sed -n 's/^  \(-h, \)\{0,1\}\(--[a-z-]*\).*/\2/p'
     sed 's/\\//g' $manual | grep -q -- "$option" || fail "the manual page does not have $option"
 done
 
+# shellcheck disable=SC1091
 . root/usr/share/bash-completion/completions/tavrikhost
 COMP_WORDS=(tavrikhost --s) COMP_CWORD=1
 _tavrikhost $host

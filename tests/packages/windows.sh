@@ -25,8 +25,8 @@ build() {
     "$tools-g++-posix" -std=c++17 -static -I. -Iinclude "$top/tests/packages/consumer/host.cpp" store/*.cpp \
         "$to/libtavrikconfig.dll.a" -o "$to/gnu_host.exe"
     "$tools-g++-posix" -std=c++17 -static -I. -Iinclude doc/minimal_host.cpp store/*.cpp -o "$to/minimal_host.exe"
-    clang++ --target=$target -std=c++17 -fsyntax-only -Ishim -include include/tavrikconfig.h -x c++ - </dev/null
-    clang++ --target=$target -std=c++17 -O2 -I"$top" -c "$top/tests/other_abi/host.cpp" -o "$to/host.obj"
+    clang++ "--target=$target" -std=c++17 -fsyntax-only -Ishim -include include/tavrikconfig.h -x c++ - </dev/null
+    clang++ "--target=$target" -std=c++17 -O2 -I"$top" -c "$top/tests/other_abi/host.cpp" -o "$to/host.obj"
     lld-link /entry:Start /subsystem:console /nodefaultlib "${@:4}" "/out:$to/other_host.exe" "$to/host.obj" \
         "$to/tavrikconfig.lib" "$libraries"/lib{user32,kernel32,msvcrt}.a
     for host in gnu_host other_host; do
