@@ -33,7 +33,7 @@ install(TARGETS tavrikwindow EXPORT Tavrikconfig
 install(FILES include/tavrikconfig.h TYPE INCLUDE)
 # In a folder of their own, for some have the names of a system's headers.
 install(DIRECTORY platform/include/ DESTINATION ${WINDOW_HEADERS})
-install(FILES docs/hosts.md docs/minimal_host.cpp CHANGELOG.md TYPE DOC)
+install(FILES docs/hosts.md docs/settings.md docs/keyboard.md docs/minimal_host.cpp CHANGELOG.md TYPE DOC)
 
 install(EXPORT Tavrikconfig NAMESPACE Tavrikconfig:: DESTINATION ${CMAKE_PACKAGE} FILE TavrikconfigTargets.cmake)
 configure_package_config_file(cmake/packages/TavrikconfigConfig.cmake.in TavrikconfigConfig.cmake
