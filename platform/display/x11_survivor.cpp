@@ -2,8 +2,11 @@
 #include "platform/display/x11_survivor.h"
 
 #include <fcntl.h>
+#include <pthread.h>
+#include <signal.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <utility>
 
 namespace platform {
@@ -35,6 +38,39 @@ private:
     std::vector<int> taken_;
 };
 
+volatile std::sig_atomic_t serverCalls = 0;
+pthread_t serverThread{};
+
+// A request that meets a server which has just gone raises a signal that ends the process by default. Within our own
+// calls it does nothing, and the request fails; elsewhere it does what it does by default.
+void onBrokenPipe(int) {
+    if (serverCalls == 0 || pthread_equal(pthread_self(), serverThread) == 0) {
+        std::signal(SIGPIPE, SIG_DFL);
+        std::raise(SIGPIPE);
+    }
+}
+
+// A host that handles or ignores the signal keeps its way.
+void surviveBrokenPipe() {
+    struct sigaction action {};
+    if (sigaction(SIGPIPE, nullptr, &action) == 0 && action.sa_handler == SIG_DFL) {
+        action.sa_handler = onBrokenPipe;
+        action.sa_flags = SA_RESTART;
+        sigaction(SIGPIPE, &action, nullptr);
+    }
+}
+
+class ServerCall {
+public:
+    ServerCall() {
+        serverThread = pthread_self();
+        serverCalls = serverCalls + 1;
+    }
+    ~ServerCall() { serverCalls = serverCalls - 1; }
+    ServerCall(const ServerCall&) = delete;
+    ServerCall& operator=(const ServerCall&) = delete;
+};
+
 }  // namespace
 
 template <typename Call>
@@ -43,6 +79,7 @@ void X11Survivor::attempt(Call call) const {
         return;
     }
     try {
+        const ServerCall inside;
         call();
     } catch (const X11ConnectionLost&) {
         lost_ = true;
@@ -167,7 +204,9 @@ bool X11Survivor::readPrimary(std::string& text) {
 std::unique_ptr<Display> openX11Display() {
     const StandardDescriptors kept;
     std::unique_ptr<X11Connection> connection;
+    surviveBrokenPipe();
     try {
+        const ServerCall inside;
         connection = X11Connection::open();
     } catch (const X11ConnectionLost&) {
         return nullptr;
