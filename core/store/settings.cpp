@@ -101,7 +101,8 @@ public:
         bool isComplete = true;
         ForEachSetting(from, [&](const Setting& setting) {
             CMdbRecord* target = nullptr;
-            if (FindSetting(to, setting.key, target) == 0) {
+            FindSetting(to, setting.key, target);
+            if (target == nullptr) {
                 isComplete = isComplete && AppendRecord(&m_appended, setting.KeyField(), setting.ValueField()) != 0;
             } else if (Grows(*target, setting)) {
                 isComplete = isComplete && m_grown.AddRecord(target->GetData()) != 0 &&
@@ -115,7 +116,8 @@ public:
         CMdbRecord* grown = m_grown.m_pHead;
         ForEachSetting(from, [&](const Setting& setting) {
             CMdbRecord* target = nullptr;
-            if (FindSetting(to, setting.key, target) == 0) {
+            FindSetting(to, setting.key, target);
+            if (target == nullptr) {
                 return;
             }
             if (Grows(*target, setting)) {
