@@ -120,7 +120,7 @@ public:
             if (target == nullptr) {
                 return;
             }
-            if (Grows(*target, setting)) {
+            if (grown != nullptr && Grows(*target, setting)) {
                 std::swap(target->m_pData, grown->m_pData);
                 grown = grown->m_pNext;
             } else {

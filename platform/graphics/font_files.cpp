@@ -55,8 +55,8 @@ FontFiles usualFontFiles() {
     }
     for (const char* const folder : {"/usr/share/fonts/truetype/liberation", "/usr/share/fonts/truetype/liberation2",
                                      "/usr/share/fonts/liberation-sans", "/usr/share/fonts/liberation"}) {
-        const FontFiles files = {std::string(folder) + "/LiberationSans-Regular.ttf",
-                                 std::string(folder) + "/LiberationSans-Bold.ttf"};
+        FontFiles files = {std::string(folder) + "/LiberationSans-Regular.ttf",
+                           std::string(folder) + "/LiberationSans-Bold.ttf"};
         if (std::ifstream(files.regular).good() && std::ifstream(files.bold).good()) {
             return files;
         }
