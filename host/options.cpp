@@ -21,6 +21,7 @@ const char* const kUsage =
     "  --host-mode N         the kind of drawing\n"
     "  --scenario FILE.scn...  play scenarios instead of waiting for a user; OK writes FILE as ever\n"
     "  --screenshots DIR     write a PNG picture of each page and cancel\n"
+    "  --dpi N               dots an inch of the screen, 96 to 480; as the desktop says without it\n"
     "  --memory              windows in memory, also where there is a display; for scenarios and screenshots\n"
     "  -h, --help            this text\n"
     "  --version             the version\n"
@@ -46,6 +47,16 @@ int ParseNumber(const std::string& text) {
     return number;
 }
 
+int ParseDotsPerInch(const std::string& text) {
+    constexpr int kLeast = 96;
+    constexpr int kMost = 480;
+    const int dots = ParseNumber(text);
+    if (dots < kLeast || dots > kMost) {
+        throw UsageError("'" + text + "' is not from " + std::to_string(kLeast) + " to " + std::to_string(kMost));
+    }
+    return dots;
+}
+
 std::string ParseText(const std::string& utf8) {
     std::string bytes;
     std::string problem;
@@ -62,6 +73,7 @@ constexpr Row kRows[] = {
     {"--host-mode", true, [](Options& o, const std::string& v) { o.open.hostMode = ParseNumber(v); }},
     {"--screenshots", true, [](Options& o, const std::string& v) { o.screenshotFolder = v; }},
     {"--scenario", true, [](Options& o, const std::string& v) { o.scenarios.push_back(v); }},
+    {"--dpi", true, [](Options& o, const std::string& v) { o.dotsPerInch = ParseDotsPerInch(v); }},
     {"--memory", false, [](Options& o, const std::string&) { o.usesMemoryDisplay = true; }},
     {"--help", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
     {"-h", false, [](Options& o, const std::string&) { o.showsHelp = true; }},

@@ -19,6 +19,7 @@ struct Options {
     automation::OpenArguments open;
     std::vector<std::string> scenarios;
     std::string screenshotFolder;
+    int dotsPerInch = 0;  // 0: as the system says.
     bool usesMemoryDisplay = false;
     bool showsHelp = false;
     bool showsVersion = false;

@@ -83,6 +83,10 @@ void UseProfileFolder(const std::filesystem::path& /*folder*/) {
     // The Windows folder is the only one.
 }
 
+void UseDotsPerInch(int /*dots*/) {
+    // The user has set it, and the system holds to it.
+}
+
 bool ChooseDisplay(Display /*display*/) {
     return true;
 }
@@ -124,6 +128,10 @@ ExportFunction BindExport() {
 
 void UseProfileFolder(const std::filesystem::path& folder) {
     setenv("TAVRIK_PROFILE_DIR", folder.c_str(), 1);
+}
+
+void UseDotsPerInch(int dots) {
+    TavrikSetDotsPerInch(dots);
 }
 
 bool ChooseDisplay(Display display) {

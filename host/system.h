@@ -38,6 +38,10 @@ enum class Display {
 // Makes profile files that are named without a folder lie in this one, where the system leaves it to the program.
 void UseProfileFolder(const std::filesystem::path& folder);
 
+// Makes windows as large as a screen of that many dots an inch needs them, where the system leaves it to the program.
+// To be called before ChooseDisplay.
+void UseDotsPerInch(int dots);
+
 // Selects where windows appear, before the first one. False when there is no such display.
 bool ChooseDisplay(Display display);
 

@@ -4,11 +4,12 @@
 #include <algorithm>
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 namespace {
 
-// All in pixels.
+// All in pixels at 96 dots an inch.
 constexpr int kMarkSize = 13;        // Side of a check box or radio button.
 constexpr int kMarkGap = 4;          // Between the mark and its caption.
 constexpr int kPushFocusInset = 4;   // From the edge of a push button to its focus rectangle.
@@ -95,25 +96,25 @@ void Button::paintPush(HDC dc, RECT client) const {
     const RECT whole = client;
     askParentColour(dc, WM_CTLCOLORBTN);
     if (kind() == BS_DEFPUSHBUTTON) {
-        FrameRect(dc, &client, GetSysColorBrush(COLOR_WINDOWFRAME));
-        InflateRect(&client, -1, -1);
+        frameByLine(dc, client, GetSysColorBrush(COLOR_WINDOWFRAME));
+        InflateRect(&client, -lineWidth(), -lineWidth());
     }
     if (pushed) {
-        FrameRect(dc, &client, GetSysColorBrush(COLOR_3DSHADOW));
-        InflateRect(&client, -1, -1);
+        frameByLine(dc, client, GetSysColorBrush(COLOR_3DSHADOW));
+        InflateRect(&client, -lineWidth(), -lineWidth());
         FillRect(dc, &client, GetSysColorBrush(COLOR_BTNFACE));
     } else {
         DrawFrameControl(dc, &client, DFC_BUTTON, DFCS_BUTTONPUSH);
     }
     RECT caption = whole;
     if (pushed) {
-        OffsetRect(&caption, 1, 1);
+        OffsetRect(&caption, lineWidth(), lineWidth());
     }
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     drawCaption(dc, windowText(window_), caption, DT_CENTER | DT_VCENTER | DT_SINGLELINE, isEnabled());
     if (state_ & BST_FOCUS) {
         RECT focus = whole;
-        InflateRect(&focus, -kPushFocusInset, -kPushFocusInset);
+        InflateRect(&focus, -toScale(kPushFocusInset), -toScale(kPushFocusInset));
         DrawFocusRect(dc, &focus);
     }
 }
@@ -137,20 +138,22 @@ void Button::paintMark(HDC dc, const RECT& client) const {
     if (!isEnabled()) {
         look |= DFCS_INACTIVE;
     }
-    const LONG top = (client.bottom - kMarkSize) / 2;
-    RECT mark = {0, top, kMarkSize, top + kMarkSize};
+    const int markSize = toScale(kMarkSize);
+    const LONG top = (client.bottom - markSize) / 2;
+    RECT mark = {0, top, markSize, top + markSize};
     DrawFrameControl(dc, &mark, DFC_BUTTON, look);
 
     const std::string text = windowText(window_);
     if (text.empty()) {
         return;
     }
-    const RECT caption = {kMarkSize + kMarkGap, 0, client.right, client.bottom};
+    const RECT caption = {markSize + toScale(kMarkGap), 0, client.right, client.bottom};
     drawCaption(dc, text, caption, DT_LEFT | DT_VCENTER | DT_SINGLELINE, isEnabled());
     if (state_ & BST_FOCUS) {
         const SIZE size = captionSize(dc, text);
         const LONG textTop = (client.bottom - size.cy) / 2;
-        RECT focus = {caption.left - 1, textTop - 1, caption.left + size.cx + 1, textTop + size.cy + 1};
+        RECT focus = {caption.left, textTop, caption.left + size.cx, textTop + size.cy};
+        InflateRect(&focus, lineWidth(), lineWidth());
         IntersectRect(&focus, &focus, &client);
         DrawFocusRect(dc, &focus);
     }
@@ -162,13 +165,15 @@ void Button::paintGroupBox(HDC dc, const RECT& client) const {
     // An empty caption still leaves room for a line of text above the frame's middle.
     const SIZE size = captionSize(dc, text.empty() ? std::string(" ") : text);
     RECT frame = client;
-    frame.top += size.cy / 2 - 1;
+    frame.top += size.cy / 2 - lineWidth();
     DrawEdge(dc, &frame, EDGE_ETCHED, BF_RECT);
     if (text.empty()) {
         return;
     }
-    RECT caption = {kGroupCaptionX, 0, std::min(kGroupCaptionX + size.cx, client.right - kGroupCaptionX), size.cy};
-    RECT gap = {caption.left - kGroupCaptionPad, 0, caption.right + kGroupCaptionPad, size.cy};
+    const LONG left = toScale(kGroupCaptionX);
+    const RECT caption = {left, 0, std::min(left + size.cx, client.right - left), size.cy};
+    RECT gap = caption;
+    InflateRect(&gap, toScale(kGroupCaptionPad), 0);
     FillRect(dc, &gap, ground);
     drawCaption(dc, text, caption, DT_LEFT | DT_SINGLELINE, isEnabled());
 }

@@ -4,6 +4,7 @@
 #include "platform/controls/combo_parts.h"
 #include "platform/controls/control_base.h"
 #include "platform/controls/edit_text.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
@@ -12,8 +13,8 @@
 namespace platform {
 namespace {
 
-constexpr int kBorder = 2;        // The sunken edge.
-constexpr int kEditPadding = 1;   // Between that edge and the edit.
+// All in pixels at 96 dots an inch.
+constexpr int kEditPadding = 1;   // Between the sunken edge and the edit.
 constexpr int kTextPadding = 2;   // Above and below the text of the field.
 constexpr int kOwnerPadding = 6;  // As observed, of a field that the owner draws, in all.
 
@@ -278,20 +279,20 @@ int ComboBox::fontFieldHeight() const {
         const SelectedFont selected(dc, font_);
         GetTextMetricsA(dc, &metrics);
     }
-    return metrics.tmHeight + 2 * kTextPadding;
+    return metrics.tmHeight + 2 * toScale(kTextPadding);
 }
 
 // Asks the parent for the height of what it draws in the field.
 void ComboBox::measureField() {
     MEASUREITEMSTRUCT measure{};
     measure.itemID = static_cast<UINT>(-1);
-    measure.itemHeight = static_cast<UINT>(fieldHeight_ - kOwnerPadding);
+    measure.itemHeight = static_cast<UINT>(fieldHeight_ - toScale(kOwnerPadding));
     askParent(measure);
-    fieldHeight_ = static_cast<int>(std::min(measure.itemHeight, 0x7FFFU)) + kOwnerPadding;
+    fieldHeight_ = static_cast<int>(std::min(measure.itemHeight, 0x7FFFU)) + toScale(kOwnerPadding);
 }
 
 int ComboBox::closedHeight() const {
-    return fieldHeight_ + 2 * kBorder;
+    return fieldHeight_ + 2 * GetSystemMetrics(SM_CYEDGE);
 }
 
 // Whatever height is asked for beyond the closed one becomes the list's.
@@ -300,7 +301,7 @@ void ComboBox::onWmWindowPosChanging(WINDOWPOS& position) {
         return;
     }
     if (position.cy > closedHeight()) {
-        listHeight_ = position.cy - closedHeight() + (edit_ ? kEditPadding : 0);
+        listHeight_ = position.cy - closedHeight() + (edit_ ? toScale(kEditPadding) : 0);
     }
     position.cy = closedHeight();
     sizeList();
@@ -315,13 +316,13 @@ void ComboBox::resizeToField() {
 
 void ComboBox::layout() {
     GetClientRect(window_, &item_);
-    InflateRect(&item_, -kBorder, -kBorder);
+    InflateRect(&item_, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
     button_ = item_;
     button_.left = std::max(item_.left, item_.right - GetSystemMetrics(SM_CXVSCROLL));
     item_.right = button_.left;
     sizeList();
     if (edit_) {
-        InflateRect(&item_, -kEditPadding, -kEditPadding);
+        InflateRect(&item_, -toScale(kEditPadding), -toScale(kEditPadding));
         SetWindowPos(edit_, nullptr, item_.left, item_.top, std::max(item_.right - item_.left, 0),
                      std::max(item_.bottom - item_.top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -403,7 +404,8 @@ LRESULT ComboBox::onCbSetItemHeight(int index, int height) {
     if (height < 0 || height > 0x7FFF) {
         return CB_ERR;
     }
-    fieldHeight_ = height + 2;  // As observed: the height given is that of the text between its lines of padding.
+    // As observed: the height given is that of the text between its lines of padding.
+    fieldHeight_ = height + 2 * toScale(1);
     resizeToField();
     layout();
     return height;

@@ -8,8 +8,6 @@
 namespace platform {
 namespace {
 
-constexpr int kListBorders = 2;  // Both border lines of the list.
-
 POINT pointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
 }
@@ -362,7 +360,8 @@ void ComboBox::placeList() {
     int height = listHeight_;
     const auto count = static_cast<int>(askList(LB_GETCOUNT));
     if (count > 0) {
-        height = std::min(height, count * static_cast<int>(askList(LB_GETITEMHEIGHT)) + kListBorders);
+        height =
+            std::min(height, count * static_cast<int>(askList(LB_GETITEMHEIGHT)) + 2 * GetSystemMetrics(SM_CYBORDER));
     }
     const bool above = combo.bottom + height > workArea.bottom && combo.top - height >= workArea.top;
     SetWindowPos(list_, HWND_TOPMOST, combo.left, above ? combo.top - height : combo.bottom, droppedWidth(), height,

@@ -2,6 +2,7 @@
 #include "platform/controls/combo_box.h"
 #include "platform/controls/control_base.h"
 #include "platform/controls/control_colours.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 
@@ -41,7 +42,7 @@ void ComboBox::paintText(HDC dc) {
         return;
     }
     FillRect(dc, &field, background);
-    InflateRect(&field, -1, -1);
+    InflateRect(&field, -toScale(1), -toScale(1));
     const bool marked = focused_ && !open_;
     if (!enabled) {
         SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
@@ -55,8 +56,8 @@ void ComboBox::paintText(HDC dc) {
         SetBkColor(dc, GetSysColor(COLOR_HIGHLIGHT));
     }
     const std::string text = currentText();
-    ExtTextOutA(dc, field.left + 1, field.top + 1, ETO_OPAQUE | ETO_CLIPPED, &field, text.data(),
-                static_cast<UINT>(text.size()), nullptr);
+    ExtTextOutA(dc, static_cast<int>(field.left) + toScale(1), static_cast<int>(field.top) + toScale(2) - toScale(1),
+                ETO_OPAQUE | ETO_CLIPPED, &field, text.data(), static_cast<UINT>(text.size()), nullptr);
     if (marked) {
         DrawFocusRect(dc, &field);
     }

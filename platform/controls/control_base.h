@@ -1,6 +1,8 @@
 // What the built-in controls have in common: one object a window, reached through the window's extra bytes.
 #pragma once
 
+#include "platform/graphics/scale.h"
+
 #include <windows.h>
 
 #include <string>
@@ -129,10 +131,10 @@ inline void drawCaption(HDC dc, const std::string& text, RECT rect, UINT format,
         DrawTextA(dc, text.c_str(), length, &rect, format);
         return;
     }
-    OffsetRect(&rect, 1, 1);
+    OffsetRect(&rect, lineWidth(), lineWidth());
     const COLORREF before = SetTextColor(dc, GetSysColor(COLOR_3DHIGHLIGHT));
     DrawTextA(dc, text.c_str(), length, &rect, format);
-    OffsetRect(&rect, -1, -1);
+    OffsetRect(&rect, -lineWidth(), -lineWidth());
     SetTextColor(dc, GetSysColor(COLOR_3DSHADOW));
     DrawTextA(dc, text.c_str(), length, &rect, format);
     SetTextColor(dc, before);

@@ -3,6 +3,7 @@
 
 #include "platform/controls/combo_parts.h"
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
@@ -295,7 +296,7 @@ void Edit::onWmSetFont(HFONT font, bool redraw) {
     view_.scrollToCaret();
     if (focused_) {
         DestroyCaret();
-        CreateCaret(window_, nullptr, 1, view_.lineHeight());
+        CreateCaret(window_, nullptr, lineWidth(), view_.lineHeight());
         SetCaretPos(view_.xOf(content_.caret()), view_.textRect().top);
         ShowCaret(window_);
     }
@@ -307,7 +308,7 @@ void Edit::onWmSetFont(HFONT font, bool redraw) {
 void Edit::onWmSetFocus() {
     focused_ = true;
     view_.invalidate(content_.selectionStart(), content_.selectionEnd());
-    CreateCaret(window_, nullptr, 1, view_.lineHeight());
+    CreateCaret(window_, nullptr, lineWidth(), view_.lineHeight());
     SetCaretPos(view_.xOf(content_.caret()), view_.textRect().top);
     ShowCaret(window_);
     notify(EN_SETFOCUS);

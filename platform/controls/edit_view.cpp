@@ -4,6 +4,7 @@
 #include "platform/controls/combo_parts.h"
 #include "platform/controls/control_base.h"
 #include "platform/controls/control_colours.h"
+#include "platform/graphics/scale.h"
 
 #include <algorithm>
 
@@ -11,7 +12,7 @@ namespace platform {
 namespace {
 
 constexpr char kPasswordCharacter = '*';
-constexpr int kFrame = 2;           // Width of the frame that the edit draws itself, with the gap inside it.
+constexpr int kGap = 1;             // Inside the edge or frame, in pixels at 96 dots an inch.
 constexpr int kScrollFraction = 3;  // Scrolling leaves this part of the field before the caret.
 constexpr int kOverhang = 2;        // Glyphs may reach this far beyond their edges.
 
@@ -70,7 +71,7 @@ void EditView::setMargins(UINT which, int left, int right) {
 void EditView::layout() {
     GetClientRect(window_, &textRect_);
     const bool clientEdge = (GetWindowLongA(window_, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
-    const int gap = framed_ ? kFrame : clientEdge ? 1 : 0;
+    const int gap = (framed_ ? lineWidth() : 0) + (framed_ || clientEdge ? toScale(kGap) : 0);
     textRect_.left += gap + leftMargin_;
     textRect_.right = std::max(textRect_.right - gap - rightMargin_, textRect_.left);
     if (textRect_.bottom >= lineHeight_ + 2 * gap) {
@@ -154,7 +155,7 @@ void EditView::invalidate(int start, int end) {
     if (start == end) {
         return;
     }
-    const RECT part = {xOf(start) - kOverhang, textRect_.top, xOf(end) + kOverhang, textRect_.bottom};
+    const RECT part = {xOf(start) - toScale(kOverhang), textRect_.top, xOf(end) + toScale(kOverhang), textRect_.bottom};
     InvalidateRect(window_, &part, FALSE);
 }
 
@@ -162,7 +163,7 @@ void EditView::invalidateFrom(int start) {
     // A change moves all of an aligned text.
     const bool aligned = (styleOf(window_) & (ES_CENTER | ES_RIGHT)) != 0;
     RECT part = textRect_;
-    part.left = aligned ? part.left : std::max(part.left, static_cast<LONG>(xOf(start) - kOverhang));
+    part.left = aligned ? part.left : std::max(part.left, static_cast<LONG>(xOf(start) - toScale(kOverhang)));
     InvalidateRect(window_, &part, FALSE);
 }
 
@@ -178,7 +179,7 @@ void EditView::paintRun(HDC dc, const std::string& text, const RECT& place) cons
 void EditView::paintFrame(HDC dc) const {
     RECT client;
     GetClientRect(window_, &client);
-    FrameRect(dc, &client, GetSysColorBrush(COLOR_WINDOWFRAME));
+    frameByLine(dc, client, GetSysColorBrush(COLOR_WINDOWFRAME));
 }
 
 void EditView::paint(HDC dc, bool selection) {

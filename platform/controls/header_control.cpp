@@ -2,6 +2,7 @@
 #include "platform/controls/header_control.h"
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
@@ -10,8 +11,9 @@
 namespace platform {
 namespace {
 
-constexpr int kDividerReach = 10;  // Pixels to both sides of a column's right end where it is taken to be made wider.
-constexpr int kHeadPadding = 3;    // Pixels by which a header is higher than its text.
+// Pixels at 96 dots an inch.
+constexpr int kDividerReach = 10;  // To both sides of a column's right end where it is taken to be made wider.
+constexpr int kHeadPadding = 3;    // By which a header is higher than its text.
 
 }  // namespace
 
@@ -153,7 +155,7 @@ bool HeaderControl::onHdmLayout(const HDLAYOUT& layout) {
         GetTextMetricsA(dc, &metrics);
     }
     RECT& around = *layout.prc;
-    const LONG bottom = std::min(around.bottom, around.top + metrics.tmHeight + kHeadPadding);
+    const LONG bottom = std::min(around.bottom, around.top + metrics.tmHeight + toScale(kHeadPadding));
     *layout.pwpos = {window_,
                      nullptr,
                      around.left,
@@ -203,9 +205,9 @@ int HeaderControl::hitTest(POINT at, UINT& flags) const {
         }
         rect = rectOf(column);
         if (at.x < rect.right) {
-            const bool isWide = rect.right - rect.left > 2 * kDividerReach;
-            const bool beforeIsHit = isWide && before != kNone && at.x < rect.left + kDividerReach;
-            const bool ownIsHit = isWide && at.x >= rect.right - kDividerReach;
+            const bool isWide = rect.right - rect.left > 2 * toScale(kDividerReach);
+            const bool beforeIsHit = isWide && before != kNone && at.x < rect.left + toScale(kDividerReach);
+            const bool ownIsHit = isWide && at.x >= rect.right - toScale(kDividerReach);
             flags = beforeIsHit ? (this->at(before).width == 0 ? HHT_ONDIVOPEN : HHT_ONDIVIDER)
                     : ownIsHit  ? HHT_ONDIVIDER
                                 : HHT_ONHEADER;
@@ -213,7 +215,7 @@ int HeaderControl::hitTest(POINT at, UINT& flags) const {
         }
         before = column;
     }
-    if (before != kNone && at.x < rect.right + kDividerReach) {
+    if (before != kNone && at.x < rect.right + toScale(kDividerReach)) {
         flags = this->at(before).width == 0 ? HHT_ONDIVOPEN : HHT_ONDIVIDER;
         return before;
     }

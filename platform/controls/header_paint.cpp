@@ -1,12 +1,14 @@
 // How a header looks: raised heads, the pressed one sunken, and a mark where a dragged column would land.
 #include "platform/controls/control_base.h"
 #include "platform/controls/header_control.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 namespace {
 
-constexpr int kCaptionMargin = 6;  // Pixels at both sides of a caption.
-constexpr int kMarkWidth = 2;      // Pixels of the insertion mark.
+// Pixels at 96 dots an inch.
+constexpr int kCaptionMargin = 6;  // At both sides of a caption.
+constexpr int kMarkWidth = 2;      // Of the insertion mark.
 
 }  // namespace
 
@@ -31,7 +33,7 @@ void HeaderControl::paint(HDC dc) const {
     if (const int own = placeOf(pressed_); dropPlace_ != kNone && dropPlace_ != own) {
         const RECT there = rectOf(columnAt(dropPlace_));
         const LONG x = dropPlace_ > own ? there.right : there.left;
-        const RECT mark = {x - kMarkWidth / 2, 0, x + kMarkWidth / 2, rest.bottom};
+        const RECT mark = {x - toScale(kMarkWidth) / 2, 0, x + toScale(kMarkWidth) / 2, rest.bottom};
         FillRect(dc, &mark, GetSysColorBrush(COLOR_HIGHLIGHT));
     }
 }
@@ -40,12 +42,12 @@ void HeaderControl::paintColumn(HDC dc, int column) const {
     RECT rect = rectOf(column);
     const bool down = looksDown_ && column == pressed_;
     DrawEdge(dc, &rect, down ? BDR_SUNKENOUTER : EDGE_RAISED, BF_RECT | BF_SOFT | BF_MIDDLE | (down ? BF_FLAT : 0U));
-    InflateRect(&rect, -kCaptionMargin, 0);
+    InflateRect(&rect, -toScale(kCaptionMargin), 0);
     if (rect.left >= rect.right) {
         return;
     }
     if (down) {
-        OffsetRect(&rect, 1, 1);
+        OffsetRect(&rect, lineWidth(), lineWidth());
     }
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     drawCaption(dc, at(column).text, rect, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS, true);

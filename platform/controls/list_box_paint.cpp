@@ -2,6 +2,7 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/control_colours.h"
 #include "platform/controls/list_box.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 
@@ -48,8 +49,8 @@ void ListBox::paintRow(HDC dc, int index, HBRUSH background) {
         SetBkColor(dc, GetSysColor(COLOR_HIGHLIGHT));
     }
     const std::string& text = items_.at(index).text;
-    ExtTextOutA(dc, row.left + 1, row.top, ETO_OPAQUE | ETO_CLIPPED, &row, text.data(), static_cast<UINT>(text.size()),
-                nullptr);
+    ExtTextOutA(dc, static_cast<int>(row.left) + toScale(1), static_cast<int>(row.top), ETO_OPAQUE | ETO_CLIPPED, &row,
+                text.data(), static_cast<UINT>(text.size()), nullptr);
     SetTextColor(dc, textColour);
     SetBkColor(dc, backColour);
     if (focused_ && index == caret_) {

@@ -1,13 +1,15 @@
 // The scroll bar of a list.
 #include "platform/controls/list_scroll_bar.h"
 
+#include "platform/graphics/scale.h"
+
 #include <algorithm>
 #include <cstdint>
 
 namespace platform {
 namespace {
 
-constexpr int kLeastThumb = 8;
+constexpr int kLeastThumb = 8;  // Pixels at 96 dots an inch.
 
 // Rounded down; of more rows than the product of two ints can hold as well.
 int scaled(int value, int factor, int divisor) {
@@ -39,7 +41,7 @@ RECT ListScrollBar::partRect(Part part) const {
     const int trackStart = start() + arrowLength();
     const int trackEnd = end() - arrowLength();
     const int track = trackEnd - trackStart;
-    int thumb = hidden() > 0 ? std::max(scaled(track, page_, count_), kLeastThumb) : 0;
+    int thumb = hidden() > 0 ? std::max(scaled(track, page_, count_), toScale(kLeastThumb)) : 0;
     if (thumb > track) {
         thumb = 0;
     }

@@ -3,6 +3,7 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/list_view_parts.h"
+#include "platform/graphics/scale.h"
 
 #include <algorithm>
 #include <new>
@@ -10,10 +11,11 @@
 namespace platform {
 namespace {
 
-constexpr int kEditOverlap = 2;  // Pixels by which the edit begins before the label.
-constexpr int kEditRise = 1;     // Pixels by which it is higher than the row, above and below.
-constexpr int kEditSpare = 26;   // Pixels that it is wider than its text.
-constexpr int kEditMargin = 3;   // Pixels beside its text.
+// Pixels at 96 dots an inch.
+constexpr int kEditOverlap = 2;  // By which the edit begins before the label.
+constexpr int kEditRise = 1;     // By which it is higher than the row, above and below.
+constexpr int kEditSpare = 26;   // What it is wider than its text.
+constexpr int kEditMargin = 3;   // Beside its text.
 
 }  // namespace
 
@@ -61,7 +63,8 @@ HWND ListView::onLvmEditLabel(int row) {
     edit_ = edit;
     editRow_ = row;
     placeEdit();
-    SendMessageA(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(kEditMargin, kEditMargin));
+    SendMessageA(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
+                 MAKELPARAM(toScale(kEditMargin), toScale(kEditMargin)));
     NMLVDISPINFOA begin{};
     begin.item.iItem = row;
     begin.item.mask = LVIF_TEXT;
@@ -108,10 +111,11 @@ void ListView::placeEdit() {
         GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
     }
     const RECT label = labelRect(editRow_);
-    const int left = label.left - kEditOverlap;
-    const int width = std::min(static_cast<int>(size.cx) + kEditSpare, static_cast<int>(rowsRect().right) - left);
-    SetWindowPos(edit_, nullptr, left, label.top - kEditRise, std::max(width, 0), rowHeight_ + 2 * kEditRise,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const int left = label.left - toScale(kEditOverlap);
+    const int width =
+        std::min(static_cast<int>(size.cx) + toScale(kEditSpare), static_cast<int>(rowsRect().right) - left);
+    SetWindowPos(edit_, nullptr, left, label.top - toScale(kEditRise), std::max(width, 0),
+                 rowHeight_ + 2 * toScale(kEditRise), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 bool ListView::endEdit(bool accept) {

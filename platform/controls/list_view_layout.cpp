@@ -2,6 +2,7 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/list_view_parts.h"
+#include "platform/graphics/scale.h"
 
 #include <algorithm>
 #include <limits>
@@ -9,7 +10,7 @@
 namespace platform {
 namespace {
 
-constexpr int kWideLine = 6;  // Pixels by which an arrow scrolls sideways.
+constexpr int kWideLine = 6;  // Pixels at 96 dots an inch by which an arrow scrolls sideways.
 
 }  // namespace
 
@@ -21,7 +22,7 @@ void ListView::measure() {
         GetTextMetricsA(dc, &metrics);
     }
     textHeight_ = metrics.tmHeight;
-    rowHeight_ = std::max(textHeight_, hasCheckBoxes() ? kBoxSize + 1 : 1);
+    rowHeight_ = std::max(textHeight_, hasCheckBoxes() ? toScale(kBoxSize) + 1 : 1);
     RECT around = {0, 0, 0, std::numeric_limits<LONG>::max()};
     WINDOWPOS head{};
     HDLAYOUT layoutOfHead = {&around, &head};
@@ -52,7 +53,7 @@ void ListView::layout() {
     }
     const RECT room = {0, 0, bar_.rect().left, client.bottom};
     left_ = std::clamp(left_, 0, std::max(width - static_cast<int>(room.right), 0));
-    wideBar_.layout(isWide ? room : nothing, isWide ? width : 0, room.right, left_, false, kWideLine);
+    wideBar_.layout(isWide ? room : nothing, isWide ? width : 0, room.right, left_, false, toScale(kWideLine));
     SetWindowPos(header_, nullptr, -left_, 0, room.right + left_, headHeight_, SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(window_, &bar_.rect(), FALSE);
     InvalidateRect(window_, &wideBar_.rect(), FALSE);
@@ -92,7 +93,7 @@ RECT ListView::cellRect(int row, int column) const {
 
 RECT ListView::labelRect(int row) const {
     RECT rect = cellRect(row, 0);
-    rect.left = std::min(rect.right, rect.left + kRowMargin + (hasCheckBoxes() ? kBoxSize : 0));
+    rect.left = std::min(rect.right, rect.left + toScale(kRowMargin) + (hasCheckBoxes() ? toScale(kBoxSize) : 0));
     return rect;
 }
 
@@ -102,7 +103,7 @@ RECT ListView::selectRect(HDC dc, int row) const {
     SIZE size{};
     GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
     RECT rect = labelRect(row);
-    rect.right = std::min(rect.right, rect.left + size.cx + 2 * kCellPadding);
+    rect.right = std::min(rect.right, rect.left + size.cx + 2 * toScale(kCellPadding));
     return rect;
 }
 
@@ -163,7 +164,7 @@ ListView::Cell ListView::rowAt(POINT at) const {
     if (PtInRect(&label, at)) {
         hit.row = row;
         hit.flags = LVHT_ONITEMLABEL;
-    } else if (hasCheckBoxes() && at.x < label.left && at.x >= label.left - kBoxSize) {
+    } else if (hasCheckBoxes() && at.x < label.left && at.x >= label.left - toScale(kBoxSize)) {
         hit.row = row;
         hit.flags = LVHT_ONITEMSTATEICON;
     }

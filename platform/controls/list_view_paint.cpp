@@ -2,6 +2,7 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/list_view_parts.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 namespace {
@@ -9,8 +10,8 @@ namespace {
 constexpr UINT kTextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 void drawText(HDC dc, const std::string& text, RECT rect) {
-    rect.left += kCellPadding;
-    rect.right -= kCellEnd;
+    rect.left += toScale(kCellPadding);
+    rect.right -= toScale(kCellEnd);
     if (rect.left < rect.right) {
         DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect, kTextFormat);
     }
@@ -119,8 +120,9 @@ void ListView::paintCell(HDC dc, int row, int column) const {
     if (hasCheckBoxes()) {
         const RECT cell = cellRect(row, 0);
         const RECT label = labelRect(row);
-        const LONG top = cell.top + (rowHeight_ - kBoxSize) / 2;
-        RECT box = {label.left - kBoxSize, top, label.left, top + kBoxSize};
+        const LONG size = toScale(kBoxSize);
+        const LONG top = cell.top + (rowHeight_ - size) / 2;
+        RECT box = {label.left - size, top, label.left, top + size};
         const UINT image = items_.at(row).state & LVIS_STATEIMAGEMASK;
         if (image != 0 && box.right <= cell.right) {
             DrawFrameControl(dc, &box, DFC_BUTTON,

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 namespace platform {
@@ -93,7 +94,7 @@ bool Static::isText() const {
     }
 }
 
-// Etched lines are nothing but the static edge around an empty client area, so they are two pixels thick whatever
+// Etched lines are nothing but the static edge around an empty client area, so they are two lines thick whatever
 // the template says; in the other direction the edge comes on top of the length given.
 void Static::onWmCreate() const {
     const bool horizontal = kind() == SS_ETCHEDHORZ;
@@ -129,13 +130,13 @@ void Static::paint(HDC dc) const {
             DrawEdge(dc, &client, EDGE_ETCHED, BF_RECT);
             break;
         case SS_BLACKFRAME:
-            FrameRect(dc, &client, GetSysColorBrush(COLOR_3DDKSHADOW));
+            frameByLine(dc, client, GetSysColorBrush(COLOR_3DDKSHADOW));
             break;
         case SS_GRAYFRAME:
-            FrameRect(dc, &client, GetSysColorBrush(COLOR_3DSHADOW));
+            frameByLine(dc, client, GetSysColorBrush(COLOR_3DSHADOW));
             break;
         case SS_WHITEFRAME:
-            FrameRect(dc, &client, GetSysColorBrush(COLOR_3DHIGHLIGHT));
+            frameByLine(dc, client, GetSysColorBrush(COLOR_3DHIGHLIGHT));
             break;
         case SS_BLACKRECT:
             FillRect(dc, &client, GetSysColorBrush(COLOR_3DDKSHADOW));

@@ -5,12 +5,14 @@
 #include <cstring>
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 namespace platform {
 namespace {
 
 // All in pixels.
+// Pixels at 96 dots an inch.
 constexpr int kRowLeft = 2;  // The selected tab grows into this and the next margin.
 constexpr int kRowTop = 2;
 constexpr int kPaddingX = 6;       // Between a tab's side and its caption.
@@ -276,10 +278,10 @@ int TabControl::onTcmHitTest(TCHITTESTINFO& hit) {
 void TabControl::onTcmAdjustRect(bool larger, RECT& rect) {
     layout();
     const int sign = larger ? -1 : 1;
-    rect.left += sign * kBodyMargin;
-    rect.right -= sign * kBodyMargin;
-    rect.top += sign * (rowsBottom() + kBodyEdge);
-    rect.bottom -= sign * kBodyMargin;
+    rect.left += sign * toScale(kBodyMargin);
+    rect.right -= sign * toScale(kBodyMargin);
+    rect.top += sign * (rowsBottom() + toScale(kBodyEdge));
+    rect.bottom -= sign * toScale(kBodyMargin);
 }
 
 // Everything is measured once after a change, not at every insertion.
@@ -306,7 +308,7 @@ void TabControl::measure() {
         for (Item& item : items_) {
             SIZE size{};
             GetTextExtentPoint32A(dc, item.text.data(), static_cast<int>(item.text.size()), &size);
-            item.width = std::max(kMinimumWidth, size.cx + 2 * kPaddingX);
+            item.width = std::max(toScale(kMinimumWidth), size.cx + 2 * toScale(kPaddingX));
         }
     }
 }
@@ -374,21 +376,21 @@ void TabControl::bringRowForward(int index) {
 int TabControl::rowLength() const {
     RECT client;
     GetClientRect(window_, &client);
-    return client.right - 2 * kRowLeft;
+    return client.right - 2 * toScale(kRowLeft);
 }
 
 int TabControl::rowHeight() const {
-    return textHeight_ + kPaddingY;
+    return textHeight_ + toScale(kPaddingY);
 }
 
 int TabControl::rowsBottom() const {
-    return kRowTop + rows_ * rowHeight();
+    return toScale(kRowTop) + rows_ * rowHeight();
 }
 
 RECT TabControl::itemRect(int index) const {
     const Item& item = items_[static_cast<std::size_t>(index)];
-    const LONG left = kRowLeft + item.left;
-    const LONG top = kRowTop + item.row * rowHeight();
+    const LONG left = toScale(kRowLeft) + item.left;
+    const LONG top = toScale(kRowTop) + item.row * rowHeight();
     return {left, top, left + item.width, top + rowHeight()};
 }
 
@@ -405,7 +407,7 @@ int TabControl::itemAt(POINT point) const {
 void TabControl::invalidateRows() const {
     RECT rows;
     GetClientRect(window_, &rows);
-    rows.bottom = rowsBottom() + kBodyEdge;
+    rows.bottom = rowsBottom() + toScale(kBodyEdge);
     InvalidateRect(window_, &rows, TRUE);
 }
 

@@ -2,10 +2,12 @@
 // joined to the raised page area.
 #include "platform/controls/control_base.h"
 #include "platform/controls/tab_control.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 namespace {
 
+// Pixels at 96 dots an inch.
 constexpr int kGrow = 2;        // By which the selected tab is larger on every side.
 constexpr int kFocusInset = 3;  // From the tab's sides to the focus rectangle.
 
@@ -16,13 +18,16 @@ void fill(HDC dc, LONG left, LONG top, LONG right, LONG bottom, int colour) {
 
 // The outline of one tab, open at the bottom. The bottom of the ground lies `join` pixels under that of the sides.
 void paintOutline(HDC dc, const RECT& tab, int join) {
-    fill(dc, tab.left + 1, tab.top + 1, tab.right - 2, tab.bottom + join, COLOR_BTNFACE);
-    fill(dc, tab.left, tab.top + 2, tab.left + 1, tab.bottom, COLOR_3DHIGHLIGHT);
-    fill(dc, tab.left + 1, tab.top + 1, tab.left + 2, tab.top + 2, COLOR_3DHIGHLIGHT);
-    fill(dc, tab.left + 2, tab.top, tab.right - 2, tab.top + 1, COLOR_3DHIGHLIGHT);
-    fill(dc, tab.right - 2, tab.top + 2, tab.right - 1, tab.bottom, COLOR_3DSHADOW);
-    fill(dc, tab.right - 2, tab.top + 1, tab.right - 1, tab.top + 2, COLOR_3DDKSHADOW);
-    fill(dc, tab.right - 1, tab.top + 2, tab.right, tab.bottom, COLOR_3DDKSHADOW);
+    const LONG line = lineWidth();
+    const RECT inner = {tab.left + line, tab.top + line, tab.right - line, tab.bottom};
+    const RECT innermost = {inner.left + line, inner.top + line, inner.right - line, tab.bottom};
+    fill(dc, inner.left, inner.top, innermost.right, tab.bottom + join, COLOR_BTNFACE);
+    fill(dc, tab.left, innermost.top, inner.left, tab.bottom, COLOR_3DHIGHLIGHT);
+    fill(dc, inner.left, inner.top, innermost.left, innermost.top, COLOR_3DHIGHLIGHT);
+    fill(dc, innermost.left, tab.top, innermost.right, inner.top, COLOR_3DHIGHLIGHT);
+    fill(dc, innermost.right, innermost.top, inner.right, tab.bottom, COLOR_3DSHADOW);
+    fill(dc, innermost.right, inner.top, inner.right, innermost.top, COLOR_3DDKSHADOW);
+    fill(dc, inner.right, innermost.top, tab.right, tab.bottom, COLOR_3DDKSHADOW);
 }
 
 }  // namespace
@@ -53,16 +58,17 @@ void TabControl::paintItem(HDC dc, int index) const {
     RECT caption = tab;
     const bool inFront = index == selected_;
     if (inFront) {
-        tab = {tab.left - kGrow, tab.top - kGrow, tab.right + kGrow, tab.bottom};
-        OffsetRect(&caption, 0, -1);
+        const int grow = toScale(kGrow);
+        tab = {tab.left - grow, tab.top - grow, tab.right + grow, tab.bottom};
+        OffsetRect(&caption, 0, -lineWidth());
     }
-    paintOutline(dc, tab, inFront ? kGrow : 0);
+    paintOutline(dc, tab, inFront ? toScale(kGrow) : 0);
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     drawCaption(dc, items_[static_cast<std::size_t>(index)].text, caption, DT_CENTER | DT_VCENTER | DT_SINGLELINE,
                 true);
     if (inFront && GetFocus() == window_) {
         RECT focus = caption;
-        InflateRect(&focus, -kFocusInset, -1);
+        InflateRect(&focus, -toScale(kFocusInset), -lineWidth());
         DrawFocusRect(dc, &focus);
     }
 }

@@ -4,12 +4,14 @@
 #include <algorithm>
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 namespace platform {
 namespace {
 
 // All in pixels.
+// Pixels at 96 dots an inch.
 constexpr int kFullThumb = 21;    // Length of the thumb where there is room for it.
 constexpr int kLeastThumb = 4;    // Where there is none at all.
 constexpr int kThumbMargin = 5;   // Less than the room between the two.
@@ -297,10 +299,11 @@ TrackBar::Measures TrackBar::measure() const {
     GetClientRect(window_, &client);
     const int room = isVertical() ? client.right : client.bottom;
     Measures measures{};
-    measures.thumbLength = room >= kFullThumb ? kFullThumb : std::max(room - kThumbMargin, kLeastThumb);
+    measures.thumbLength = room >= toScale(kFullThumb) ? toScale(kFullThumb)
+                                                       : std::max(room - toScale(kThumbMargin), toScale(kLeastThumb));
     // Always odd, so that it has a middle.
     measures.thumbWidth = measures.thumbLength / 2 | 1;
-    measures.channelStart = measures.thumbWidth / 2 + kChannelEnds;
+    measures.channelStart = measures.thumbWidth / 2 + toScale(kChannelEnds);
     measures.channelEnd = (isVertical() ? client.bottom : client.right) - measures.channelStart;
     return measures;
 }
@@ -320,13 +323,13 @@ int TrackBar::thumbStart() const {
 RECT TrackBar::thumbRect() const {
     const Measures measures = measure();
     const int start = thumbStart();
-    return place(start, start + measures.thumbWidth, kThumbTop, kThumbTop + measures.thumbLength);
+    return place(start, start + measures.thumbWidth, toScale(kThumbTop), toScale(kThumbTop) + measures.thumbLength);
 }
 
 RECT TrackBar::channelRect() const {
     const Measures measures = measure();
-    const int top = kThumbTop + measures.thumbLength / 2 - kChannelDepth / 2;
-    return place(measures.channelStart, measures.channelEnd, top, top + kChannelDepth);
+    const int top = toScale(kThumbTop) + measures.thumbLength / 2 - toScale(kChannelDepth) / 2;
+    return place(measures.channelStart, measures.channelEnd, top, top + toScale(kChannelDepth));
 }
 
 int TrackBar::positionAt(int thumbMiddle) const {
@@ -345,7 +348,8 @@ int TrackBar::positionAt(int thumbMiddle) const {
 TrackBar::Tracking TrackBar::pagingAt(POINT point) const {
     const Measures measures = measure();
     const RECT thumb = thumbRect();
-    const RECT track = place(measures.channelStart, measures.channelEnd, kThumbTop, kThumbTop + measures.thumbLength);
+    const RECT track = place(measures.channelStart, measures.channelEnd, toScale(kThumbTop),
+                             toScale(kThumbTop) + measures.thumbLength);
     if (!PtInRect(&track, point) || PtInRect(&thumb, point)) {
         return Tracking::None;
     }

@@ -3,11 +3,10 @@
 #include "platform/controls/control_base.h"
 #include "platform/controls/control_colours.h"
 #include "platform/controls/track_bar.h"
+#include "platform/graphics/scale.h"
 
 namespace platform {
 namespace {
-
-constexpr int kThumbEdge = 2;  // Thickness in pixels of its raised edge.
 
 // All that a painting needs of the control, which the parent may destroy meanwhile.
 struct Painter {
@@ -86,9 +85,10 @@ void Painter::paintThumb() const {
     if (!held && IsWindowEnabled(window)) {
         return;
     }
+    const int edgeWidth = 2 * lineWidth();
     const COLORREF dot = GetSysColor(COLOR_3DHIGHLIGHT);
-    for (LONG y = thumb.top + kThumbEdge; y < thumb.bottom - kThumbEdge; ++y) {
-        for (LONG x = thumb.left + kThumbEdge; x < thumb.right - kThumbEdge; ++x) {
+    for (LONG y = thumb.top + edgeWidth; y < thumb.bottom - edgeWidth; ++y) {
+        for (LONG x = thumb.left + edgeWidth; x < thumb.right - edgeWidth; ++x) {
             if ((x + y) % 2 != 0) {
                 SetPixel(asked.hdc, static_cast<int>(x), static_cast<int>(y), dot);
             }

@@ -2,6 +2,7 @@
 #include "platform/dialog/dialog_create.h"
 #include "platform/dialog/dialog_state.h"
 #include "platform/dialog/message_box_icon.h"
+#include "platform/graphics/scale.h"
 #include "platform/graphics/window_dc.h"
 #include "platform/window/out_of_memory.h"
 
@@ -20,7 +21,7 @@ namespace {
 
 constexpr int kTextId = 0xFFFF;
 constexpr short kFontSize = 8;  // Points.
-// Pixels.
+// Pixels at 96 dots an inch.
 constexpr int kMargin = 12;
 constexpr int kButtonGap = 6;
 constexpr int kWidestText = 480;
@@ -107,7 +108,7 @@ DialogTemplate boxTemplate(const MessageBoxRun& run) {
 SIZE measure(HWND box, const std::string& text, UINT format) {
     HDC dc = GetDC(box);
     HGDIOBJ before = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(box, WM_GETFONT, 0, 0)));
-    RECT rect = {0, 0, kWidestText, 0};
+    RECT rect = {0, 0, toScale(kWidestText), 0};
     const bool measured = orOutOfMemory(
         [&] {
             return DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect,
@@ -126,22 +127,24 @@ SIZE measure(HWND box, const std::string& text, UINT format) {
 void layOut(HWND box, const MessageBoxRun& run) {
     const SIZE button = {horizontalPixels(kButtonWidth), verticalPixels(kButtonHeight)};
     const int count = static_cast<int>(run.buttons.size());
-    const int buttonRow = count * button.cx + (count - 1) * kButtonGap;
+    const int buttonRow = count * button.cx + (count - 1) * toScale(kButtonGap);
     const SIZE text = measure(box, run.text, DT_WORDBREAK | DT_EXPANDTABS);
     // The title is written in the window manager's font, which may be half as large again.
     const int captionWidth = measure(box, run.caption, DT_SINGLELINE).cx * 3 / 2;
-    const int titleBar = std::min(captionWidth, kWidestText) + kBesideCaption;
-    const int textLeft = kMargin + (run.hasIcon() ? kBoxIconSize + kMargin : 0);
-    const int upperHeight = std::max(text.cy, run.hasIcon() ? kBoxIconSize : 0);
-    const int width = std::max({textLeft + static_cast<int>(text.cx) + kMargin, buttonRow + 2 * kMargin, titleBar});
-    const int height = kMargin + upperHeight + kMargin + button.cy + kMargin;
+    const int titleBar = std::min(captionWidth, toScale(kWidestText)) + toScale(kBesideCaption);
+    const int textLeft = toScale(kMargin) + (run.hasIcon() ? GetSystemMetrics(SM_CXICON) + toScale(kMargin) : 0);
+    const int upperHeight = std::max(text.cy, run.hasIcon() ? GetSystemMetrics(SM_CXICON) : 0);
+    const int width =
+        std::max({textLeft + static_cast<int>(text.cx) + toScale(kMargin), buttonRow + 2 * toScale(kMargin), titleBar});
+    const int height = toScale(kMargin) + upperHeight + toScale(kMargin) + button.cy + toScale(kMargin);
 
     // A short text stands beside the middle of the icon.
-    MoveWindow(GetDlgItem(box, kTextId), textLeft, kMargin + (upperHeight - text.cy) / 2, text.cx, text.cy, FALSE);
+    MoveWindow(GetDlgItem(box, kTextId), textLeft, toScale(kMargin) + (upperHeight - text.cy) / 2, text.cx, text.cy,
+               FALSE);
     int x = (width - buttonRow) / 2;
     for (const BoxButton& each : run.buttons) {
-        MoveWindow(GetDlgItem(box, each.id), x, height - kMargin - button.cy, button.cx, button.cy, FALSE);
-        x += button.cx + kButtonGap;
+        MoveWindow(GetDlgItem(box, each.id), x, height - toScale(kMargin) - button.cy, button.cx, button.cy, FALSE);
+        x += button.cx + toScale(kButtonGap);
     }
     RECT frame = {0, 0, width, height};
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(box, GWL_STYLE)), FALSE,
@@ -154,7 +157,7 @@ void layOut(HWND box, const MessageBoxRun& run) {
 void paintIcon(HWND box, const MessageBoxRun& run) {
     PAINTSTRUCT paint{};
     HDC dc = BeginPaint(box, &paint);
-    drawBoxIcon(dc, {kMargin, kMargin}, run.type & MB_ICONMASK);
+    drawBoxIcon(dc, {toScale(kMargin), toScale(kMargin)}, run.type & MB_ICONMASK);
     EndPaint(box, &paint);
 }
 

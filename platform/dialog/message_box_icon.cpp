@@ -1,7 +1,10 @@
 // The pictures of message boxes, drawn from a few outlines, so that no picture resource is needed.
 #include "platform/dialog/message_box_icon.h"
 
+#include "platform/graphics/scale.h"
+
 #include <array>
+#include <cmath>
 #include <span>
 #include <vector>
 
@@ -17,11 +20,13 @@ constexpr COLORREF kDarkRed = RGB(128, 0, 0);
 constexpr COLORREF kBlue = RGB(32, 80, 192);
 constexpr COLORREF kDarkBlue = RGB(0, 0, 128);
 
+constexpr int kBoxIconSize = 32;  // Pixels at 96 dots an inch, width and height, of all that follows.
+
 // Brush and pen that are selected while the object lives.
 class Colours {
 public:
     Colours(HDC dc, COLORREF inside, COLORREF outline)
-        : dc_(dc), brush_(CreateSolidBrush(inside)), pen_(CreatePen(PS_SOLID, 1, outline)) {
+        : dc_(dc), brush_(CreateSolidBrush(inside)), pen_(CreatePen(PS_SOLID, lineWidth(), outline)) {
         oldBrush_ = SelectObject(dc, brush_);
         oldPen_ = SelectObject(dc, pen_);
     }
@@ -53,17 +58,32 @@ constexpr std::array kQuestionMark = {RECT{12, 6, 20, 9},   RECT{10, 8, 13, 12},
                                       RECT{17, 13, 20, 16}, RECT{15, 15, 18, 20}, RECT{15, 22, 18, 26}};
 constexpr std::array kLetterI = {RECT{14, 6, 18, 10}, RECT{12, 12, 18, 14}, RECT{14, 12, 18, 24}, RECT{12, 23, 20, 25}};
 
+// The middle of a pixel goes to the middle of one, so that what is symmetrical stays so.
+LONG pixelOf(LONG coordinate) {
+    const double size = toScale(kBoxIconSize);
+    return static_cast<LONG>(std::lround((static_cast<double>(coordinate) + 0.5) * size / kBoxIconSize - 0.5));
+}
+
+// The same of the edges between pixels: half a pixel more is taken on either side.
+RECT edgesOf(const RECT& stroke) {
+    const double scale = static_cast<double>(toScale(kBoxIconSize)) / kBoxIconSize;
+    const auto low = [scale](LONG edge) { return static_cast<LONG>(std::floor(static_cast<double>(edge) * scale)); };
+    const auto high = [scale](LONG edge) { return static_cast<LONG>(std::ceil(static_cast<double>(edge) * scale)); };
+    return {low(stroke.left), low(stroke.top), high(stroke.right), high(stroke.bottom)};
+}
+
 void drawOutline(HDC dc, POINT at, std::span<const POINT> outline) {
     std::vector<POINT> points(outline.begin(), outline.end());
     for (POINT& point : points) {
-        point = {point.x + at.x, point.y + at.y};
+        point = {at.x + pixelOf(point.x), at.y + pixelOf(point.y)};
     }
     Polygon(dc, points.data(), static_cast<int>(points.size()));
 }
 
 void drawStrokes(HDC dc, POINT at, std::span<const RECT> strokes, COLORREF colour) {
     HBRUSH brush = CreateSolidBrush(colour);
-    for (RECT stroke : strokes) {
+    for (const RECT& each : strokes) {
+        RECT stroke = edgesOf(each);
         OffsetRect(&stroke, at.x, at.y);
         FillRect(dc, &stroke, brush);
     }
@@ -72,7 +92,8 @@ void drawStrokes(HDC dc, POINT at, std::span<const RECT> strokes, COLORREF colou
 
 void drawDisc(HDC dc, POINT at, COLORREF inside, COLORREF outline) {
     const Colours colours(dc, inside, outline);
-    Ellipse(dc, at.x, at.y, at.x + kBoxIconSize, at.y + kBoxIconSize);
+    const int size = toScale(kBoxIconSize);
+    Ellipse(dc, at.x, at.y, at.x + size, at.y + size);
 }
 
 }  // namespace

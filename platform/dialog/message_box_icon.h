@@ -5,9 +5,8 @@
 
 namespace platform {
 
-constexpr int kBoxIconSize = 32;  // Pixels, width and height.
-
-// Draws the picture for a kind from MB_ICONHAND to MB_ICONASTERISK with its top left corner at the point.
+// Draws the picture for a kind from MB_ICONHAND to MB_ICONASTERISK with its top left corner at the point, as large as
+// an icon.
 void drawBoxIcon(HDC dc, POINT at, UINT kind);
 
 }  // namespace platform

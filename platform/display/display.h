@@ -89,6 +89,8 @@ public:
         const SIZE screen = screenSize();
         return {0, 0, screen.cx, screen.cy};
     }
+    // 0 where nobody has said how fine the screen is.
+    virtual int dotsPerInch() const { return 0; }
     virtual POINT cursorPosition() const = 0;
     virtual void beep() = 0;
 

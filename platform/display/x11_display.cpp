@@ -8,6 +8,8 @@
 #include <poll.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 namespace platform {
 namespace {
@@ -198,6 +200,14 @@ void X11Display::setCaretRect(HWND window, const RECT& rect) {
 SIZE X11Display::screenSize() const {
     ::Display* display = connection_->display();
     return {DisplayWidth(display, connection_->screen()), DisplayHeight(display, connection_->screen())};
+}
+
+// What desktops tell their programs by the resource database; the server itself knows sizes of glass at best.
+int X11Display::dotsPerInch() const {
+    const char* value = XGetDefault(connection_->display(), "Xft", "dpi");
+    const double dots = value != nullptr ? std::strtod(value, nullptr) : 0;
+    constexpr double kMost = 10000;
+    return dots > 0 && dots < kMost ? static_cast<int>(std::lround(dots)) : 0;
 }
 
 RECT X11Display::workArea() const {

@@ -34,6 +34,7 @@ public:
     void setCaretRect(HWND window, const RECT& rect) override;
     int pump(InputSink& sink, int timeoutMs) override;
     SIZE screenSize() const override;
+    int dotsPerInch() const override;
     RECT workArea() const override;
     POINT cursorPosition() const override;
     void beep() override;

@@ -90,6 +90,7 @@ X11Survivor::X11Survivor(std::unique_ptr<X11Connection> connection) {
     attempt([&] {
         display_ = std::make_unique<X11Display>(std::move(connection));
         screenSize_ = display_->screenSize();
+        dotsPerInch_ = display_->dotsPerInch();
     });
 }
 

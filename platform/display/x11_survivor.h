@@ -31,6 +31,7 @@ public:
     int pump(InputSink& sink, int timeoutMs) override;
     bool isLost() const override { return lost_; }
     SIZE screenSize() const override { return screenSize_; }
+    int dotsPerInch() const override { return dotsPerInch_; }
     RECT workArea() const override;
     POINT cursorPosition() const override;
     void beep() override;
@@ -46,6 +47,7 @@ private:
 
     std::unique_ptr<X11Display> display_;  // Null when the connection broke while the display was made.
     SIZE screenSize_{};
+    int dotsPerInch_ = 0;
     mutable bool lost_ = false;
 };
 

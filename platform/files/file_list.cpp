@@ -3,6 +3,7 @@
 
 #include "platform/controls/control_base.h"
 #include "platform/files/file_list_parts.h"
+#include "platform/graphics/scale.h"
 
 #include <algorithm>
 #include <chrono>
@@ -74,9 +75,9 @@ void FileList::onWmSetFont(HFONT font) {
         const SelectedFont selected(dc, font_);
         TEXTMETRICA metrics{};
         GetTextMetricsA(dc, &metrics);
-        rowHeight_ = std::max(static_cast<int>(metrics.tmHeight) + 3, kPictureSize + 1);
-        sizeWidth_ = textWidth(dc, "1023 byte") + 3 * kCellPadding;
-        changedWidth_ = textWidth(dc, "2024-12-30 20:00") + 3 * kCellPadding;
+        rowHeight_ = std::max(static_cast<int>(metrics.tmHeight) + 3, toScale(kPictureSize) + 1);
+        sizeWidth_ = textWidth(dc, "1023 byte") + 3 * toScale(kCellPadding);
+        changedWidth_ = textWidth(dc, "2024-12-30 20:00") + 3 * toScale(kCellPadding);
     }
     ReleaseDC(window_, dc);
     onWmSize();

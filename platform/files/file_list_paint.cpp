@@ -3,6 +3,7 @@
 #include "platform/files/file_list.h"
 #include "platform/files/file_list_parts.h"
 #include "platform/files/swedish_text.h"
+#include "platform/graphics/scale.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +13,7 @@ namespace platform {
 namespace {
 
 constexpr std::chrono::milliseconds kLookUpWhilePainting{5};
+// Pixels at 96 dots an inch.
 constexpr int kLeastNameWidth = 120;  // Columns that leave less for the name are left out.
 constexpr int kArrowWidth = 8;
 constexpr COLORREF kFolderColour = RGB(255, 215, 110);
@@ -35,10 +37,10 @@ void fill(HDC dc, const RECT& rect, COLORREF colour) {
     SetBkColor(dc, before);
 }
 
-// A box with an edge of one pixel.
+// A box with an edge of one line.
 void fillBox(HDC dc, RECT rect, COLORREF edge, COLORREF inside) {
     fill(dc, rect, edge);
-    InflateRect(&rect, -1, -1);
+    InflateRect(&rect, -lineWidth(), -lineWidth());
     fill(dc, rect, inside);
 }
 
@@ -49,9 +51,10 @@ void drawText(HDC dc, const std::string& text, RECT rect, UINT format) {
 
 // The triangle that shows by which column the rows are sorted.
 void drawArrow(HDC dc, int left, int middle, bool descending) {
-    for (int i = 0; i < kArrowWidth / 2; ++i) {
-        const int y = descending ? middle + kArrowWidth / 4 - i : middle - kArrowWidth / 4 + i;
-        const int centre = left + kArrowWidth / 2;
+    const int half = toScale(kArrowWidth) / 2;
+    for (int i = 0; i < half; ++i) {
+        const int y = descending ? middle + half / 2 - i : middle - half / 2 + i;
+        const int centre = left + half;
         fill(dc, {centre - i, y, centre + i + 1, y + 1}, GetSysColor(COLOR_3DSHADOW));
     }
 }
@@ -59,18 +62,21 @@ void drawArrow(HDC dc, int left, int middle, bool descending) {
 }  // namespace
 
 void drawFilePicture(HDC dc, POINT at, bool isFolder) {
-    const LONG x = at.x;
-    const LONG y = at.y;
+    const auto part = [at](int left, int top, int right, int bottom) {
+        return RECT{at.x + toScale(left), at.y + toScale(top), at.x + toScale(right), at.y + toScale(bottom)};
+    };
     if (isFolder) {
-        fillBox(dc, {x + 1, y + 2, x + 8, y + 6}, kFolderEdge, kFolderColour);
-        fillBox(dc, {x + 1, y + 4, x + 15, y + 14}, kFolderEdge, kFolderColour);
-        fill(dc, {x + 2, y + 5, x + 14, y + 6}, GetSysColor(COLOR_WINDOW));
+        fillBox(dc, part(1, 2, 8, 6), kFolderEdge, kFolderColour);
+        fillBox(dc, part(1, 4, 15, 14), kFolderEdge, kFolderColour);
+        fill(dc, part(2, 5, 14, 6), GetSysColor(COLOR_WINDOW));
         return;
     }
     const COLORREF edge = GetSysColor(COLOR_3DSHADOW);
-    fillBox(dc, {x + 3, y + 1, x + 13, y + 15}, edge, GetSysColor(COLOR_WINDOW));
-    for (LONG line = y + 4; line < y + 13; line += 2) {
-        fill(dc, {x + 5, line, x + 11, line + 1}, GetSysColor(COLOR_3DLIGHT));
+    fillBox(dc, part(3, 1, 13, 15), edge, GetSysColor(COLOR_WINDOW));
+    for (int line = 4; line < 13; line += 2) {
+        RECT stroke = part(5, line, 11, line + 1);
+        stroke.bottom = stroke.top + lineWidth();
+        fill(dc, stroke, GetSysColor(COLOR_3DLIGHT));
     }
 }
 
@@ -83,8 +89,8 @@ RECT FileList::headRect(Column column) const {
     GetClientRect(window_, &client);
     const int right = rowsRect().right;
     const int both = sizeWidth_ + changedWidth_;
-    const int changed = right - both >= kLeastNameWidth ? changedWidth_ : 0;
-    const int size = right - sizeWidth_ >= kLeastNameWidth ? sizeWidth_ : 0;
+    const int changed = right - both >= toScale(kLeastNameWidth) ? changedWidth_ : 0;
+    const int size = right - sizeWidth_ >= toScale(kLeastNameWidth) ? sizeWidth_ : 0;
     RECT head = {0, 0, right - changed - size, headHeight(rowHeight_)};
     if (column == Column::Size) {
         head.left = head.right;
@@ -155,14 +161,14 @@ void FileList::paintHeads(HDC dc) const {
         RECT text = head;
         DrawEdge(dc, &head, down ? static_cast<UINT>(BDR_SUNKENOUTER) : static_cast<UINT>(EDGE_RAISED),
                  BF_RECT | BF_SOFT);
-        InflateRect(&text, -kCellPadding, 0);
-        OffsetRect(&text, down, down);
+        InflateRect(&text, -toScale(kCellPadding), 0);
+        OffsetRect(&text, down ? lineWidth() : 0, down ? lineWidth() : 0);
         const bool toTheRight = column == Column::Size;
         if (sorted) {
-            drawArrow(dc, toTheRight ? text.left : text.right - kArrowWidth, (text.top + text.bottom) / 2,
+            drawArrow(dc, toTheRight ? text.left : text.right - toScale(kArrowWidth), (text.top + text.bottom) / 2,
                       listing_.order().descending);
         }
-        text.right -= sorted && !toTheRight ? kArrowWidth + 2 : 0;
+        text.right -= sorted && !toTheRight ? toScale(kArrowWidth + 2) : 0;
         drawText(dc, captionOf(column), text, toTheRight ? DT_RIGHT : DT_LEFT);
     }
     RECT corner;
@@ -179,14 +185,14 @@ void FileList::paintRow(HDC dc, int row) const {
     const bool selected = selected_ == listing_.entryOfRow(index);
     const int back = !selected ? COLOR_WINDOW : focused_ ? COLOR_HIGHLIGHT : COLOR_3DFACE;
     FillRect(dc, &rect, GetSysColorBrush(back));
-    drawFilePicture(dc, {rect.left + 2, rect.top + (rowHeight_ - kPictureSize) / 2}, entry.isFolder);
+    drawFilePicture(dc, {rect.left + toScale(2), rect.top + (rowHeight_ - toScale(kPictureSize)) / 2}, entry.isFolder);
     SetBkMode(dc, TRANSPARENT);
     const int plain = entry.isNameable ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT;
     SetTextColor(dc, GetSysColor(selected && focused_ ? COLOR_HIGHLIGHTTEXT : plain));
     const auto cell = [&](Column column) {
         RECT text = headRect(column);
-        text.left += column == Column::Name ? kPictureSize + kCellPadding : kCellPadding;
-        text.right -= kCellPadding;
+        text.left += column == Column::Name ? toScale(kPictureSize) + toScale(kCellPadding) : toScale(kCellPadding);
+        text.right -= toScale(kCellPadding);
         text.top = rect.top;
         text.bottom = rect.bottom;
         return text;

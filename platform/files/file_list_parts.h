@@ -1,6 +1,8 @@
 // Measures and timers of the file list.
 #pragma once
 
+#include "platform/graphics/scale.h"
+
 #include <windows.h>
 
 namespace platform {
@@ -8,13 +10,13 @@ namespace platform {
 constexpr UINT_PTR kRepeatTimer = 1;  // Repeats what a held mouse button does.
 constexpr UINT_PTR kReadTimer = 2;
 
-// Pixels.
+// Pixels at 96 dots an inch.
 constexpr int kPictureSize = 16;  // Of a folder or file, square.
 constexpr int kCellPadding = 6;
 constexpr int kHeadPadding = 4;  // More height than that of a row.
 
-constexpr int headHeight(int rowHeight) {
-    return rowHeight + kHeadPadding;
+inline int headHeight(int rowHeight) {
+    return rowHeight + toScale(kHeadPadding);
 }
 
 inline POINT pointerIn(HWND window) {

@@ -11,7 +11,6 @@ namespace platform {
 namespace {
 
 constexpr int kMostRows = 8;
-constexpr int kBorders = 2;
 constexpr int kNothing = -1;
 
 }  // namespace
@@ -130,7 +129,8 @@ void NameField::show(const std::vector<std::string>& names) {
     GetWindowRect(edit_, &field);
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
     const int rows = std::min(static_cast<int>(names.size()), kMostRows);
-    const int height = rows * static_cast<int>(SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0)) + kBorders;
+    const int height =
+        rows * static_cast<int>(SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0)) + 2 * GetSystemMetrics(SM_CYBORDER);
     const bool above = field.bottom + height > area.bottom && field.top - height >= area.top;
     SetWindowPos(list_, HWND_TOPMOST, field.left, above ? field.top - height : field.bottom, field.right - field.left,
                  height, SWP_NOACTIVATE | SWP_SHOWWINDOW);

@@ -7,6 +7,7 @@
 #include "platform/files/file_list_parts.h"
 #include "platform/files/file_path.h"
 #include "platform/files/open_file_parts.h"
+#include "platform/graphics/scale.h"
 
 #include <cderr.h>
 #include <dlgs.h>
@@ -17,9 +18,8 @@ namespace platform {
 
 namespace {
 
-constexpr short kFontSize = 8;                       // Points.
-constexpr int kFolderItemHeight = kPictureSize + 1;  // Pixels.
-constexpr int kDroppedHeight = 200;                  // Pixels, of the open drop-down lists.
+constexpr short kFontSize = 8;       // Points.
+constexpr int kDroppedHeight = 200;  // Pixels at 96 dots an inch, of the open drop-down lists.
 
 // Dialog units.
 constexpr short kWidth = 380;
@@ -146,7 +146,7 @@ void OpenFileDialog::onWmInitDialog(HWND dialog) {
     window_ = dialog;
     name_ = std::make_unique<NameField>(
         item(edt1), [this](const std::string& typed) { return namesFor(typed); }, [this] { goUp(); });
-    SendDlgItemMessageA(window_, cmb2, CB_SETITEMHEIGHT, 0, kFolderItemHeight);
+    SendDlgItemMessageA(window_, cmb2, CB_SETITEMHEIGHT, 0, toScale(kPictureSize + 1));
     for (const FileType& type : types_) {
         SendDlgItemMessageA(window_, cmb1, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(type.name.c_str()));
     }
@@ -212,7 +212,7 @@ void OpenFileDialog::layOut() {
     int y = margin;
     const int upLeft = right - 2 * placeButton - gap;
     place(stc4, margin, y + labelTop, label, line - labelTop);
-    place(cmb2, fieldLeft, y, upLeft - gap - fieldLeft, kDroppedHeight);
+    place(cmb2, fieldLeft, y, upLeft - gap - fieldLeft, toScale(kDroppedHeight));
     place(kUpButtonId, upLeft, y, placeButton, line);
     place(kHomeButtonId, right - placeButton, y, placeButton, line);
 
@@ -227,7 +227,7 @@ void OpenFileDialog::layOut() {
     place(IDOK, buttonLeft, y, button, line);
     y += line + gap;
     place(stc2, margin, y + labelTop, label, line - labelTop);
-    place(cmb1, fieldLeft, y, fieldWidth, kDroppedHeight);
+    place(cmb1, fieldLeft, y, fieldWidth, toScale(kDroppedHeight));
     place(IDCANCEL, buttonLeft, y, button, line);
     if (child_ != nullptr) {
         MoveWindow(child_, 0, client.bottom - childHeight(), client.right, childHeight(), TRUE);

@@ -4,6 +4,7 @@
 #include "platform/files/file_path.h"
 #include "platform/files/open_file_dialog.h"
 #include "platform/files/open_file_parts.h"
+#include "platform/graphics/scale.h"
 #include "platform/resources/code_page.h"
 
 #include <dlgs.h>
@@ -21,7 +22,7 @@ namespace platform {
 
 namespace {
 
-constexpr int kIndent = 12;  // Pixels, of a folder below the one above.
+constexpr int kIndent = 12;  // Pixels at 96 dots an inch, of a folder below the one above.
 
 const char* reasonOf(int error) {
     switch (error) {
@@ -209,9 +210,9 @@ void OpenFileDialog::onWmDrawItem(const DRAWITEMSTRUCT& draw) const {
     const bool selected = (draw.itemState & ODS_SELECTED) != 0;
     RECT rect = draw.rcItem;
     FillRect(draw.hDC, &rect, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    rect.left += 2 + (isField ? 0 : place.depth * kIndent);
-    drawFilePicture(draw.hDC, {rect.left, (rect.top + rect.bottom - kPictureSize) / 2}, true);
-    rect.left += kPictureSize + kCellPadding;
+    rect.left += toScale(2) + (isField ? 0 : place.depth * toScale(kIndent));
+    drawFilePicture(draw.hDC, {rect.left, (rect.top + rect.bottom - toScale(kPictureSize)) / 2}, true);
+    rect.left += toScale(kPictureSize) + toScale(kCellPadding);
     std::string text = shownPath(place.folder);
     if (isField) {
         text = fittingEnd(draw.hDC, text, rect.right - rect.left);

@@ -1,9 +1,10 @@
 // Copying and stretching from one context to another. Stretching by dropping and repeating pixels, or by
-// combining them (AND) when the context's mode asks for black on white; there is no smoothing mode.
+// combining them when the context's mode asks for it: by AND for black on white, by their average for halftones.
 #include "platform/graphics/painting.h"
 
 #include <windows.h>
 
+#include <array>
 #include <cstring>
 #include <vector>
 
@@ -68,8 +69,74 @@ Pixel combined(const Surface& surface, SourceRange columns, SourceRange rows) {
 struct Stretch {
     Axis columns;
     Axis rows;
-    bool combine;
+    int mode;
 };
+
+// A source pixel and how much of it a destination pixel covers, in parts of the source's pixel.
+struct Share {
+    int index;
+    std::int64_t weight;
+};
+
+// Along one axis: the destination pixel lies over a stretch of the source, whose ends may be within pixels. The weights
+// add up to the source's length.
+std::vector<Share> sharesOf(const Axis& axis, int position) {
+    const std::int64_t count = std::abs(axis.toLength);
+    const std::int64_t sourceCount = std::abs(axis.fromLength);
+    const std::int64_t index = axis.toLength > 0 ? position - axis.to : axis.to - position;
+    const std::int64_t start = index * sourceCount;
+    const std::int64_t end = start + sourceCount;
+    std::vector<Share> shares;
+    for (std::int64_t i = start / count; i * count < end; ++i) {
+        const std::int64_t weight = std::min(end, (i + 1) * count) - std::max(start, i * count);
+        shares.push_back({limited(axis.fromLength > 0 ? axis.from + i : axis.from - i), weight});
+    }
+    return shares;
+}
+
+bool within(const std::vector<Share>& shares, int length) {
+    return std::all_of(shares.begin(), shares.end(),
+                       [length](const Share& share) { return share.index >= 0 && share.index < length; });
+}
+
+Pixel averaged(const Surface& surface, const std::vector<Share>& columns, const std::vector<Share>& rows) {
+    constexpr int kChannels = 3;
+    std::array<std::int64_t, kChannels> sums{};
+    std::int64_t weights = 0;
+    for (const Share& row : rows) {
+        for (const Share& column : columns) {
+            const Pixel pixel = surface.row(row.index)[column.index];
+            const std::int64_t weight = row.weight * column.weight;
+            weights += weight;
+            for (int channel = 0; channel < kChannels; ++channel) {
+                sums[static_cast<std::size_t>(channel)] += weight * ((pixel >> (8 * channel)) & 0xFF);
+            }
+        }
+    }
+    Pixel average = 0;
+    for (int channel = 0; channel < kChannels; ++channel) {
+        const std::int64_t sum = sums[static_cast<std::size_t>(channel)];
+        average |= static_cast<Pixel>((sum + weights / 2) / weights) << (8 * channel);
+    }
+    return average;
+}
+
+// As stretchPart; what the source does not have leaves the destination as it was.
+void averagePart(Surface& to, const Surface& from, const Stretch& stretch, const RECT& part) {
+    std::vector<std::vector<Share>> columns;
+    for (int x = part.left; x < part.right; ++x) {
+        columns.push_back(sharesOf(stretch.columns, x));
+    }
+    for (int y = part.top; y < part.bottom; ++y) {
+        const std::vector<Share> rows = sharesOf(stretch.rows, y);
+        for (int x = part.left; within(rows, from.height()) && x < part.right; ++x) {
+            const std::vector<Share>& column = columns[static_cast<std::size_t>(x - part.left)];
+            if (within(column, from.width())) {
+                to.row(y)[x] = averaged(from, column, rows);
+            }
+        }
+    }
+}
 
 bool within(SourceRange range, int low, int high) {
     return std::min(range.first, range.last) >= low && std::max(range.first, range.last) < high;
@@ -98,7 +165,8 @@ void stretchPart(Surface& to, const Surface& from, const Stretch& stretch, const
         // Of dropped pixels the last of a row and the first of a column remain, as on the system.
         const Pixel* source = from.row(rows.first);
         for (const Column& column : columns) {
-            target[column.x] = stretch.combine ? combined(from, column.source, rows) : source[column.source.last];
+            target[column.x] =
+                stretch.mode == BLACKONWHITE ? combined(from, column.source, rows) : source[column.source.last];
         }
     }
 }
@@ -117,7 +185,8 @@ void stretchCopy(DeviceContext& to, DeviceContext& from, const Stretch& stretch)
         std::copy(source->row(0), source->row(source->height()), copy.row(0));
         source = &copy;
     }
-    paintVisible(to, area, [&](const RECT& part) { stretchPart(*to.surface(), *source, stretch, part); });
+    const auto draw = stretch.mode == HALFTONE ? averagePart : stretchPart;
+    paintVisible(to, area, [&](const RECT& part) { draw(*to.surface(), *source, stretch, part); });
 }
 
 // Moves the rows in the order that leaves an overlapping source intact.
@@ -143,7 +212,7 @@ void copyArea(DeviceContext& to, DeviceContext& from, const RECT& area, int dx, 
     if (sameSurface && to.clip().rects().size() > 1) {
         const Axis columns = {area.left, area.right - area.left, area.left + dx, area.right - area.left};
         const Axis rows = {area.top, area.bottom - area.top, area.top + dy, area.bottom - area.top};
-        stretchCopy(to, from, {columns, rows, false});
+        stretchCopy(to, from, {columns, rows, COLORONCOLOR});
         return;
     }
     paintVisible(to, readable, [&](const RECT& part) { copyRows(*to.surface(), *from.surface(), part, dx, dy); });
@@ -187,6 +256,6 @@ BOOL StretchBlt(HDC toHandle, int x, int y, int width, int height, HDC fromHandl
     const POINT source = toSurface(*from, fromX, fromY);
     const Axis columns = {target.x, limited(width), source.x, limited(fromWidth)};
     const Axis rows = {target.y, limited(height), source.y, limited(fromHeight)};
-    stretchCopy(*to, *from, {columns, rows, to->state().stretchMode == BLACKONWHITE});
+    stretchCopy(*to, *from, {columns, rows, to->state().stretchMode});
     return TRUE;
 }

@@ -1,6 +1,7 @@
 // The state of device contexts as the window API offers it: selected objects, colours, modes, origin and clip.
 #include "platform/graphics/device_context.h"
 #include "platform/graphics/painting.h"
+#include "platform/graphics/scale.h"
 
 #include <windows.h>
 
@@ -87,7 +88,6 @@ HGDIOBJ SelectObject(HDC handle, HGDIOBJ objectHandle) {
 }
 
 int GetDeviceCaps(HDC handle, int index) {
-    constexpr int kDotsPerInch = 96;
     constexpr int kBitsPerPixel = 32;
     if (contextFromHandle(handle) == nullptr) {
         return 0;
@@ -95,7 +95,7 @@ int GetDeviceCaps(HDC handle, int index) {
     switch (index) {
         case LOGPIXELSX:
         case LOGPIXELSY:
-            return kDotsPerInch;
+            return dotsPerInch();
         case BITSPIXEL:
             return kBitsPerPixel;
         default:
@@ -119,7 +119,7 @@ int SetBkMode(HDC dc, int mode) {
     return mode == TRANSPARENT || mode == OPAQUE ? setState(dc, &ContextState::backMode, mode, 0) : 0;
 }
 int SetStretchBltMode(HDC dc, int mode) {
-    return mode >= BLACKONWHITE && mode <= COLORONCOLOR ? setState(dc, &ContextState::stretchMode, mode, 0) : 0;
+    return mode >= BLACKONWHITE && mode <= HALFTONE ? setState(dc, &ContextState::stretchMode, mode, 0) : 0;
 }
 
 BOOL SetViewportOrgEx(HDC dc, int x, int y, LPPOINT old) {

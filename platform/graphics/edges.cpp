@@ -1,5 +1,6 @@
-// DrawEdge: raised and sunken edges, two pixels wide. Diagonals are left out.
+// DrawEdge: raised and sunken edges of two lines. Diagonals are left out.
 #include "platform/graphics/painting.h"
+#include "platform/graphics/scale.h"
 #include "platform/graphics/system_colours.h"
 
 #include <windows.h>
@@ -64,23 +65,25 @@ EdgeColours coloursOf(UINT edge, UINT flags) {
 }
 
 void drawLine(DeviceContext& dc, const RECT& area, LineColours colours, UINT sides) {
+    const int width = lineWidth();
     if (colours.leftTop != kNone && (sides & BF_TOP) != 0) {
-        fillArea(dc, {area.left, area.top, area.right, area.top + 1}, systemPixel(colours.leftTop));
+        fillArea(dc, {area.left, area.top, area.right, area.top + width}, systemPixel(colours.leftTop));
     }
     if (colours.leftTop != kNone && (sides & BF_LEFT) != 0) {
-        fillArea(dc, {area.left, area.top, area.left + 1, area.bottom}, systemPixel(colours.leftTop));
+        fillArea(dc, {area.left, area.top, area.left + width, area.bottom}, systemPixel(colours.leftTop));
     }
     if (colours.rightBottom != kNone && (sides & BF_BOTTOM) != 0) {
-        fillArea(dc, {area.left, area.bottom - 1, area.right, area.bottom}, systemPixel(colours.rightBottom));
+        fillArea(dc, {area.left, area.bottom - width, area.right, area.bottom}, systemPixel(colours.rightBottom));
     }
     if (colours.rightBottom != kNone && (sides & BF_RIGHT) != 0) {
-        fillArea(dc, {area.right - 1, area.top, area.right, area.bottom}, systemPixel(colours.rightBottom));
+        fillArea(dc, {area.right - width, area.top, area.right, area.bottom}, systemPixel(colours.rightBottom));
     }
 }
 
 RECT shrunk(const RECT& rect, UINT sides) {
-    return {rect.left + ((sides & BF_LEFT) != 0 ? 1 : 0), rect.top + ((sides & BF_TOP) != 0 ? 1 : 0),
-            rect.right - ((sides & BF_RIGHT) != 0 ? 1 : 0), rect.bottom - ((sides & BF_BOTTOM) != 0 ? 1 : 0)};
+    const int width = lineWidth();
+    return {rect.left + ((sides & BF_LEFT) != 0 ? width : 0), rect.top + ((sides & BF_TOP) != 0 ? width : 0),
+            rect.right - ((sides & BF_RIGHT) != 0 ? width : 0), rect.bottom - ((sides & BF_BOTTOM) != 0 ? width : 0)};
 }
 
 }  // namespace
@@ -99,14 +102,14 @@ BOOL DrawEdge(HDC handle, LPRECT rect, UINT edge, UINT flags) {
     drawLine(*dc, second, colours.inner, flags);
 
     const bool drawn = (flags & (BF_MONO | BF_FLAT)) != 0 || !contradicts(edge);
-    const UINT widthInPixels = ((edge & kOuterBits) != 0 ? 1u : 0u) + ((edge & kInnerBits) != 0 ? 1u : 0u);
+    const UINT lines = ((edge & kOuterBits) != 0 ? 1u : 0u) + ((edge & kInnerBits) != 0 ? 1u : 0u);
     if (drawn && (flags & BF_MIDDLE) != 0) {
-        RECT middle = widthInPixels > 0 ? second : area;
-        middle = widthInPixels > 1 ? shrunk(middle, flags) : middle;
+        RECT middle = lines > 0 ? second : area;
+        middle = lines > 1 ? shrunk(middle, flags) : middle;
         fillArea(*dc, middle, systemPixel((flags & BF_MONO) != 0 ? COLOR_WINDOW : COLOR_BTNFACE));
     }
     if ((flags & BF_ADJUST) != 0) {
-        for (UINT i = 0; i < widthInPixels; ++i) {
+        for (UINT i = 0; i < lines; ++i) {
             *rect = shrunk(*rect, flags);
         }
     }

@@ -1,5 +1,6 @@
 // Filling, framing and inverting rectangles, and single pixels.
 #include "platform/graphics/painting.h"
+#include "platform/graphics/scale.h"
 #include "platform/graphics/system_colours.h"
 
 #include <windows.h>
@@ -35,6 +36,22 @@ void invertDotted(DeviceContext& dc, const DottedRun& run, int step) {
         const int y = run.from.y + i * run.dy;
         if ((step + i) % 2 == 0 && isVisible(dc, x, y)) {
             putPixel(dc, x, y, surface.row(y)[x] ^ kWhite);
+        }
+    }
+}
+
+// The same by squares as wide as a line.
+void invertDottedSquares(DeviceContext& dc, const RECT& area, int width) {
+    const RECT reach = overlapOf(area, dc.clip().bounds());
+    const RECT inside = {area.left + width, area.top + width, area.right - width, area.bottom - width};
+    for (int y = reach.top; y < reach.bottom; ++y) {
+        const bool onSide = y < inside.top || y >= inside.bottom;
+        for (int x = reach.left; x < reach.right; ++x) {
+            if (!onSide && x >= inside.left && x < inside.right) {
+                x = inside.right - 1;  // Nothing to be done up to the other side.
+            } else if (((x - area.left) / width + (y - area.top) / width) % 2 == 0) {
+                invertArea(dc, {x, y, x + 1, y + 1});
+            }
         }
     }
 }
@@ -111,6 +128,10 @@ BOOL DrawFocusRect(HDC handle, LPCRECT rect) {
     }
     const RECT area = toSurface(*dc, rect->left, rect->top, rect->right, rect->bottom);
     if (dc->surface() == nullptr || isEmpty(area)) {
+        return TRUE;
+    }
+    if (lineWidth() > 1) {
+        invertDottedSquares(*dc, area, lineWidth());
         return TRUE;
     }
     // The dots run from the upper right corner against the clock, so that they meet at the corners as on the system.

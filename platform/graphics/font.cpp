@@ -1,6 +1,7 @@
 #include "platform/graphics/font.h"
 
 #include "platform/graphics/font_files.h"
+#include "platform/graphics/scale.h"
 #include "platform/graphics/window_dc.h"
 #include "platform/resources/code_page.h"
 
@@ -17,10 +18,10 @@ namespace platform {
 
 namespace {
 
-constexpr int kDotsPerInch = 96;
 constexpr int kPointsPerInch = 72;
 
 // The usual dialog font at 96 dots per inch. Sizes without a face are in proportion to it.
+constexpr int kDialogPoints = 8;
 constexpr int kDialogEm = 11;
 constexpr int kDialogHeight = 13;
 constexpr int kDialogAverageWidth = 6;
@@ -92,12 +93,16 @@ std::vector<std::unique_ptr<SizedFont>>& sizedFonts() {
     return *fonts;
 }
 
+int emOfPoints(int points, int dots) {
+    return (std::clamp(points, 1, kLargestEm) * dots + kPointsPerInch / 2) / kPointsPerInch;
+}
+
 // A positive height is that of the line, a negative one that of the characters, as documented.
 int emOf(const LOGFONTA& font) {
     constexpr int kLargestHeight = 2 * kLargestEm;
     const int height = std::clamp(font.lfHeight, -kLargestHeight, kLargestHeight);
     if (height == 0) {
-        return kDialogEm;
+        return emOfPoints(kDialogPoints, dotsPerInch());
     }
     const int em = height < 0 ? -height : (height * kDialogEm + kDialogHeight / 2) / kDialogHeight;
     return std::clamp(em, 1, kLargestEm);
@@ -128,6 +133,32 @@ LineMetrics lineMetricsOf(FT_Face face, int em) {
 // FreeType measures in 64ths of a pixel.
 short wholePixels(FT_Pos position) {
     return static_cast<short>((position + 32) / 64);
+}
+
+SizedFont& fontOfSize(int em, bool bold) {
+    auto& fonts = sizedFonts();
+    auto found = std::find_if(fonts.begin(), fonts.end(), [em, bold](const std::unique_ptr<SizedFont>& candidate) {
+        return candidate->emHeight() == em && candidate->bold() == bold;
+    });
+    if (found == fonts.end()) {
+        fonts.push_back(std::make_unique<SizedFont>(faces().face(bold), em, bold));
+        found = std::prev(fonts.end());
+    }
+    return **found;
+}
+
+// The dialogs were drawn up for the usual font at its usual size. Another one may have wide small letters beside narrow
+// capitals, so that its average would cut captions off.
+SIZE baseUnitsOf(int em) {
+    SizedFont& font = fontOfSize(em, false);
+    double needed = 0;
+    if (!font.isUsual() || em != kDialogEm) {
+        for (const TightCaption& caption : kTightCaptions) {
+            needed = std::max(needed, font.width(caption.text) / caption.ems);
+        }
+    }
+    const int forCaptions = static_cast<int>(std::ceil(needed * kDialogAverageWidth / kDialogEm));
+    return {std::max(font.averageWidth(), forCaptions), font.height()};
 }
 
 }  // namespace
@@ -186,35 +217,21 @@ int SizedFont::width(std::string_view text) {
 }
 
 SizedFont& sizedFont(Font& font) {
-    if (font.sized != nullptr) {
-        return *font.sized;
+    if (font.sized == nullptr) {
+        font.sized = &fontOfSize(emOf(font.logical), isBold(font.logical));
     }
-    const int em = emOf(font.logical);
-    const bool bold = isBold(font.logical);
-    auto& fonts = sizedFonts();
-    auto found = std::find_if(fonts.begin(), fonts.end(), [em, bold](const std::unique_ptr<SizedFont>& candidate) {
-        return candidate->emHeight() == em && candidate->bold() == bold;
-    });
-    if (found == fonts.end()) {
-        fonts.push_back(std::make_unique<SizedFont>(faces().face(bold), em, bold));
-        found = std::prev(fonts.end());
-    }
-    font.sized = found->get();
     return *font.sized;
 }
 
-// The dialogs were drawn up for the usual font. Another one may have wide small letters beside narrow capitals, so
-// that its average would cut captions off.
 SIZE dialogBaseUnits(int pointSize) {
-    SizedFont& font = sizedFont(*findObject<Font>(dialogFont(pointSize)));
-    double needed = 0;
-    if (!font.isUsual()) {
-        for (const TightCaption& caption : kTightCaptions) {
-            needed = std::max(needed, font.width(caption.text) / caption.ems);
-        }
+    SIZE base = baseUnitsOf(emOfPoints(pointSize, dotsPerInch()));
+    if (dotsPerInch() != kUsualDotsPerInch) {
+        // Sizes of fonts are rounded, and what is no text needs its part too.
+        const SIZE usual = baseUnitsOf(emOfPoints(pointSize, kUsualDotsPerInch));
+        base = {std::max<LONG>(base.cx, toScale(static_cast<int>(usual.cx))),
+                std::max<LONG>(base.cy, toScale(static_cast<int>(usual.cy)))};
     }
-    const int forCaptions = static_cast<int>(std::ceil(needed * kDialogAverageWidth / kDialogEm));
-    return {std::max(font.averageWidth(), forCaptions), font.height()};
+    return base;
 }
 
 bool isFontFound() {
@@ -224,7 +241,7 @@ bool isFontFound() {
 HFONT dialogFont(int pointSize) {
     static auto* fonts = new std::vector<Font*>;
     LOGFONTA description{};
-    description.lfHeight = -(std::clamp(pointSize, 1, kLargestEm) * kDotsPerInch + kPointsPerInch / 2) / kPointsPerInch;
+    description.lfHeight = -emOfPoints(pointSize, dotsPerInch());
     description.lfWeight = FW_NORMAL;
     description.lfCharSet = ANSI_CHARSET;
     std::strncpy(description.lfFaceName, "MS Sans Serif", LF_FACESIZE - 1);

@@ -1,6 +1,7 @@
 // DrawFrameControl: push buttons, check boxes, radio buttons and the arrows of scroll bars and combo boxes.
 // Captions, size grips and menu marks are left out.
 #include "platform/graphics/painting.h"
+#include "platform/graphics/scale.h"
 #include "platform/graphics/system_colours.h"
 
 #include <windows.h>
@@ -15,17 +16,10 @@ namespace {
 // Pictures are rows of text: one character a pixel.
 using Picture = std::span<const std::string_view>;
 
-constexpr std::string_view kTick[] = {
-    "      K",  //
-    "     KK",  //
-    "    KKK",  //
-    "K  KKK ",  //
-    "KKKKK  ",  //
-    "KKKK   ",  //
-    " KK    ",
-};
+constexpr int kTickSize = 7;
+constexpr int kTickThickness = 3;
 
-// The ring of a radio button, 12 pixels wide; W is what the inside has.
+// The ring of a radio button, 12 pixels wide; W is what the inside has. On finer screens it is drawn as a circle.
 constexpr std::string_view kRadio[] = {
     "    SSSS    ",  //
     "  SSDDDDSS  ",  //
@@ -96,6 +90,10 @@ void fillDithered(DeviceContext& dc, const RECT& area) {
     }
 }
 
+int edgeWidth() {
+    return 2 * lineWidth();
+}
+
 RECT inset(const RECT& rect, int pixels) {
     return {rect.left + pixels, rect.top + pixels, rect.right - pixels, rect.bottom - pixels};
 }
@@ -124,17 +122,31 @@ void drawPushButton(HDC handle, DeviceContext& dc, RECT rect, UINT state) {
     const bool down = (state & (DFCS_PUSHED | DFCS_CHECKED)) != 0;
     const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0u;
     if ((state & DFCS_CHECKED) != 0) {
-        fillDithered(dc, inset(onSurface(dc, rect), 2));
+        fillDithered(dc, inset(onSurface(dc, rect), edgeWidth()));
         DrawEdge(handle, &rect, EDGE_SUNKEN, BF_RECT | BF_SOFT | flat);
         return;
     }
     DrawEdge(handle, &rect, down ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | BF_SOFT | flat);
 }
 
+// Two strokes at right angles, each column as thick as the others; the knee is two columns wide.
+void drawTick(DeviceContext& dc, const RECT& inside, Pixel pixel) {
+    const int width = toScale(kTickSize);
+    const int thickness = toScale(kTickThickness);
+    const int knee = toScale(2);  // The column at the right of the knee's middle.
+    const int rise = width - 1 - knee;
+    const int left = inside.left + (inside.right - inside.left - width) / 2;
+    const int top = inside.top + (inside.bottom - inside.top - rise - thickness) / 2;
+    for (int column = 0; column < width; ++column) {
+        const int y = top + rise - std::max({knee - 1 - column, column - knee, 0});
+        fillArea(dc, {left + column, y, left + column + 1, y + thickness}, pixel);
+    }
+}
+
 void drawCheckBox(HDC handle, DeviceContext& dc, const RECT& rect, UINT state) {
     RECT square = middleSquare(rect);
     const bool third = (state & DFCS_BUTTON3STATE) != 0 && (state & DFCS_CHECKED) != 0;
-    const RECT inside = inset(onSurface(dc, square), 2);
+    const RECT inside = inset(onSurface(dc, square), edgeWidth());
     if (third) {
         fillDithered(dc, inside);
     } else {
@@ -142,10 +154,33 @@ void drawCheckBox(HDC handle, DeviceContext& dc, const RECT& rect, UINT state) {
     }
     DrawEdge(handle, &square, EDGE_SUNKEN, BF_RECT | ((state & DFCS_FLAT) != 0 ? BF_FLAT : 0u));
     if ((state & DFCS_CHECKED) != 0) {
-        const int size = static_cast<int>(std::size(kTick));
-        const POINT at = {inside.left + (inside.right - inside.left - size) / 2,
-                          inside.top + (inside.bottom - inside.top - size) / 2};
-        drawPicture(dc, at, kTick, {third ? COLOR_BTNSHADOW : markColour(state), COLOR_WINDOW});
+        drawTick(dc, inside, systemPixel(third ? COLOR_BTNSHADOW : markColour(state)));
+    }
+}
+
+// A disc that fills the square, of another colour in its lower right half.
+void drawDisc(DeviceContext& dc, POINT at, int size, int colour, int lowerColour) {
+    for (int row = 0; row < size; ++row) {
+        const int gap = discGap(size, row);
+        const int half = std::clamp(size - row, gap, size - gap);
+        const int y = at.y + row;
+        fillArea(dc, {at.x + gap, y, at.x + half, y + 1}, systemPixel(colour));
+        fillArea(dc, {at.x + half, y, at.x + size - gap, y + 1}, systemPixel(lowerColour));
+    }
+}
+
+// The ring and the dot of a screen for which the pictures are too small: discs, each on top of the one before it.
+void drawRadioDiscs(DeviceContext& dc, POINT at, UINT state) {
+    const int size = toScale(static_cast<int>(std::size(kRadio)));
+    const int line = lineWidth();
+    drawDisc(dc, at, size, COLOR_3DSHADOW, COLOR_3DHIGHLIGHT);
+    drawDisc(dc, {at.x + line, at.y + line}, size - 2 * line, COLOR_3DDKSHADOW, COLOR_3DLIGHT);
+    const int inside = insideColour(state);
+    drawDisc(dc, {at.x + 2 * line, at.y + 2 * line}, size - 4 * line, inside, inside);
+    if ((state & DFCS_CHECKED) != 0) {
+        const int dotSize = toScale(static_cast<int>(std::size(kRadioDot)));
+        const int margin = (size - dotSize) / 2;  // The same on all sides.
+        drawDisc(dc, {at.x + margin, at.y + margin}, size - 2 * margin, markColour(state), markColour(state));
     }
 }
 
@@ -153,8 +188,12 @@ void drawRadioButton(DeviceContext& dc, const RECT& rect, UINT state) {
     const RECT square = onSurface(dc, middleSquare(rect));
     const int size = static_cast<int>(std::size(kRadio));
     const int dotSize = static_cast<int>(std::size(kRadioDot));
-    const int margin = (square.right - square.left - size + 1) / 2;
+    const int margin = (square.right - square.left - toScale(size) + 1) / 2;
     const POINT ring = {square.left + margin, square.top + margin};
+    if (toScale(size) != size) {
+        drawRadioDiscs(dc, ring, state);
+        return;
+    }
     drawPicture(dc, ring, kRadio, {COLOR_WINDOWTEXT, insideColour(state)});
     if ((state & DFCS_CHECKED) != 0) {
         const POINT dot = {ring.x + (size - dotSize) / 2, ring.y + (size - dotSize) / 2};
@@ -189,9 +228,9 @@ void drawScrollButton(HDC handle, DeviceContext& dc, RECT rect, UINT state) {
     const UINT direction = (state & 0x00FF) == DFCS_SCROLLCOMBOBOX ? DFCS_SCROLLDOWN : state & DFCS_SCROLLRIGHT;
     const RECT area = onSurface(dc, rect);
     DrawEdge(handle, &rect, pushed ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | (pushed ? BF_SOFT : 0u) | flat);
-    const int shift = pushed ? 1 : 0;
+    const int shift = pushed ? lineWidth() : 0;
     if ((state & DFCS_INACTIVE) != 0) {
-        drawArrow(dc, area, direction, {shift + 1, shift + 1}, systemPixel(COLOR_3DHIGHLIGHT));
+        drawArrow(dc, area, direction, {shift + lineWidth(), shift + lineWidth()}, systemPixel(COLOR_3DHIGHLIGHT));
     }
     drawArrow(dc, area, direction, {shift, shift},
               systemPixel((state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_BTNTEXT));
@@ -216,7 +255,7 @@ BOOL DrawFrameControl(HDC handle, LPRECT rect, UINT kind, UINT state) {
         drawCheckBox(handle, *dc, area, state);
     }
     if ((state & DFCS_ADJUSTRECT) != 0 && (kind == DFC_SCROLL || isPushButton)) {
-        *rect = inset(area, 2);
+        *rect = inset(area, edgeWidth());
     }
     return TRUE;
 }

@@ -26,6 +26,15 @@ bool isVisible(const DeviceContext& dc, int x, int y) {
            dc.clip().contains(x, y);
 }
 
+int discGap(int size, int row) {
+    const int distance = std::abs(2 * row + 1 - size);
+    int gap = 0;
+    while ((size - 1 - 2 * gap) * (size - 1 - 2 * gap) + distance * distance > size * size) {
+        ++gap;
+    }
+    return gap;
+}
+
 void fillArea(DeviceContext& dc, const RECT& area, Pixel pixel) {
     paintVisible(dc, area, [surface = dc.surface(), pixel](const RECT& part) {
         // Copies of the first row: the library's copying is as fast as memory, filling by words is not.

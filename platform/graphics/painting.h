@@ -50,6 +50,9 @@ void paintVisible(DeviceContext& dc, const RECT& area, Paint paint) {
 // Whether the context may draw on the pixel; false without a surface.
 bool isVisible(const DeviceContext& dc, int x, int y);
 
+// How far the pixels of that row of a disc are from the sides of the square around it.
+int discGap(int size, int row);
+
 // All in surface coordinates.
 void fillArea(DeviceContext& dc, const RECT& area, Pixel pixel);
 void invertArea(DeviceContext& dc, const RECT& area);

@@ -93,11 +93,7 @@ void strokePixel(DeviceContext& dc, int x, int y, const Pen& pen) {
     const int width = std::min(pen.width, 1 << 10);
     const int half = width / 2;
     for (int row = 0; row < width; ++row) {
-        const int distance = std::abs(2 * row + 1 - width);
-        int inset = 0;
-        while ((width - 1 - 2 * inset) * (width - 1 - 2 * inset) + distance * distance > width * width) {
-            ++inset;
-        }
+        const int inset = discGap(width, row);
         const int top = y - half + row;
         fillArea(dc, {x - half + inset, top, x - half + width - inset, top + 1}, pen.colour);
     }

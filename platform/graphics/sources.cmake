@@ -17,6 +17,7 @@ set(ROOM_SOURCES
     pens.cpp
     rects.cpp
     region.cpp
+    scale.cpp
     stock_objects.cpp
     surface.cpp
     system_colours.cpp

@@ -16,6 +16,12 @@ int TavrikDisplayInit(int kind);
 // The display in use: TAVRIK_DISPLAY_X11, TAVRIK_DISPLAY_MEMORY, or -1 before one is selected.
 int TavrikDisplayKind(void);
 
+// How many dots an inch of the screen has, from 96 (the usual size) to 480: all windows are laid out and painted for
+// it. To be called before the first window is created; without a call the environment variable TAVRIK_DPI decides, else
+// the resource Xft.dpi of the X server, else it is 96. GetDeviceCaps tells it (LOGPIXELSX). Returns non-zero on
+// success.
+int TavrikSetDotsPerInch(int dots);
+
 // Non-zero when the system has a font for the texts of windows. Without one property sheets and message boxes fail at
 // once: nobody could read them.
 int TavrikFontFound(void);

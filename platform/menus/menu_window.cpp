@@ -2,6 +2,7 @@
 #include "platform/menus/menu_window.h"
 
 #include "platform/controls/control_base.h"
+#include "platform/graphics/scale.h"
 #include "platform/window/builtin_classes.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace platform {
 namespace {
 
 constexpr const char* kMenuClass = "#32768";
-constexpr int kFrame = 3;        // The raised edge and one line inside it.
+// Pixels at 96 dots an inch.
 constexpr int kRowPadding = 4;   // Above and below a text, in all.
 constexpr int kTextIndent = 18;  // Room for the check marks that other menus have.
 constexpr int kTextSpare = 18;   // Behind the longest text.
@@ -83,14 +84,15 @@ void MenuWindow::measure() {
         }
     }
     ReleaseDC(window_, dc);
-    const int right = kFrame + kTextIndent + width + kTextSpare;
-    int top = kFrame;
+    const int frame = 3 * lineWidth();  // The raised edge and one line inside it.
+    const int right = frame + toScale(kTextIndent) + width + toScale(kTextSpare);
+    int top = frame;
     for (const MenuItem& item : items_) {
-        const int height = item.isSeparator() ? kSeparatorHeight : metrics.tmHeight + kRowPadding;
-        places_.push_back({kFrame, top, right, top + height});
+        const int height = item.isSeparator() ? toScale(kSeparatorHeight) : metrics.tmHeight + toScale(kRowPadding);
+        places_.push_back({frame, top, right, top + height});
         top += height;
     }
-    size_ = {right + kFrame, top + kFrame};
+    size_ = {right + frame, top + frame};
 }
 
 void MenuWindow::show(POINT at) const {
@@ -142,14 +144,15 @@ void MenuWindow::paint(HDC dc) const {
 
 void MenuWindow::paintItem(HDC dc, const MenuItem& item, RECT rect, bool selected) const {
     if (item.isSeparator()) {
-        rect = {rect.left + 1, (rect.top + rect.bottom) / 2 - 1, rect.right - 1, rect.bottom};
+        rect = {rect.left + lineWidth(), (rect.top + rect.bottom) / 2 - lineWidth(), rect.right - lineWidth(),
+                rect.bottom};
         DrawEdge(dc, &rect, EDGE_ETCHED, BF_TOP);
         return;
     }
     if (selected) {
         FillRect(dc, &rect, GetSysColorBrush(COLOR_HIGHLIGHT));
     }
-    rect.left += kTextIndent;
+    rect.left += toScale(kTextIndent);
     constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER;
     if (item.canBeChosen() || !selected) {
         SetTextColor(dc, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT));

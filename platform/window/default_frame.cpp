@@ -2,6 +2,7 @@
 // the window manager's business.
 #include "platform/window/default_frame.h"
 
+#include "platform/graphics/scale.h"
 #include "platform/window/position.h"
 #include "platform/window/window.h"
 
@@ -36,7 +37,7 @@ void drawBorders(const Window& window, HDC dc, RECT rect) {
     }
     const bool framed = (window.style & static_cast<DWORD>(WS_CAPTION)) == static_cast<DWORD>(WS_BORDER);
     if (framed) {
-        FrameRect(dc, &rect, GetSysColorBrush(COLOR_WINDOWFRAME));
+        frameByLine(dc, rect, GetSysColorBrush(COLOR_WINDOWFRAME));
     }
 }
 

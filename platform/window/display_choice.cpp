@@ -1,6 +1,7 @@
 // Selection of the display, once in a process.
 #include "platform/window/display_choice.h"
 
+#include "platform/graphics/scale.h"
 #include "platform/graphics/window_dc.h"
 
 #include <tavrikdisplay.h>
@@ -37,6 +38,10 @@ Display& display() {
     return *selection().display;
 }
 
+int displayDotsPerInch() {
+    return display().dotsPerInch();
+}
+
 bool isDisplaySelected() {
     return selection().display != nullptr;
 }
@@ -55,6 +60,10 @@ int TavrikDisplayInit(int kind) {
         return platform::selection().kind == kind ? 1 : 0;
     }
     return platform::select(kind) ? 1 : 0;
+}
+
+int TavrikSetDotsPerInch(int dots) {
+    return platform::wantDotsPerInch(dots) ? 1 : 0;
 }
 
 int TavrikFontFound(void) {

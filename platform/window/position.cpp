@@ -2,6 +2,7 @@
 // Pixels of moved children are not copied, they are painted anew.
 #include "platform/window/position.h"
 
+#include "platform/graphics/scale.h"
 #include "platform/window/activation.h"
 #include "platform/window/caret.h"
 #include "platform/window/out_of_memory.h"
@@ -277,13 +278,13 @@ int borderWidth(DWORD style, DWORD exStyle, bool topLevel) {
     int width = 0;
     // A top-level window with a caption has its frame from the window manager.
     if (has(style, WS_CAPTION) == static_cast<DWORD>(WS_BORDER) && !(topLevel && has(style, WS_THICKFRAME))) {
-        width += 1;
+        width += lineWidth();
     }
     if (has(exStyle, WS_EX_CLIENTEDGE)) {
-        width += 2;
+        width += 2 * lineWidth();
     }
     if (has(exStyle, WS_EX_STATICEDGE)) {
-        width += 1;
+        width += lineWidth();
     }
     return width;
 }

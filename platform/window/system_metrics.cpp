@@ -1,4 +1,5 @@
 // Figures of the system, the clock, errors and comparison of texts.
+#include "platform/graphics/scale.h"
 #include "platform/window/display_choice.h"
 
 #include <windows.h>
@@ -13,14 +14,16 @@ namespace {
 struct Metric {
     int index;
     int value;
+    bool isLine = false;  // Of whole lines, which grow less evenly than the rest.
 };
 
-// Those of a classic desktop at 96 dots an inch. Frames are the window manager's, so they have no width here.
+// Those of a classic desktop, in pixels at 96 dots an inch. Frames are the window manager's, so they have no width
+// here.
 constexpr Metric kMetrics[] = {
-    {SM_CXVSCROLL, 17}, {SM_CYHSCROLL, 17},   {SM_CYCAPTION, 0},    {SM_CXBORDER, 1},
-    {SM_CYBORDER, 1},   {SM_CXFIXEDFRAME, 0}, {SM_CYFIXEDFRAME, 0}, {SM_CXICON, 32},
-    {SM_CYICON, 32},    {SM_CYVSCROLL, 17},   {SM_CXDOUBLECLK, 4},  {SM_CYDOUBLECLK, 4},
-    {SM_CXEDGE, 2},     {SM_CYEDGE, 2},       {SM_CXDRAG, 4},       {SM_CYDRAG, 4},
+    {SM_CXVSCROLL, 17},     {SM_CYHSCROLL, 17},   {SM_CYCAPTION, 0},    {SM_CXBORDER, 1, true},
+    {SM_CYBORDER, 1, true}, {SM_CXFIXEDFRAME, 0}, {SM_CYFIXEDFRAME, 0}, {SM_CXICON, 32},
+    {SM_CYICON, 32},        {SM_CYVSCROLL, 17},   {SM_CXDOUBLECLK, 4},  {SM_CYDOUBLECLK, 4},
+    {SM_CXEDGE, 2, true},   {SM_CYEDGE, 2, true}, {SM_CXDRAG, 4},       {SM_CYDRAG, 4},
 };
 
 thread_local DWORD t_lastError = ERROR_SUCCESS;
@@ -68,7 +71,7 @@ int GetSystemMetrics(int index) {
     }
     for (const Metric& metric : kMetrics) {
         if (metric.index == index) {
-            return metric.value;
+            return metric.isLine ? metric.value * platform::lineWidth() : platform::toScale(metric.value);
         }
     }
     return 0;
