@@ -17,5 +17,7 @@ void DrawItemSwatch(const CBitmap& swatch, CDC& target, const RECT& item, COLORR
     DrawItemBitmap(swatch, target, item);
     const CBrush brush(colour);
     const CSelectObject selected(target, brush.GetSafeHandle());
-    target.ExtFloodFill(item.left + 4, item.top + 4, kInterior, FLOODFILLSURFACE);
+    // The first pixel inside of the frame, which is drawn as much larger as the swatch.
+    const int frame = 1 + (item.bottom - item.top - 5) / 16;
+    target.ExtFloodFill(item.left + 3 + frame, item.top + 3 + frame, kInterior, FLOODFILLSURFACE);
 }

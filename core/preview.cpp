@@ -1,6 +1,8 @@
 // Pictures on owner-drawn buttons.
 #include "core/preview.h"
 
+#include "core/pixels.h"
+
 void DrawCentredBitmap(const DRAWITEMSTRUCT& item, const CBitmap& bitmap) {
     BITMAP size{};
     RECT client{};
@@ -11,8 +13,16 @@ void DrawCentredBitmap(const DRAWITEMSTRUCT& item, const CBitmap& bitmap) {
         !GetClientRect(item.hwndItem, &client)) {
         return;
     }
+    const int width = ScaledPixels(*target, size.bmWidth);
+    const int height = ScaledPixels(*target, size.bmHeight);
     const CSelectObject selected(memory, bitmap.GetSafeHandle());
-    const int left = item.rcItem.left + (client.right - client.left - size.bmWidth) / 2;
-    const int top = item.rcItem.top + (client.bottom - client.top - size.bmHeight) / 2;
-    target->BitBlt(left, top, size.bmWidth, size.bmHeight, &memory, 0, 0, SRCCOPY);
+    const int left = item.rcItem.left + (client.right - client.left - width) / 2;
+    const int top = item.rcItem.top + (client.bottom - client.top - height) / 2;
+    // Lines that are repeated unevenly would be of two widths.
+    const bool isEven = width % size.bmWidth == 0;
+    const int formerMode = isEven ? 0 : ::SetStretchBltMode(item.hDC, HALFTONE);
+    target->StretchBlt(left, top, width, height, &memory, 0, 0, size.bmWidth, size.bmHeight, SRCCOPY);
+    if (!isEven) {
+        ::SetStretchBltMode(item.hDC, formerMode);
+    }
 }

@@ -3,5 +3,6 @@
 
 #include "framework/framework.h"
 
-// Copies a bitmap, in its own size, into the middle of the control that asks to be drawn.
+// Copies a bitmap, as large as it is on a screen of 96 dots an inch, into the middle of the control that asks to be
+// drawn.
 void DrawCentredBitmap(const DRAWITEMSTRUCT& item, const CBitmap& bitmap);

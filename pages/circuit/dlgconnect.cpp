@@ -7,6 +7,7 @@
 #include "core/colour_swatch.h"
 #include "core/numbers.h"
 #include "core/palette.h"
+#include "core/pixels.h"
 #include "core/setting_keys.h"
 #include "core/store/settings.h"
 #include "resources/resource.h"
@@ -69,11 +70,15 @@ bool IsColumnOrder(const std::array<int, kCommentColumns>& order) {
     return order == std::array{kCommentColumn, kColourColumn} || order == std::array{kColourColumn, kCommentColumn};
 }
 
-// The average of the font or, when it names none, three fifths of its height, which is negative.
-int CharacterWidth(const CWnd& window) {
+// The average of the font or, when it names none, three fifths of its height, which is negative. The fonts of finer
+// screens are a little smaller than in proportion; what is no text in a column needs its part all the same.
+int CharacterWidth(CWnd& window) {
     LOGFONTA font{};
     ::GetObjectA(reinterpret_cast<HGDIOBJ>(window.SendMessage(WM_GETFONT)), sizeof font, &font);
-    return font.lfWidth != 0 ? font.lfWidth : -font.lfHeight * 3 / 5;
+    constexpr int kUsualWidth = 6;
+    const CClientDC context(&window);
+    const int ofFont = font.lfWidth != 0 ? font.lfWidth : -font.lfHeight * 3 / 5;
+    return std::max(ofFont, ScaledPixels(context, kUsualWidth));
 }
 
 template <typename Notification>
@@ -350,7 +355,7 @@ void dlgconnect::DrawColourCell(const NMLVCUSTOMDRAW& draw) {
     // The list may have chosen the colours of a selected row.
     const COLORREF formerText = context.SetTextColor(GetSysColor(COLOR_WINDOWTEXT));
     const COLORREF formerBack = context.SetBkColor(GetSysColor(COLOR_WINDOW));
-    context.TextOut(cell.left + kTextLeft, cell.top + kTextTop, "(" + number + ") ");
+    context.TextOut(cell.left + ScaledPixels(context, kTextLeft), cell.top + kTextTop, "(" + number + ") ");
     context.SetTextColor(formerText);
     context.SetBkColor(formerBack);
 }

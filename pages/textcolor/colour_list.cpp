@@ -8,6 +8,7 @@
 #include "core/colour_swatch.h"
 #include "core/field_messages.h"
 #include "core/palette.h"
+#include "core/pixels.h"
 #include "resources/resource.h"
 
 namespace {
@@ -84,5 +85,5 @@ void DrawColourItem(const DRAWITEMSTRUCT& draw) {
     }
     // From the context's origin, so that the labels of field and list are in line with each other.
     constexpr int kLabelLeft = 16 + 4;
-    target.TextOut(kLabelLeft, draw.rcItem.top + 3, LabelOf(item));
+    target.TextOut(ScaledPixels(target, kLabelLeft), draw.rcItem.top + 3, LabelOf(item));
 }
