@@ -1,5 +1,6 @@
 // Checks all dialog templates of the resources, after the checks themselves: each has to find the fault that is put
-// into a sound template. With --other-font the fonts are not the usual ones, and that part is left out.
+// into a sound template. With --other-font the fonts are not the usual ones, or not of the usual size, and that part is
+// left out.
 #include "automation/codepage.h"
 #include "resources/resource.h"
 #include "tests/resources/template_lint.h"

@@ -11,7 +11,7 @@
 
 namespace {
 
-// All in pixels, of the system that needs more.
+// All in pixels at 96 dots an inch, of the system that needs more.
 constexpr int kMark = 13 + 4;      // A check box or radio button with the gap before its caption.
 constexpr int kPushEdge = 4;       // From the edge of a push button to its focus rectangle.
 constexpr int kFrameCaptionX = 8;  // Before and after the caption of a frame.
@@ -105,6 +105,7 @@ public:
         MapDialogRect(dialog_, &units);
         return {units.right, units.bottom};
     }
+    int scaled(int pixels) const { return pixels * GetDeviceCaps(dc_, LOGPIXELSX) / 96; }
     SIZE measure(const std::string& text, int width, UINT format) const {
         RECT rect = {0, 0, width, 0};
         DrawTextA(dc_, text.c_str(), -1, &rect, format | DT_CALCRECT);
@@ -234,13 +235,13 @@ private:
                 break;
             case Kind::Check:
             case Kind::Radio:
-                margins = kMark;
+                margins = dc_.scaled(kMark);
                 break;
             case Kind::Push:
-                margins = 2 * kPushEdge;
+                margins = dc_.scaled(2 * kPushEdge);
                 break;
             case Kind::Frame:
-                margins = 2 * kFrameCaptionX;
+                margins = dc_.scaled(2 * kFrameCaptionX);
                 break;
             default:
                 return true;
