@@ -79,6 +79,22 @@ TEST(ColourLists, DrawPictureNameAndNumber) {
     }
 }
 
+// The items of finer screens are higher, and so are the pictures and their frames.
+TEST(ColourLists, FillTheWholeInteriorOfALargeSwatch) {
+    constexpr int kSide = 36;
+    const Canvas drawn(kWidth, kWidth);
+    DRAWITEMSTRUCT item{};
+    item.CtlID = IDC_LINE_COLOUR;
+    item.itemID = 1;
+    item.hDC = drawn;
+    item.rcItem = {100, 7, kWidth, 7 + kSide + 5};
+    DrawColourItem(item);
+    const int inside = drawn.count(RGB(255, 255, 0), 100, kWidth);
+    EXPECT_GT(inside, (kSide - 6) * (kSide - 6));
+    EXPECT_EQ(drawn.count(kRed, 0, kWidth), 0);
+    EXPECT_EQ(drawn.count(kBlack, 103, 103 + kSide) + inside, kSide * kSide);
+}
+
 TEST(ColourLists, DrawNothingForWhatIsNoItem) {
     for (const int position : {-1, 257, 70000}) {
         const Canvas drawn(kWidth, kHeight);

@@ -56,6 +56,26 @@ Dib smallDib() {
 
 }  // namespace
 
+// The outer pixels lie within one of the source's each, the middle one over both.
+TEST(Stretching, HalftonesMixWhatAPixelCovers) {
+    const Canvas source(2, 1);
+    SetPixel(source, 0, 0, kBlack);
+    SetPixel(source, 1, 0, kWhite);
+    const Canvas canvas(5, 4);
+    SetStretchBltMode(canvas, HALFTONE);
+    StretchBlt(canvas, 1, 1, 3, 2, source, 0, 0, 2, 1, SRCCOPY);
+    constexpr COLORREF kGrey = RGB(128, 128, 128);
+    for (int y = 1; y < 3; ++y) {
+        EXPECT_EQ(canvas.at(1, y), kBlack);
+        EXPECT_EQ(canvas.at(2, y), kGrey);
+        EXPECT_EQ(canvas.at(3, y), kWhite);
+    }
+    EXPECT_EQ(canvas.count(kGround, 0, 5), 5 * 4 - 3 * 2);
+    StretchBlt(canvas, 4, 0, -3, 1, source, 0, 0, 2, 1, SRCCOPY);
+    EXPECT_EQ(canvas.at(2, 0), kWhite) << "mirrored";
+    EXPECT_EQ(canvas.at(4, 0), kBlack);
+}
+
 TEST(Dib, EveryDepthIsReadBottomUp) {
     EXPECT_EQ(pictureOf(Dib(10, 2, 1, {kRedEntry, kBlueEntry}, {0xFF, 0xC0, 0, 0, 0xA0, 0x40, 0, 0}).load()),
               (Picture{"BRBRRRRRRB", "BBBBBBBBBB"}));
