@@ -58,6 +58,9 @@ ExitStatus Host::Run() {
     const Display display = m_options.usesMemoryDisplay ? Display::Memory
                             : m_options.IsInteractive() ? Display::Screen
                                                         : Display::ScreenOrMemory;
+    if (m_options.awareness >= 0) {
+        UseAwareness(m_options.awareness);
+    }
     if (m_options.dotsPerInch != 0) {
         UseDotsPerInch(m_options.dotsPerInch);
     }

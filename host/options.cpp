@@ -22,6 +22,7 @@ const char* const kUsage =
     "  --scenario FILE.scn...  play scenarios instead of waiting for a user; OK writes FILE as ever\n"
     "  --screenshots DIR     write a PNG picture of each page and cancel\n"
     "  --dpi N               dots an inch of the screen, 96 to 480; as the desktop says without it\n"
+    "  --awareness KIND      unaware, system or monitor: what a Windows host knows of the screen's dots an inch\n"
     "  --memory              windows in memory, also where there is a display; for scenarios and screenshots\n"
     "  -h, --help            this text\n"
     "  --version             the version\n"
@@ -57,6 +58,16 @@ int ParseDotsPerInch(const std::string& text) {
     return dots;
 }
 
+// From the least on.
+int ParseAwareness(const std::string& text) {
+    constexpr std::string_view kKinds[] = {"unaware", "system", "monitor"};
+    const auto* kind = std::find(std::begin(kKinds), std::end(kKinds), text);
+    if (kind == std::end(kKinds)) {
+        throw UsageError("'" + text + "' is not unaware, system or monitor");
+    }
+    return static_cast<int>(kind - std::begin(kKinds));
+}
+
 std::string ParseText(const std::string& utf8) {
     std::string bytes;
     std::string problem;
@@ -74,6 +85,7 @@ constexpr Row kRows[] = {
     {"--screenshots", true, [](Options& o, const std::string& v) { o.screenshotFolder = v; }},
     {"--scenario", true, [](Options& o, const std::string& v) { o.scenarios.push_back(v); }},
     {"--dpi", true, [](Options& o, const std::string& v) { o.dotsPerInch = ParseDotsPerInch(v); }},
+    {"--awareness", true, [](Options& o, const std::string& v) { o.awareness = ParseAwareness(v); }},
     {"--memory", false, [](Options& o, const std::string&) { o.usesMemoryDisplay = true; }},
     {"--help", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
     {"-h", false, [](Options& o, const std::string&) { o.showsHelp = true; }},

@@ -19,6 +19,7 @@ struct Options {
     automation::OpenArguments open;
     std::vector<std::string> scenarios;
     std::string screenshotFolder;
+    int awareness = -1;   // -1: as the system takes a program that says nothing.
     int dotsPerInch = 0;  // 0: as the system says.
     bool usesMemoryDisplay = false;
     bool showsHelp = false;

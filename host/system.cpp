@@ -83,6 +83,17 @@ void UseProfileFolder(const std::filesystem::path& /*folder*/) {
     // The Windows folder is the only one.
 }
 
+// Of the thread, which goes before what the program or its manifest has said. Systems that do not have the function
+// know one fineness for all.
+void UseAwareness(int awareness) {
+    FARPROC function = GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetThreadDpiAwarenessContext");
+    if (function != nullptr) {
+        using SetAwareness = HANDLE(WINAPI*)(HANDLE);
+        reinterpret_cast<SetAwareness>(reinterpret_cast<void*>(function))(
+            reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1 - awareness)));
+    }
+}
+
 void UseDotsPerInch(int /*dots*/) {
     // The user has set it, and the system holds to it.
 }
@@ -128,6 +139,10 @@ ExportFunction BindExport() {
 
 void UseProfileFolder(const std::filesystem::path& folder) {
     setenv("TAVRIK_PROFILE_DIR", folder.c_str(), 1);
+}
+
+void UseAwareness(int /*awareness*/) {
+    // Every program lays out its own windows.
 }
 
 void UseDotsPerInch(int dots) {

@@ -42,6 +42,10 @@ void UseProfileFolder(const std::filesystem::path& folder);
 // To be called before ChooseDisplay.
 void UseDotsPerInch(int dots);
 
+// Tells Windows what the program knows of the screen's fineness: nothing (0), the system's (1) or each monitor's (2).
+// Elsewhere there is nothing to be told. To be called before the first window.
+void UseAwareness(int awareness);
+
 // Selects where windows appear, before the first one. False when there is no such display.
 bool ChooseDisplay(Display display);
 
