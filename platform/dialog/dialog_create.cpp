@@ -10,10 +10,6 @@
 
 namespace platform {
 
-namespace {
-
-constexpr DWORD kNoFailCreate = 0x0010;  // DS_NOFAILCREATE: a control that cannot be created is left out.
-
 RECT workArea() {
     RECT area{};
     if (!SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0)) {
@@ -21,6 +17,10 @@ RECT workArea() {
     }
     return area;
 }
+
+namespace {
+
+constexpr DWORD kNoFailCreate = 0x0010;  // DS_NOFAILCREATE: a control that cannot be created is left out.
 
 POINT insideWorkArea(POINT at, SIZE window) {
     const RECT area = workArea();

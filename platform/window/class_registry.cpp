@@ -37,6 +37,7 @@ void ensureSystemClasses() {
     registerListBoxClasses();
     registerComboBoxClass();
     registerTabClass();
+    registerScrollBarClass();
     registerTrackBarClass();
     registerHeaderClass();
     registerListViewClass();

@@ -158,6 +158,28 @@
 #define EM_POSFROMCHAR 0x00D6
 #define EM_CHARFROMPOS 0x00D7
 
+// Scroll bars.
+#define SBM_SETSCROLLINFO 0x00E9
+#define SB_LINEUP 0
+#define SB_LINEDOWN 1
+#define SB_PAGEUP 2
+#define SB_PAGEDOWN 3
+#define SB_THUMBTRACK 5
+#define SIF_RANGE 0x0001
+#define SIF_PAGE 0x0002
+#define SIF_POS 0x0004
+
+struct tagSCROLLINFO {
+    UINT cbSize;
+    UINT fMask;
+    int nMin;
+    int nMax;
+    UINT nPage;
+    int nPos;
+    int nTrackPos;
+};
+using SCROLLINFO = tagSCROLLINFO;
+
 // Buttons and statics.
 #define BM_GETCHECK 0x00F0
 #define BM_SETCHECK 0x00F1

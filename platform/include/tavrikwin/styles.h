@@ -246,6 +246,9 @@
 #define MB_DEFBUTTON2 0x00000100L
 #define MB_TASKMODAL 0x00002000L
 
+// Scroll bars.
+#define SBS_VERT 0x0001
+
 // Track bars.
 #define TBS_VERT 0x0002
 #define TBS_BOTH 0x0008
