@@ -10,7 +10,6 @@ namespace platform {
 namespace {
 
 int g_wanted = 0;
-bool g_isFixed = false;
 
 bool isOffered(int dots) {
     return dots >= kUsualDotsPerInch && dots <= kMostDotsPerInch;
@@ -25,24 +24,18 @@ int ofEnvironment() {
     return error == std::errc() && end == text.data() + text.size() && isOffered(dots) ? dots : 0;
 }
 
-int choose() {
-    g_isFixed = true;
-    if (g_wanted != 0) {
-        return g_wanted;
-    }
-    const int ofUser = ofEnvironment();
-    return ofUser != 0 ? ofUser : std::clamp(displayDotsPerInch(), kUsualDotsPerInch, kMostDotsPerInch);
-}
-
 }  // namespace
 
-int dotsPerInch() {
-    static const int fixed = choose();
-    return fixed;
+int g_dotsPerInch = 0;
+
+int fixDotsPerInch() {
+    const int ofUser = g_wanted != 0 ? g_wanted : ofEnvironment();
+    g_dotsPerInch = ofUser != 0 ? ofUser : std::clamp(displayDotsPerInch(), kUsualDotsPerInch, kMostDotsPerInch);
+    return g_dotsPerInch;
 }
 
 bool wantDotsPerInch(int wanted) {
-    if (g_isFixed || !isOffered(wanted)) {
+    if (g_dotsPerInch != 0 || !isOffered(wanted)) {
         return false;
     }
     g_wanted = wanted;

@@ -11,7 +11,11 @@ constexpr int kMostDotsPerInch = 480;
 
 // Fixed when it is first asked for: what was wanted, else the environment variable TAVRIK_DPI, else what the display
 // says. Never below 96, where the texts of the dialogs could not be read.
-int dotsPerInch();
+int fixDotsPerInch();
+extern int g_dotsPerInch;  // 0 until then.
+inline int dotsPerInch() {
+    return g_dotsPerInch != 0 ? g_dotsPerInch : fixDotsPerInch();
+}
 
 // False when the scale is fixed already, or for one that is not between 96 and 480.
 bool wantDotsPerInch(int wanted);
