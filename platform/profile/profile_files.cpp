@@ -31,7 +31,7 @@ std::string environmentText(const char* name) {
 
 // Empty when there is none: no variable names it and the user has no home.
 std::string profileFolder() {
-    const std::string own = environmentText("TAVRIK_PROFILE_DIR");
+    std::string own = environmentText("TAVRIK_PROFILE_DIR");
     if (!own.empty()) {
         return own;
     }
@@ -46,7 +46,7 @@ std::string profileFolder() {
 
 // In UTF-8; empty when there is no such place.
 std::string profilePath(LPCSTR file) {
-    const std::string path = codePageToUtf8(file != nullptr ? file : "");
+    std::string path = codePageToUtf8(file != nullptr ? file : "");
     if (path.empty() || path.find('/') != std::string::npos) {
         return path;
     }
