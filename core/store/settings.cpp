@@ -52,9 +52,10 @@ void ForEachSetting(const CMdb* store, Visit visit) {
     }
 }
 
+// Every setting that a page loads goes through the whole store, so most records end at the first character.
 bool IsSetting(const CMdbRecord& record, const char* key) {
     const char* recordKey = record.GetField(CMdbRecord::kKeyTag);
-    return recordKey != nullptr && std::strcmp(recordKey, key) == 0 &&
+    return recordKey != nullptr && *recordKey == *key && std::strcmp(recordKey, key) == 0 &&
            record.GetField(CMdbRecord::kValueTag) != nullptr;
 }
 

@@ -3,19 +3,6 @@
 
 #include <windows.h>
 
-HWND GetDlgItem(HWND dialog, int id) {
-    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (GetDlgCtrlID(child) == id) {
-            return child;
-        }
-    }
-    return nullptr;
-}
-
-int GetDlgCtrlID(HWND window) {
-    return GetWindowLongA(window, GWL_ID);
-}
-
 UINT GetDlgItemTextA(HWND dialog, int id, LPSTR text, int size) {
     if (text == nullptr || size <= 0) {
         return 0;

@@ -161,6 +161,20 @@ SIZE baseUnitsOf(int em) {
     return {std::max(font.averageWidth(), forCaptions), font.height()};
 }
 
+std::vector<InkedPixel> inkOf(const FT_Bitmap& bitmap) {
+    std::vector<InkedPixel> ink;
+    for (unsigned y = 0; y < bitmap.rows; ++y) {
+        const unsigned char* row = bitmap.buffer + static_cast<std::ptrdiff_t>(y) * bitmap.pitch;
+        for (unsigned x = 0; x < bitmap.width; ++x) {
+            if (row[x] != 0) {
+                const int weight = row[x] + (row[x] >> 7);  // 255 is full.
+                ink.push_back({static_cast<short>(x), static_cast<short>(y), static_cast<unsigned short>(weight)});
+            }
+        }
+    }
+    return ink;
+}
+
 }  // namespace
 
 SizedFont::SizedFont(FT_Face face, int emHeight, bool bold)
@@ -201,11 +215,7 @@ void SizedFont::load(unsigned char character, Glyph& glyph) {
     glyph.top = static_cast<short>(slot->bitmap_top);
     glyph.width = static_cast<short>(bitmap.width);
     glyph.height = static_cast<short>(bitmap.rows);
-    glyph.coverage = std::make_unique<BYTE[]>(std::size_t{bitmap.width} * bitmap.rows);
-    for (unsigned row = 0; row < bitmap.rows; ++row) {
-        std::memcpy(glyph.coverage.get() + std::size_t{row} * bitmap.width,
-                    bitmap.buffer + static_cast<std::ptrdiff_t>(row) * bitmap.pitch, bitmap.width);
-    }
+    glyph.ink = inkOf(bitmap);
 }
 
 int SizedFont::width(std::string_view text) {

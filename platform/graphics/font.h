@@ -5,12 +5,21 @@
 #include "platform/graphics/gdi_objects.h"
 
 #include <array>
-#include <memory>
 #include <string_view>
+#include <vector>
 
 struct FT_FaceRec_;
 
 namespace platform {
+
+// A pixel that a glyph covers, wholly or in part.
+struct InkedPixel {
+    short x = 0;
+    short y = 0;
+    unsigned short weight = 0;  // Of the ink; the ground has the rest of kFullWeight.
+
+    static constexpr unsigned short kFullWeight = 256;
+};
 
 struct Glyph {
     bool loaded = false;
@@ -19,7 +28,7 @@ struct Glyph {
     short top = 0;      // From the baseline up to the first row.
     short width = 0;
     short height = 0;
-    std::unique_ptr<BYTE[]> coverage;  // Rows of `width` bytes, 255 where the glyph covers a pixel.
+    std::vector<InkedPixel> ink;
 };
 
 class SizedFont {

@@ -36,13 +36,19 @@ int discGap(int size, int row) {
 }
 
 void fillArea(DeviceContext& dc, const RECT& area, Pixel pixel) {
+    constexpr std::size_t kNarrow = 16;
     paintVisible(dc, area, [surface = dc.surface(), pixel](const RECT& part) {
-        // Copies of the first row: the library's copying is as fast as memory, filling by words is not.
-        Pixel* first = surface->row(part.top) + part.left;
         const auto count = static_cast<std::size_t>(part.right - part.left);
+        Pixel* first = surface->row(part.top) + part.left;
         std::fill_n(first, count, pixel);
         for (int y = part.top + 1; y < part.bottom; ++y) {
-            std::memcpy(surface->row(y) + part.left, first, count * sizeof(Pixel));
+            Pixel* row = surface->row(y) + part.left;
+            if (count < kNarrow) {
+                std::fill_n(row, count, pixel);
+            } else {
+                // The library's copying is as fast as memory, filling by words is not.
+                std::memcpy(row, first, count * sizeof(Pixel));
+            }
         }
     });
 }

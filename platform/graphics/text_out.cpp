@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <array>
+
 namespace platform {
 
 namespace {
@@ -33,29 +35,55 @@ RECT glyphBox(const Glyph& glyph, int x, int baseline) {
     return {x + glyph.left, baseline - glyph.top, x + glyph.left + glyph.width, baseline - glyph.top + glyph.height};
 }
 
-constexpr BYTE kFullCoverage = 255;
-
-// Mixes by coverage, red and blue at once: each has a byte of room above it.
-Pixel mixed(Pixel under, Pixel over, unsigned coverage) {
+// Mixes by weight, red and blue at once: each has a byte of room above it.
+Pixel mixed(Pixel under, Pixel over, unsigned weight) {
     constexpr Pixel kRedBlue = 0x00FF00FF;
     constexpr Pixel kGreen = 0x0000FF00;
-    const unsigned weight = coverage + (coverage >> 7);  // 0 to 256.
-    const Pixel redBlue = ((under & kRedBlue) * (256 - weight) + (over & kRedBlue) * weight) >> 8;
-    const Pixel green = ((under & kGreen) * (256 - weight) + (over & kGreen) * weight) >> 8;
+    const unsigned rest = InkedPixel::kFullWeight - weight;
+    const Pixel redBlue = ((under & kRedBlue) * rest + (over & kRedBlue) * weight) >> 8;
+    const Pixel green = ((under & kGreen) * rest + (over & kGreen) * weight) >> 8;
     return (redBlue & kRedBlue) | (green & kGreen);
+}
+
+// All mixtures of an ink and a ground. Most text stands on one ground, and there are few of both.
+struct Mixtures {
+    Pixel ink = 0;
+    Pixel ground = 0;
+    std::array<Pixel, InkedPixel::kFullWeight + 1> byWeight{};
+};
+
+const Mixtures& mixturesOf(Pixel ink, Pixel ground) {
+    static std::array<Mixtures, 8> known;
+    static std::size_t oldest = 0;
+    for (const Mixtures& mixtures : known) {
+        if (mixtures.ink == ink && mixtures.ground == ground) {
+            return mixtures;
+        }
+    }
+    Mixtures& mixtures = known[oldest];
+    oldest = (oldest + 1) % known.size();
+    mixtures.ink = ink;
+    mixtures.ground = ground;
+    for (unsigned weight = 0; weight <= InkedPixel::kFullWeight; ++weight) {
+        mixtures.byWeight[weight] = mixed(ground, ink, weight);
+    }
+    return mixtures;
 }
 
 void drawGlyph(Surface& surface, const Glyph& glyph, const RECT& box, const RECT& part, Pixel colour) {
     const RECT visible = overlapOf(box, part);
-    for (int y = visible.top; y < visible.bottom; ++y) {
-        const BYTE* coverage = glyph.coverage.get() + static_cast<std::ptrdiff_t>(y - box.top) * glyph.width - box.left;
-        Pixel* row = surface.row(y);
-        for (int x = visible.left; x < visible.right; ++x) {
-            if (coverage[x] == kFullCoverage) {
-                row[x] = colour;
-            } else if (coverage[x] != 0) {
-                row[x] = mixed(row[x], colour, coverage[x]);
-            }
+    if (isEmpty(visible)) {
+        return;
+    }
+    const bool isWhole = EqualRect(&visible, &box) != FALSE;
+    const Mixtures& mixtures = mixturesOf(colour, surface.row(visible.top)[visible.left]);
+    Pixel* const pixels = surface.row(0);
+    const std::ptrdiff_t stride = surface.width();
+    const std::ptrdiff_t origin = box.top * stride + box.left;
+    for (const InkedPixel& inked : glyph.ink) {
+        if (isWhole || PtInRect(&visible, {box.left + inked.x, box.top + inked.y})) {
+            Pixel& pixel = pixels[origin + inked.y * stride + inked.x];
+            pixel = pixel == mixtures.ground ? mixtures.byWeight[inked.weight] : mixed(pixel, colour, inked.weight);
         }
     }
 }
@@ -74,7 +102,7 @@ void drawText(DeviceContext& dc, POINT at, std::string_view text, const INT* adv
     const int baseline = at.y + font.ascent();
     RECT ink = {kFarthest, kFarthest, -kFarthest, -kFarthest};
     forEachGlyph(font, at, text, advances, [&](const Glyph& glyph, int x) {
-        if (glyph.coverage != nullptr) {
+        if (!glyph.ink.empty()) {
             const RECT box = glyphBox(glyph, x, baseline);
             ink = {std::min(ink.left, box.left), std::min(ink.top, box.top), std::max(ink.right, box.right),
                    std::max(ink.bottom, box.bottom)};
@@ -83,7 +111,7 @@ void drawText(DeviceContext& dc, POINT at, std::string_view text, const INT* adv
     const Pixel colour = pixelOf(dc.state().textColour);
     paintVisible(dc, overlapOf(ink, limit), [&](const RECT& part) {
         forEachGlyph(font, at, text, advances, [&](const Glyph& glyph, int x) {
-            if (glyph.coverage != nullptr) {
+            if (!glyph.ink.empty()) {
                 drawGlyph(*dc.surface(), glyph, glyphBox(glyph, x, baseline), part, colour);
             }
         });

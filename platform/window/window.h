@@ -10,6 +10,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -70,8 +71,19 @@ struct Window {
     void completeExStyle();
 };
 
+// All windows by the number in their handles, which is unique among those that live. In the open, because handles are
+// looked up some hundred thousand times a second. Its windows may be destroyed as late as at the end of the process.
+constexpr std::size_t kWindowSlots = 0x8000;
+extern constinit Window* windowTable[kWindowSlots];
+inline std::size_t windowIndex(HWND handle) {
+    return (reinterpret_cast<std::uintptr_t>(handle) & 0xffff) >> 1;
+}
+
 // Null for a handle that names no living window.
-Window* findWindow(HWND handle);
+inline Window* findWindow(HWND handle) {
+    Window* window = windowTable[windowIndex(handle)];
+    return window != nullptr && window->handle == handle ? window : nullptr;
+}
 // The same, and notes the error ERROR_INVALID_WINDOW_HANDLE.
 Window* requireWindow(HWND handle);
 
@@ -95,7 +107,9 @@ Window* topLevelOf(Window& window);
 bool isDescendant(const Window& ancestor, const Window& window);
 // Visible itself and so are all its ancestors.
 bool isShown(const Window& window);
-bool isAlive(HWND handle);
+inline bool isAlive(HWND handle) {
+    return findWindow(handle) != nullptr;
+}
 
 // Screen coordinates of the upper left corner of the window, and of its client area.
 POINT windowOrigin(const Window& window);

@@ -78,6 +78,20 @@ HWND GetWindow(HWND window, UINT relation) {
     }
 }
 
+HWND GetDlgItem(HWND dialog, int id) {
+    const Window* found = requireWindow(dialog);
+    const Window* child = found ? found->firstChild : nullptr;
+    while (child && static_cast<int>(child->id) != id) {
+        child = child->next;
+    }
+    return platform::handleOf(child);
+}
+
+int GetDlgCtrlID(HWND window) {
+    const Window* found = requireWindow(window);
+    return found ? static_cast<int>(found->id) : 0;
+}
+
 HWND GetTopWindow(HWND window) {
     return GetWindow(window ? window : GetDesktopWindow(), GW_CHILD);
 }

@@ -7,90 +7,51 @@
 namespace platform {
 namespace {
 
-struct Slot {
-    std::unique_ptr<Window> window;
-    unsigned generation = 1;
-};
-
 constexpr unsigned kFirstIndex = 16;  // Keeps clear of the small numbers that have a meaning of their own.
-constexpr unsigned kMaxIndex = 0x7fff;
 constexpr unsigned kGenerationMask = 0x7fff;
 
-class HandleTable {
-public:
-    Window* find(HWND handle) const {
-        const auto value = reinterpret_cast<std::uintptr_t>(handle);
-        const std::size_t index = (value & 0xffff) >> 1;
-        if (index >= slots_.size() || (value & 1) || (value >> 16) != slots_[index].generation) {
-            return nullptr;
-        }
-        return slots_[index].window.get();
-    }
-
-    Window* allocate() {
-        auto window = std::make_unique<Window>();
-        unsigned index = 0;
-        if (!free_.empty()) {
-            index = free_.back();
-            free_.pop_back();
-        } else if (slots_.size() <= kMaxIndex) {
-            // Giving a slot back takes no memory.
-            index = static_cast<unsigned>(slots_.size());
-            slots_.emplace_back();
-            try {
-                free_.reserve(slots_.capacity());
-            } catch (...) {
-                slots_.pop_back();
-                throw;
-            }
-        } else {
-            return nullptr;
-        }
-        Slot& slot = slots_[index];
-        slot.window = std::move(window);
-        slot.window->handle =
-            reinterpret_cast<HWND>((static_cast<std::uintptr_t>(slot.generation) << 16) | (index << 1));
-        ++count_;
-        return slot.window.get();
-    }
-
-    void release(const Window& window) {
-        const auto index = static_cast<unsigned>((reinterpret_cast<std::uintptr_t>(window.handle) & 0xffff) >> 1);
-        Slot& slot = slots_[index];
-        slot.generation = (slot.generation & kGenerationMask) + 1;
-        slot.window.reset();
-        free_.push_back(index);
-        --count_;
-    }
-
-    int count() const { return count_; }
-
-private:
-    std::vector<Slot> slots_ = std::vector<Slot>(kFirstIndex);
-    std::vector<unsigned> free_;
-    int count_ = 0;
+// The rest of the table, which windows of the same number share one after the other. Giving a number back takes no
+// memory.
+struct Numbers {
+    std::uint16_t generations[kWindowSlots];  // How many windows had it before.
+    std::uint16_t free[kWindowSlots];
+    std::size_t freeCount;
+    std::size_t used;  // From kFirstIndex on.
+    int count;
 };
+constinit Numbers numbers{};
 
-// A pointer, because this is asked for some hundred thousand times a second: a static object would be asked each time
-// whether it is there yet. Never freed: windows may be destroyed as late as at the end of the process.
-HandleTable* theTable = nullptr;
-
-[[gnu::noinline]] HandleTable& makeTable() {
-    theTable = new HandleTable;
-    return *theTable;
+HWND handleOf(std::size_t index) {
+    return reinterpret_cast<HWND>(((std::uintptr_t{numbers.generations[index]} + 1) << 16) | (index << 1));
 }
 
-HandleTable& table() {
-    return theTable != nullptr ? *theTable : makeTable();
+Window* allocate() {
+    if (numbers.freeCount == 0 && kFirstIndex + numbers.used == kWindowSlots) {
+        return nullptr;
+    }
+    auto window = std::make_unique<Window>();
+    const std::size_t index =
+        numbers.freeCount != 0 ? numbers.free[--numbers.freeCount] : kFirstIndex + numbers.used++;
+    window->handle = handleOf(index);
+    ++numbers.count;
+    return windowTable[index] = window.release();
+}
+
+void release(Window& window) {
+    const std::size_t index = windowIndex(window.handle);
+    const std::unique_ptr<Window> ended(std::exchange(windowTable[index], nullptr));
+    numbers.generations[index] = (numbers.generations[index] + 1) & kGenerationMask;
+    numbers.free[numbers.freeCount++] = static_cast<std::uint16_t>(index);
+    --numbers.count;
 }
 
 // The two roots exist from the beginning and are never destroyed.
 struct Roots {
     Roots() {
-        desktop = table().allocate();
+        desktop = allocate();
         desktop->proc = DefWindowProcA;
         desktop->style = static_cast<DWORD>(WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN);
-        messages = table().allocate();
+        messages = allocate();
         messages->proc = DefWindowProcA;
         messages->style = static_cast<DWORD>(WS_POPUP);
     }
@@ -116,9 +77,7 @@ void Window::completeExStyle() {
     exStyle = framed || hasEx(WS_EX_DLGMODALFRAME) ? exStyle | raised : exStyle & ~raised;
 }
 
-Window* findWindow(HWND handle) {
-    return table().find(handle);
-}
+constinit Window* windowTable[kWindowSlots]{};
 
 Window* requireWindow(HWND handle) {
     Window* window = findWindow(handle);
@@ -137,17 +96,17 @@ Window& messageRoot() {
 
 Window* allocateWindow() {
     roots();
-    return table().allocate();
+    return allocate();
 }
 
 void releaseWindow(Window& window) {
     unlinkWindow(window);
-    table().release(window);
+    release(window);
 }
 
 int windowCount() {
     roots();
-    return table().count() - 2;
+    return numbers.count - 2;
 }
 
 void linkWindow(Window& window, Window& parent, Window* after) {
@@ -194,10 +153,6 @@ bool isShown(const Window& window) {
         up = up->parent;
     }
     return !up;
-}
-
-bool isAlive(HWND handle) {
-    return findWindow(handle) != nullptr;
 }
 
 POINT windowOrigin(const Window& window) {
