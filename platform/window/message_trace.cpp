@@ -59,6 +59,18 @@ std::string messageText(UINT message, const std::string& windowClass, WPARAM wPa
     return messageName(message) + messageArguments(Shows::Both, wParam, lParam, describeWindow);
 }
 
+// One level deeper, also when memory runs out inside.
+class Nesting {
+public:
+    explicit Nesting(int& depth) : depth_(depth) { ++depth_; }
+    ~Nesting() { --depth_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+private:
+    int& depth_;
+};
+
 }  // namespace
 
 bool isTracing() {
@@ -77,9 +89,10 @@ LRESULT callTraced(const Window& window, UINT message, WPARAM wParam, LPARAM lPa
         return proc(handle, message, wParam, lParam);
     }
     std::fprintf(out.file, "%*s%s %s\n", out.depth * 2, "", name.c_str(), text.c_str());
-    ++out.depth;
-    const LRESULT result = proc(handle, message, wParam, lParam);
-    --out.depth;
+    const LRESULT result = [&] {
+        const Nesting nesting(out.depth);
+        return proc(handle, message, wParam, lParam);
+    }();
     if (result != 0) {
         std::fprintf(out.file, "%*s-> %lld\n", out.depth * 2, "", static_cast<long long>(result));
     }
