@@ -52,10 +52,14 @@ void ForEachSetting(const CMdb* store, Visit visit) {
     }
 }
 
-// Every setting that a page loads goes through the whole store, so most records end at the first character.
 bool IsSetting(const CMdbRecord& record, const char* key) {
+    // Every setting that a page loads goes through the whole store, and most records end at their first characters.
+    const char* bytes = record.GetData();
+    if (bytes != nullptr && bytes[0] == CMdbRecord::kKeyTag && bytes[1] != *key) {
+        return false;
+    }
     const char* recordKey = record.GetField(CMdbRecord::kKeyTag);
-    return recordKey != nullptr && *recordKey == *key && std::strcmp(recordKey, key) == 0 &&
+    return recordKey != nullptr && std::strcmp(recordKey, key) == 0 &&
            record.GetField(CMdbRecord::kValueTag) != nullptr;
 }
 
