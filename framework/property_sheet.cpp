@@ -233,13 +233,22 @@ BOOL CPropertySheet::OnInitDialog() {
 BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
     const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
-    if ((!isKey && !isMouse) || SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(message)) == 0) {
+    if ((!isKey && !isMouse) || !TakeDialogMessage(message)) {
         return FALSE;
     }
     if (m_hWnd != nullptr) {
         TakeFocusFromHiddenPage();
     }
     return TRUE;
+}
+
+// The sheet itself takes keys that change the page. A character it may take for one of Unicode, while the loop has it
+// in the code page: a euro sign would become another character.
+BOOL CPropertySheet::TakeDialogMessage(MSG* message) {
+    if (message->message == WM_CHAR || message->message == WM_SYSCHAR) {
+        return ::IsDialogMessageA(m_hWnd, message);
+    }
+    return SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(message)) != 0;
 }
 
 // Not every system moves the focus along when a key changes the page: what is typed next would go to a hidden field.

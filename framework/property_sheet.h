@@ -62,6 +62,7 @@ protected:
 
 private:
     CPropertySheet(CWnd* parent, UINT firstPage);
+    BOOL TakeDialogMessage(MSG* message);
     void TakeFocusFromHiddenPage();
     HWND CreateSheet(HWND owner);
 
