@@ -105,7 +105,9 @@ void ClearStore(Stage& stage, const Command& /*command*/) {
 void CreateScratchFile(Stage& stage, const Command& command) {
     // A name that begins with the scratch folder itself replaces it.
     const std::filesystem::path path =
-        stage.options.scratchFolder / PathOf(ExpandText(stage, command.arguments[0].text));
+        stage.options.scratchFolder / PathOf(WithSlashes(ExpandText(stage, command.arguments[0].text)));
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
     std::ofstream file(path, std::ios::binary);
     file << ExpandText(stage, command.arguments[1].text);
     if (!file.flush()) {
@@ -248,7 +250,7 @@ void PressCloseBox(Stage& stage, const Command& /*command*/) {
 }
 
 void Screenshot(Stage& stage, const Command& command) {
-    SaveClient(stage.front, ConvertFrom1252(ExpandText(stage, command.arguments[0].text)));
+    SaveClient(stage.front, ConvertFrom1252(WithSlashes(ExpandText(stage, command.arguments[0].text))));
 }
 
 }  // namespace automation

@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 
@@ -158,13 +159,24 @@ std::string Expand(const Stage& stage, const std::string& text, std::time_t when
 
 }  // namespace
 
+std::string WithSlashes(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 std::string ExpandText(const Stage& stage, const std::string& text) {
     return Expand(stage, text, std::time(nullptr));
 }
 
 std::string ExpandLike(const Stage& stage, const std::string& text, const std::string& got) {
-    std::string atBegin = Expand(stage, text, stage.began);
-    return atBegin == got ? atBegin : ExpandText(stage, text);
+    const bool isPath = text.find(kScratch) != std::string::npos;
+    for (const std::time_t when : {stage.began, std::time(nullptr)}) {
+        const std::string expanded = Expand(stage, text, when);
+        if (expanded == got || (isPath && WithSlashes(expanded) == WithSlashes(got))) {
+            return got;
+        }
+    }
+    return ExpandText(stage, text);
 }
 
 }  // namespace automation

@@ -50,11 +50,14 @@ void ExpectReadableTexts(HWND control);
 // The tab control of the sheet in front; fails when no sheet is in front.
 HWND TabsOf(const Stage& stage);
 
+// A path that every system understands.
+std::string WithSlashes(std::string path);
+
 // The argument's text with %SCRATCH% and %TODAY:FORMAT% replaced, in code page 1252.
 std::string ExpandText(const Stage& stage, const std::string& text);
 
 // The same for a text that is compared with one that was seen: when midnight has come since the play began, the seen
-// one may hold either day.
+// one may hold either day, and a path in the scratch folder has the separators of its system.
 std::string ExpandLike(const Stage& stage, const std::string& text, const std::string& got);
 
 }  // namespace automation
