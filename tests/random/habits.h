@@ -41,12 +41,12 @@ constexpr const char* kValues[] = {"",
                                    "20,10;2.5;-90",
                                    "$P.$C",
                                    "99999999999999999999",
-                                   "x \xE5\xE4\xF6 \xC5\xC4\xD6 \xE9",
+                                   "x \xE5\xE4\xF6 \xC5\xC4\xD6 \x80\x96",
                                    "ett mycket l\xE5ngt v\xE4rde som inte f\xE5r plats"};
 
 // What is typed into fields.
 constexpr const char* kTexts[] = {"1",   "25",      "2.5",      "1,5",           "",   "   ", "-3",
-                                  "abc", "iec",     "i",        "x\xE5\xE4\xF6", "9.", "\"",  "0.1 ",
+                                  "abc", "iec",     "i",        "x\xE5\x80\x96", "9.", "\"",  "0.1 ",
                                   " 4",  "iec6179", "DIN 40900"};
 
 // Where a key is pressed, as bits.
