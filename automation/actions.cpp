@@ -34,7 +34,7 @@ void SelectAll(HWND control) {
 }
 
 size_t FindEntry(const Stage& stage, HWND combo, const Argument& entry) {
-    if (entry.kind == Argument::Kind::Word) {
+    if (entry.kind == Argument::Kind::Word && entry.text.starts_with('@')) {
         const auto count = static_cast<size_t>(std::max<LRESULT>(SendMessageA(combo, CB_GETCOUNT, 0, 0), 0));
         size_t index = count;
         std::from_chars(entry.text.data() + 1, entry.text.data() + entry.text.size(), index);

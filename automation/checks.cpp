@@ -218,7 +218,7 @@ void ExpectResult(Stage& stage, const Command& command) {
 void ExpectStore(Stage& stage, const Command& command) {
     const std::optional<std::string> got = stage.store.Find(command.arguments[0].text);
     const Argument& value = command.arguments[1];
-    const bool missing = value.kind == Argument::Kind::Word;
+    const bool missing = value.kind == Argument::Kind::Word && value.text == "missing";
     const std::string expected = ExpandLike(stage, value.text, got.value_or(""));
     if (missing ? got.has_value() : got != expected) {
         FailExpectation(command.arguments[0].text + " " + (missing ? "missing" : Quote(expected)),

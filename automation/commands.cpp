@@ -13,7 +13,7 @@ namespace automation {
 namespace {
 
 constexpr CommandRow kCommands[] = {
-    {"given", "kt", When::BetweenRuns, Kind::Action, Given},
+    {"given", "tt", When::BetweenRuns, Kind::Action, Given},
     {"clear", "", When::BetweenRuns, Kind::Action, ClearStore},
     {"file", "tt", When::Always, Kind::Action, CreateScratchFile},
     {"profile", "tttt", When::BetweenRuns, Kind::Action, WriteProfile},
@@ -63,8 +63,8 @@ constexpr CommandRow kCommands[] = {
     {"expect no-box", "", When::AlwaysOverBox, Kind::Check, ExpectNoBox},
 
     {"result", "n", When::BetweenRuns, Kind::Check, ExpectResult},
-    {"store", "kv", When::Always, Kind::Check, ExpectStore},
-    {"changed", "kn", When::Always, Kind::Check, ExpectChanged},
+    {"store", "tt", When::Always, Kind::Check, ExpectStore},
+    {"changed", "tn", When::Always, Kind::Check, ExpectChanged},
     {"records", "n", When::Always, Kind::Check, ExpectRecords},
     {"unchanged", "", When::Always, Kind::Check, ExpectUnchanged},
 };

@@ -107,13 +107,10 @@ const char* Mismatch(char shape, const Argument& argument) {
         case 'n':
             return word && argument.IsNumber() ? nullptr : "a number";
         case 't':
-            return text ? nullptr : "a text in double quotes";
-        case 'k':
-            return word || text ? nullptr : "a key";
+            return word || text ? nullptr : "a text";
         case 'e':
-            return text || (word && IsEntryNumber(value)) ? nullptr : "an entry's text or @N";
-        case 'v':
-            return text || (word && value == "missing") ? nullptr : "a text in double quotes or the word missing";
+            return text || (word && (!value.starts_with('@') || IsEntryNumber(value))) ? nullptr
+                                                                                       : "an entry's text or @N";
         case 'r':
             return word && (argument.IsNumber() || value == "check" || value == "label") ? nullptr
                                                                                          : "check, label or a number";
