@@ -354,9 +354,11 @@ void ComboBox::open() {
 // Shows the list below the combo box, or above it where the screen ends; never higher than its entries need.
 void ComboBox::placeList() {
     RECT combo;
-    RECT workArea;
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
     GetWindowRect(window_, &combo);
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &workArea, 0);
+    GetMonitorInfoA(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& workArea = monitor.rcWork;
     int height = listHeight_;
     const auto count = static_cast<int>(askList(LB_GETCOUNT));
     if (count > 0) {

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -48,6 +49,8 @@ public:
     virtual void focusOut(HWND top) = 0;
     virtual void moved(HWND top, POINT clientOrigin) = 0;
     virtual void resized(HWND top, SIZE client) = 0;
+    // Monitors have come, gone, or changed their size.
+    virtual void monitorsChanged() = 0;
     // Another program destroyed the window. The display still knows it, until it is told to destroy it, but nobody
     // will see it again.
     virtual void destroyed(HWND top) = 0;
@@ -83,12 +86,15 @@ public:
     // Whether the screen is gone for good. Every call is still allowed then, and does nothing.
     virtual bool isLost() const { return false; }
 
+    // Of all monitors together.
     virtual SIZE screenSize() const = 0;
-    // Where client areas may lie so that they and their frames are seen.
-    virtual RECT workArea() const {
+    // The monitors, the first one first; never empty.
+    virtual std::vector<RECT> monitors() const {
         const SIZE screen = screenSize();
-        return {0, 0, screen.cx, screen.cy};
+        return {{0, 0, screen.cx, screen.cy}};
     }
+    // Where client areas may lie so that they and their frames are seen on the monitor.
+    virtual RECT workArea(const RECT& monitor) const { return monitor; }
     // 0 where nobody has said how fine the screen is.
     virtual int dotsPerInch() const { return 0; }
     virtual POINT cursorPosition() const = 0;

@@ -189,6 +189,21 @@ void MemoryDisplay::injectClose(HWND window) {
     });
 }
 
+SIZE MemoryDisplay::screenSize() const {
+    RECT all{};
+    for (const RECT& monitor : monitors_) {
+        all = boundsOf(all, monitor);
+    }
+    return {all.right, all.bottom};
+}
+
+void MemoryDisplay::injectMonitors(const std::vector<RECT>& monitors) {
+    events_.push_back([=, this](InputSink& sink) {
+        monitors_ = monitors;
+        sink.monitorsChanged();
+    });
+}
+
 void MemoryDisplay::injectMove(HWND window, POINT clientOrigin) {
     events_.push_back([=, this](InputSink& sink) {
         Window* entry = entryOf(window);

@@ -37,7 +37,8 @@ public:
     void setCursor(HCURSOR cursor) override { cursor_ = cursor; }
     void setCaretRect(HWND window, const RECT& rect) override;
     int pump(InputSink& sink, int timeoutMs) override;
-    SIZE screenSize() const override { return kScreen; }
+    SIZE screenSize() const override;
+    std::vector<RECT> monitors() const override { return monitors_; }
     POINT cursorPosition() const override { return pointer_; }
     void beep() override { ++beeps_; }
     void writeClipboard(const std::string& text) override { clipboard_ = text; }
@@ -54,6 +55,7 @@ public:
     void injectKey(int virtualKey, bool down, const std::string& text, unsigned modifiers = 0);
     void injectClose(HWND window);
     void injectMove(HWND window, POINT clientOrigin);
+    void injectMonitors(const std::vector<RECT>& monitors);
 
     // Null for an unknown window.
     const Window* find(HWND window) const;
@@ -82,6 +84,7 @@ private:
     POINT pointer_{};
     RECT caretRect_{};
     int beeps_ = 0;
+    std::vector<RECT> monitors_ = {{0, 0, kScreen.cx, kScreen.cy}};
     std::string clipboard_;
     std::string primary_;
 };

@@ -8,5 +8,6 @@ set(ROOM_SOURCES
     x11_keyboard.cpp
     x11_keysyms.cpp
     x11_manager.cpp
+    x11_monitors.cpp
     x11_survivor.cpp
     x11_window.cpp)

@@ -138,7 +138,12 @@ std::unique_ptr<X11Connection> X11Connection::open() {
 }
 
 X11Connection::X11Connection(::Display* display)
-    : display_(display), screen_(DefaultScreen(display)), root_(RootWindow(display, screen_)) {}
+    : display_(display),
+      screen_(DefaultScreen(display)),
+      root_(RootWindow(display, screen_)),
+      screenSize_{DisplayWidth(display, screen_), DisplayHeight(display, screen_)} {
+    XSelectInput(display, root_, StructureNotifyMask);
+}
 
 X11Connection::~X11Connection() {
     if (isLost(display_)) {

@@ -77,6 +77,9 @@ public:
     int screen() const { return screen_; }
     const XVisualInfo& visual() const { return visual_; }
     Colormap colormap() const { return colormap_; }
+    // Of the root window, as the server last said.
+    SIZE screenSize() const { return screenSize_; }
+    void setScreenSize(SIZE size) { screenSize_ = size; }
     // A window that is never shown: it owns selections.
     ::Window utilityWindow() const { return utilityWindow_; }
     GC gc() const { return gc_; }
@@ -116,6 +119,7 @@ private:
     ::Display* display_;
     int screen_;
     ::Window root_;
+    SIZE screenSize_;
     XVisualInfo visual_{};
     bool nativePixels_ = false;
     std::array<int, 3> shifts_{};   // Of red, green and blue in a pixel.

@@ -198,8 +198,7 @@ void X11Display::setCaretRect(HWND window, const RECT& rect) {
 }
 
 SIZE X11Display::screenSize() const {
-    ::Display* display = connection_->display();
-    return {DisplayWidth(display, connection_->screen()), DisplayHeight(display, connection_->screen())};
+    return connection_->screenSize();
 }
 
 // What desktops tell their programs by the resource database; the server itself knows sizes of glass at best.
@@ -210,10 +209,10 @@ int X11Display::dotsPerInch() const {
     return dots > 0 && dots < kMost ? static_cast<int>(std::lround(dots)) : 0;
 }
 
-RECT X11Display::workArea() const {
+RECT X11Display::workArea(const RECT& monitor) const {
     const auto isFrame = [](const auto& window) { return window->isMapped() && !window->isPopup(); };
     const auto framed = std::find_if(windows_.begin(), windows_.end(), isFrame);
-    return manager_.workArea(framed != windows_.end() ? (*framed)->id() : 0);
+    return manager_.workArea(framed != windows_.end() ? (*framed)->id() : 0, monitor);
 }
 
 POINT X11Display::cursorPosition() const {
@@ -317,6 +316,13 @@ int X11Display::dispatch(XEvent& event, InputSink& sink) {
             clipboard_.onSelectionClear(event.xselectionclear);
             primary_.onSelectionClear(event.xselectionclear);
             return 0;
+        case ConfigureNotify:
+            if (event.xany.window == connection_->root()) {
+                connection_->setScreenSize({event.xconfigure.width, event.xconfigure.height});
+                sink.monitorsChanged();
+                return 1;
+            }
+            break;
         default:
             break;
     }

@@ -35,7 +35,8 @@ public:
     int pump(InputSink& sink, int timeoutMs) override;
     SIZE screenSize() const override;
     int dotsPerInch() const override;
-    RECT workArea() const override;
+    std::vector<RECT> monitors() const override { return manager_.monitors(); }
+    RECT workArea(const RECT& monitor) const override;
     POINT cursorPosition() const override;
     void beep() override;
     void writeClipboard(const std::string& text) override { clipboard_.write(text); }

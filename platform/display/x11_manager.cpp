@@ -1,6 +1,8 @@
 // The answers come as properties that the window manager keeps up to date, so they are read anew each time.
 #include "platform/display/x11_manager.h"
 
+#include "platform/display/rect_math.h"
+
 #include <X11/Xatom.h>
 
 #include <algorithm>
@@ -27,6 +29,11 @@ X11Manager::X11Manager(X11Connection& connection) : connection_(connection) {
         connection_.setUserTime(std::strtoul(startId_.c_str() + time + 5, nullptr, 10));
     }
     connection_.tellWindowManager(connection_.utilityWindow(), X11Atom::NetRequestFrameExtents, {});
+    int firstEvent = 0;
+    int firstError = 0;
+    if (XQueryExtension(connection_.display(), "XINERAMA", &xinerama_, &firstEvent, &firstError) == False) {
+        xinerama_ = 0;
+    }
 }
 
 bool X11Manager::putsFrames() const {
@@ -49,13 +56,12 @@ RECT X11Manager::frameExtents(::Window framed) const {
     return kUsualFrame;
 }
 
-RECT X11Manager::workArea(::Window framed) const {
-    ::Display* display = connection_.display();
-    const RECT screen = {0, 0, DisplayWidth(display, connection_.screen()),
-                         DisplayHeight(display, connection_.screen())};
+RECT X11Manager::workArea(::Window framed, const RECT& monitor) const {
     if (!putsFrames()) {
-        return screen;
+        return monitor;
     }
+    const SIZE size = connection_.screenSize();
+    const RECT screen = {0, 0, size.cx, size.cy};
     RECT area = screen;
     const auto desktop = connection_.readNumbers(connection_.root(), X11Atom::NetCurrentDesktop, XA_CARDINAL);
     const auto areas = connection_.readNumbers(connection_.root(), X11Atom::NetWorkArea, XA_CARDINAL);
@@ -68,6 +74,10 @@ RECT X11Manager::workArea(::Window framed) const {
         area.top = part(1, screen.bottom);
         area.right = area.left + part(2, screen.right - area.left);
         area.bottom = area.top + part(3, screen.bottom - area.top);
+    }
+    area = intersectionOf(area, monitor);
+    if (isEmptyRect(area)) {
+        area = monitor;
     }
     const RECT frame = frameExtents(framed);
     return {area.left + frame.left, area.top + frame.top, std::max(area.left + frame.left, area.right - frame.right),

@@ -14,9 +14,11 @@ public:
 
     // Whether windows get frames, also from a window manager too old to announce itself.
     bool putsFrames() const;
-    // Where client areas may lie so that their frames are seen: the screen without panels and without the frames'
+    // Where client areas may lie so that their frames are seen: the monitor without panels and without the frames'
     // width. `framed` is a window that may have its frame already, 0 for none.
-    RECT workArea(::Window framed) const;
+    RECT workArea(::Window framed, const RECT& monitor) const;
+    // Never empty; the first one first.
+    std::vector<RECT> monitors() const;
     // A place for a new window, where no other one stands yet. For want of a window manager that would choose one.
     POINT freePlace(POINT wanted) const;
 
@@ -30,6 +32,7 @@ private:
     void tellLaunchers(const std::string& message);
 
     X11Connection& connection_;
+    int xinerama_ = 0;  // The number of its requests; 0 where the server has none.
     std::string startId_;
     bool startNamed_ = false;
 };

@@ -160,9 +160,20 @@ int X11Survivor::pump(InputSink& sink, int timeoutMs) {
     return delivered;
 }
 
-RECT X11Survivor::workArea() const {
-    RECT area = {0, 0, screenSize_.cx, screenSize_.cy};
-    attempt([&] { area = display_->workArea(); });
+SIZE X11Survivor::screenSize() const {
+    attempt([&] { screenSize_ = display_->screenSize(); });
+    return screenSize_;
+}
+
+std::vector<RECT> X11Survivor::monitors() const {
+    std::vector<RECT> monitors = {{0, 0, screenSize_.cx, screenSize_.cy}};
+    attempt([&] { monitors = display_->monitors(); });
+    return monitors;
+}
+
+RECT X11Survivor::workArea(const RECT& monitor) const {
+    RECT area = monitor;
+    attempt([&] { area = display_->workArea(monitor); });
     return area;
 }
 

@@ -30,9 +30,10 @@ public:
     void setCaretRect(HWND window, const RECT& rect) override;
     int pump(InputSink& sink, int timeoutMs) override;
     bool isLost() const override { return lost_; }
-    SIZE screenSize() const override { return screenSize_; }
+    SIZE screenSize() const override;
     int dotsPerInch() const override { return dotsPerInch_; }
-    RECT workArea() const override;
+    std::vector<RECT> monitors() const override;
+    RECT workArea(const RECT& monitor) const override;
     POINT cursorPosition() const override;
     void beep() override;
     void writeClipboard(const std::string& text) override;
@@ -46,7 +47,7 @@ private:
     void attempt(Call call) const;
 
     std::unique_ptr<X11Display> display_;  // Null when the connection broke while the display was made.
-    SIZE screenSize_{};
+    mutable SIZE screenSize_{};            // As it was last known.
     int dotsPerInch_ = 0;
     mutable bool lost_ = false;
 };

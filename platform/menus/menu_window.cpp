@@ -96,10 +96,13 @@ void MenuWindow::measure() {
 }
 
 void MenuWindow::show(POINT at) const {
-    const int left = std::min(static_cast<int>(at.x), GetSystemMetrics(SM_CXSCREEN) - static_cast<int>(size_.cx));
-    const int top = std::min(static_cast<int>(at.y), GetSystemMetrics(SM_CYSCREEN) - static_cast<int>(size_.cy));
-    SetWindowPos(window_, HWND_TOPMOST, std::max(left, 0), std::max(top, 0), size_.cx, size_.cy,
-                 SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromPoint(at, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& area = monitor.rcMonitor;
+    const LONG left = std::max(area.left, std::min(at.x, area.right - size_.cx));
+    const LONG top = std::max(area.top, std::min(at.y, area.bottom - size_.cy));
+    SetWindowPos(window_, HWND_TOPMOST, left, top, size_.cx, size_.cy, SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
 bool MenuWindow::contains(POINT screen) const {

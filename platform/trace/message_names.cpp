@@ -28,6 +28,7 @@ constexpr MessageTraits kMessages[] = {
     ROW(WM_CREATE, Nothing, Dialog),
     ROW(WM_SIZE, Point, Window),
     ROW(WM_MOVE, Point, Window),
+    ROW(WM_DISPLAYCHANGE, Point, Window),
     ROW(WM_SHOWWINDOW, Both, Dialog),
     ROW(WM_WINDOWPOSCHANGING, Placing, Window),
     ROW(WM_WINDOWPOSCHANGED, Placing, Window),

@@ -19,7 +19,7 @@ namespace platform {
 namespace {
 
 struct ServerEvent {
-    enum class Kind { FocusIn, FocusOut, Close, Moved, Resized, Destroyed };
+    enum class Kind { FocusIn, FocusOut, Close, Moved, Resized, Monitors, Destroyed };
     Kind kind;
     HWND top;
     POINT value;  // The new origin, or the new size.
@@ -82,6 +82,7 @@ public:
     void resized(HWND top, SIZE client) override {
         server_.push_back({ServerEvent::Kind::Resized, top, {client.cx, client.cy}});
     }
+    void monitorsChanged() override { server_.push_back({ServerEvent::Kind::Monitors, nullptr, {}}); }
     void destroyed(HWND top) override { server_.push_back({ServerEvent::Kind::Destroyed, top, {}}); }
 
     bool takeServerEvent(ServerEvent& event) {
@@ -225,6 +226,16 @@ void destroyedByServer(HWND top) {
     post(nullptr, WM_NULL, 0, 0);
 }
 
+void onMonitorsChanged() {
+    const SIZE screen = display().screenSize();
+    constexpr WPARAM kBitsPerPixel = 32;
+    for (const HWND top : childHandles(desktop())) {
+        if (IsWindow(top)) {
+            SendMessageA(top, WM_DISPLAYCHANGE, kBitsPerPixel, MAKELPARAM(screen.cx, screen.cy));
+        }
+    }
+}
+
 void carryOut(const ServerEvent& event) {
     switch (event.kind) {
         case ServerEvent::Kind::FocusIn:
@@ -247,6 +258,9 @@ void carryOut(const ServerEvent& event) {
             break;
         case ServerEvent::Kind::Resized:
             resizedByServer(event.top, {event.value.x, event.value.y});
+            break;
+        case ServerEvent::Kind::Monitors:
+            onMonitorsChanged();
             break;
         case ServerEvent::Kind::Destroyed:
             destroyedByServer(event.top);

@@ -7,7 +7,11 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
 
 namespace {
 
@@ -25,6 +29,32 @@ constexpr Metric kMetrics[] = {
     {SM_CYICON, 32},        {SM_CYVSCROLL, 17},   {SM_CXDOUBLECLK, 4},  {SM_CYDOUBLECLK, 4},
     {SM_CXEDGE, 2, true},   {SM_CYEDGE, 2, true}, {SM_CXDRAG, 4},       {SM_CYDRAG, 4},
 };
+
+// 0 where they meet.
+int gap(LONG from, LONG to, LONG otherFrom, LONG otherTo) {
+    return static_cast<int>(std::max({LONG{0}, otherFrom - to + 1, from - otherTo + 1}));
+}
+
+LONG common(LONG from, LONG to, LONG otherFrom, LONG otherTo) {
+    return std::max<LONG>(0, std::min(to, otherTo) - std::max(from, otherFrom));
+}
+
+// The monitor that shows most of the place, else the nearest one; as its number from 1 on.
+HMONITOR nearestMonitor(const RECT& place) {
+    const std::vector<RECT> monitors = platform::display().monitors();
+    const auto shown = [&](const RECT& monitor) {
+        return std::int64_t{common(place.left, place.right, monitor.left, monitor.right)} *
+               common(place.top, place.bottom, monitor.top, monitor.bottom);
+    };
+    const auto distance = [&](const RECT& monitor) {
+        return gap(place.left, place.right, monitor.left, monitor.right) +
+               gap(place.top, place.bottom, monitor.top, monitor.bottom);
+    };
+    const auto best = std::min_element(monitors.begin(), monitors.end(), [&](const RECT& a, const RECT& b) {
+        return shown(a) != shown(b) ? shown(a) > shown(b) : distance(a) < distance(b);
+    });
+    return reinterpret_cast<HMONITOR>(static_cast<std::uintptr_t>(best - monitors.begin() + 1));
+}
 
 thread_local DWORD t_lastError = ERROR_SUCCESS;
 
@@ -66,8 +96,8 @@ int sortWeight(char character) {
 
 int GetSystemMetrics(int index) {
     if (index == SM_CXSCREEN || index == SM_CYSCREEN) {
-        const SIZE screen = platform::display().screenSize();
-        return index == SM_CXSCREEN ? screen.cx : screen.cy;
+        const RECT first = platform::display().monitors().front();
+        return index == SM_CXSCREEN ? first.right - first.left : first.bottom - first.top;
     }
     for (const Metric& metric : kMetrics) {
         if (metric.index == index) {
@@ -81,7 +111,29 @@ BOOL SystemParametersInfoA(UINT action, UINT, PVOID data, UINT) {
     if (action != SPI_GETWORKAREA || !data) {
         return FALSE;
     }
-    *static_cast<RECT*>(data) = platform::display().workArea();
+    *static_cast<RECT*>(data) = platform::display().workArea(platform::display().monitors().front());
+    return TRUE;
+}
+
+HMONITOR MonitorFromWindow(HWND window, DWORD) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return nearestMonitor(place);
+}
+
+HMONITOR MonitorFromPoint(POINT at, DWORD) {
+    return nearestMonitor({at.x, at.y, at.x + 1, at.y + 1});
+}
+
+BOOL GetMonitorInfoA(HMONITOR monitor, LPMONITORINFO info) {
+    const auto number = reinterpret_cast<std::uintptr_t>(monitor);
+    const std::vector<RECT> monitors = platform::display().monitors();
+    if (!info || info->cbSize < sizeof *info || number == 0 || number > monitors.size()) {
+        return FALSE;
+    }
+    info->rcMonitor = monitors[number - 1];
+    info->rcWork = platform::display().workArea(info->rcMonitor);
+    info->dwFlags = 0;
     return TRUE;
 }
 

@@ -247,6 +247,7 @@
 #define MB_TASKMODAL 0x00002000L
 
 // Scroll bars.
+#define SBS_HORZ 0x0000
 #define SBS_VERT 0x0001
 
 // Track bars.

@@ -24,6 +24,7 @@
 #define CF_TEXT 1
 #define GMEM_MOVEABLE 0x0002
 #define SPI_GETWORKAREA 0x0030
+#define MONITOR_DEFAULTTONEAREST 2
 #define CP_UTF8 65001
 #define MB_ERR_INVALID_CHARS 0x08
 #define WC_NO_BEST_FIT_CHARS 0x0400
@@ -34,6 +35,15 @@
 #define ERROR_INVALID_WINDOW_HANDLE 1400
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814
+
+struct tagMONITORINFO {
+    DWORD cbSize;
+    RECT rcMonitor;
+    RECT rcWork;
+    DWORD dwFlags;
+};
+using MONITORINFO = tagMONITORINFO;
+using LPMONITORINFO = MONITORINFO*;
 
 #pragma GCC visibility push(default)
 extern "C" {
@@ -68,6 +78,10 @@ HGLOBAL GlobalFree(HGLOBAL memory);
 
 int GetSystemMetrics(int index);
 BOOL SystemParametersInfoA(UINT action, UINT param, PVOID data, UINT flags);
+// A monitor's handle holds until the layout of the monitors changes (WM_DISPLAYCHANGE).
+HMONITOR MonitorFromWindow(HWND window, DWORD flags);
+HMONITOR MonitorFromPoint(POINT at, DWORD flags);
+BOOL GetMonitorInfoA(HMONITOR monitor, LPMONITORINFO info);
 DWORD GetTickCount(void);
 DWORD GetCurrentThreadId(void);
 DWORD GetLastError(void);

@@ -33,6 +33,7 @@ public:
     void focusOut(HWND top) override { add("focus out %d", number(top)); }
     void moved(HWND top, POINT origin) override { add("moved %d to %d,%d", number(top), origin.x, origin.y); }
     void resized(HWND top, SIZE size) override { add("resized %d to %d,%d", number(top), size.cx, size.cy); }
+    void monitorsChanged() override { add("monitors"); }
     void destroyed(HWND top) override { add("destroyed %d", number(top)); }
 
     std::vector<std::string> take() { return std::exchange(events_, {}); }

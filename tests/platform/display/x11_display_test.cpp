@@ -301,7 +301,10 @@ TEST_F(X11DisplayTest, WhatOtherProgramsSayAndDoIsBelievedWithinReason) {
 
 TEST_F(X11DisplayTest, WindowManagerIsToldWhatItNeedsAndItsFramesGetRoom) {
     const SIZE screen = display_->screenSize();
-    EXPECT_EQ(display_->workArea().bottom, screen.cy);
+    ASSERT_EQ(display_->monitors().size(), 1U);
+    const RECT monitor = display_->monitors().front();
+    EXPECT_EQ(monitor.right, screen.cx);
+    EXPECT_EQ(display_->workArea(monitor).bottom, screen.cy);
     open(1, {40, 40, 140, 90}, "one");
     DisplayWindowInfo info;
     info.kind = Kind::Dialog;
@@ -329,7 +332,7 @@ TEST_F(X11DisplayTest, WindowManagerIsToldWhatItNeedsAndItsFramesGetRoom) {
     tellAsManager(root, "_NET_WORKAREA", XA_CARDINAL, {0, 0, 640, 450, 30, 10, 600, 400});
     tellAsManager(root, "_NET_CURRENT_DESKTOP", XA_CARDINAL, {1});
     tellAsManager(windowTitled("one"), "_NET_FRAME_EXTENTS", XA_CARDINAL, {1, 2, 20, 3});
-    const RECT area = display_->workArea();
+    const RECT area = display_->workArea(monitor);
     EXPECT_EQ(area.left, 31);
     EXPECT_EQ(area.top, 30);
     EXPECT_EQ(area.right, 628);

@@ -291,6 +291,29 @@ TEST(Display, MovesByTheUserArriveAsMoves) {
     EXPECT_EQ(330, rect.top);
 }
 
+TEST(Monitors, WindowsLearnOfThemAndAreOnTheOneThatShowsMost) {
+    Scene scene;
+    const auto change = [&](const std::vector<RECT>& monitors) {
+        return scene.record([&] { screen().injectMonitors(monitors); }, {"DISPLAYCHANGE"}).size();
+    };
+    EXPECT_EQ(change({{0, 0, 800, 600}, {800, 0, 2400, 900}}), 1U) << "top-level windows alone";
+    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 800);
+    const auto leftOf = [&](int x, int y) {
+        SetWindowPos(scene.top, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        MONITORINFO info{};
+        info.cbSize = sizeof info;
+        EXPECT_TRUE(GetMonitorInfoA(MonitorFromWindow(scene.first, MONITOR_DEFAULTTONEAREST), &info));
+        return info.rcWork.left;
+    };
+    EXPECT_EQ(leftOf(100, 100), 0);
+    EXPECT_EQ(leftOf(740, 100), 0) << "its child reaches into both";
+    EXPECT_EQ(leftOf(780, 100), 800);
+    EXPECT_EQ(leftOf(100, 2000), 0) << "on none";
+    EXPECT_EQ(leftOf(1500, 2000), 800);
+    change({{0, 0, 1280, 1024}});
+    EXPECT_FALSE(GetMonitorInfoA(reinterpret_cast<HMONITOR>(std::uintptr_t{2}), nullptr));
+}
+
 TEST(Threads, PostingFromAnotherOneIsRefused) {
     Scene scene;
     BOOL posted = TRUE;
