@@ -6,6 +6,8 @@
 #include <array>
 #include <cstring>
 
+#include "framework/monitor.h"
+
 namespace {
 
 // Room for a title bar that a window manager puts above the box.
@@ -76,11 +78,9 @@ void AfxBoxBeside::Place(HWND box) {
     m_hook = nullptr;
     RECT control{};
     RECT place{};
-    RECT area{};
     RECT common{};
-    const bool areKnown = ::GetWindowRect(m_control, &control) && ::GetWindowRect(box, &place) &&
-                          ::SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
-    // The area is that of the first screen; a control on another one keeps the system's place of the box.
+    const bool areKnown = ::GetWindowRect(m_control, &control) && ::GetWindowRect(box, &place);
+    const RECT area = AfxWorkAreaOf(m_control);
     if (!areKnown || !Contains(area, control) || !::IntersectRect(&common, &control, &place) ||
         !PlaceBeside(control, area, place)) {
         return;

@@ -80,6 +80,7 @@ int CWnd::RunModalLoop(DWORD flags) {
             m_nModalResult = -1;
             break;
         }
+        OnMessageDone(message);
         idle = idle || CausesIdle(message);
     }
     m_continueModal = false;
@@ -98,6 +99,8 @@ void CWnd::EndModalLoop(int result) {
         PostMessage(WM_NULL);
     }
 }
+
+void CWnd::OnMessageDone(const MSG&) {}
 
 BOOL CWnd::PreTranslateMessage(MSG*) {
     return FALSE;

@@ -2,8 +2,11 @@
 
 #include "framework/property_page.h"
 
+#include <utility>
+
 #include "framework/exception.h"
 #include "framework/message_routing.h"
+#include "framework/sheet_view.h"
 
 IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
 
@@ -17,6 +20,7 @@ UINT CALLBACK AfxPropPageCallback(HWND, UINT message, PROPSHEETPAGEA* page) {
     try {
         if (message == PSPCB_CREATE) {
             object->m_firstSetActive = true;
+            object->m_isNew = true;
             AfxHookWindowCreate(object);
         } else if (message == PSPCB_RELEASE && object->m_isInSheet) {
             // The system drops a page whose window it could not create, and goes on with the others.
@@ -46,6 +50,13 @@ void CPropertyPage::PostNcDestroy() {
         AfxFailModal(AfxFailure::WindowGone);
     }
     CDialog::PostNcDestroy();
+}
+
+void CPropertyPage::Place() {
+    const bool isNew = std::exchange(m_isNew, false);
+    if (m_view != nullptr) {
+        m_view->Place(m_hWnd, isNew);
+    }
 }
 
 BOOL CPropertyPage::OnSetActive() {
@@ -104,6 +115,7 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
     }
     switch (header->code) {
         case PSN_SETACTIVE:
+            Place();
             *result = OnSetActive() ? 0 : -1;
             return TRUE;
         case PSN_KILLACTIVE:

@@ -4,6 +4,8 @@
 
 #include "framework/dialog.h"
 
+class AfxSheetView;
+
 class CPropertyPage : public CDialog {
     DECLARE_DYNAMIC(CPropertyPage)
     DECLARE_MESSAGE_MAP()
@@ -46,4 +48,10 @@ private:
     bool m_firstSetActive = true;
     // The system has the page in a sheet, and is to keep it there.
     bool m_isInSheet = false;
+    void Place();
+
+    // The window has not been placed yet.
+    bool m_isNew = true;
+    // What places the window in a sheet that is on the screen.
+    AfxSheetView* m_view = nullptr;
 };

@@ -17,6 +17,12 @@ ON_WM_DESTROY()
 ON_WM_SYSCOMMAND()
 ON_MESSAGE(WM_INITDIALOG, &CPropertySheet::HandleInitDialog)
 ON_MESSAGE(PSM_PRESSBUTTON, &CPropertySheet::OnPressButton)
+ON_MESSAGE(WM_DISPLAYCHANGE, &CPropertySheet::HandleDisplayChange)
+ON_MESSAGE(WM_MOVE, &CPropertySheet::HandleMove)
+ON_MESSAGE(WM_ENTERSIZEMOVE, &CPropertySheet::HandleEnterSizeMove)
+ON_MESSAGE(WM_EXITSIZEMOVE, &CPropertySheet::HandleExitSizeMove)
+ON_MESSAGE(WM_HSCROLL, &CPropertySheet::HandleHScroll)
+ON_MESSAGE(WM_VSCROLL, &CPropertySheet::HandleVScroll)
 END_MESSAGE_MAP()
 
 namespace {
@@ -93,11 +99,13 @@ void CPropertySheet::AddPage(CPropertyPage* page) {
     };
     const LRESULT former = tabs();
     page->m_isInSheet = true;
+    page->m_view = m_view ? &*m_view : nullptr;
     SendMessage(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(MakePage(*page)));
     // Not every system says what came of it.
     if (m_hWnd != nullptr && tabs() == former) {
         throw std::bad_alloc();
     }
+    FitMonitor();  // There may be another row of tabs.
 }
 
 void CPropertySheet::RemovePage(CPropertyPage* page) {
@@ -227,11 +235,73 @@ LRESULT CPropertySheet::HandleInitDialog(WPARAM, LPARAM) {
 BOOL CPropertySheet::OnInitDialog() {
     const BOOL result = static_cast<BOOL>(Default());
     CenterWindow();
+    m_view.emplace(m_hWnd);
+    for (CPropertyPage* page : m_pages) {
+        page->m_view = &*m_view;
+    }
+    FitMonitor();
+    if (m_view->IsCut()) {
+        CenterWindow();
+    }
     return result;
+}
+
+void CPropertySheet::FitMonitor() {
+    if (m_view && m_hWnd != nullptr) {
+        m_monitor = ::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST);
+        m_view->Fit();
+    }
+}
+
+LRESULT CPropertySheet::HandleDisplayChange(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    FitMonitor();
+    if (m_view && m_hWnd != nullptr) {
+        m_view->BringOntoScreen();
+    }
+    return result;
+}
+
+// Systems differ in whether they tell where dragging begins and ends.
+LRESULT CPropertySheet::HandleMove(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    if (m_view && !m_isDragged && ::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST) != m_monitor) {
+        FitMonitor();
+    }
+    return result;
+}
+
+LRESULT CPropertySheet::HandleEnterSizeMove(WPARAM, LPARAM) {
+    m_isDragged = true;
+    return Default();
+}
+
+LRESULT CPropertySheet::HandleExitSizeMove(WPARAM, LPARAM) {
+    m_isDragged = false;
+    const LRESULT result = Default();
+    FitMonitor();
+    return result;
+}
+
+LRESULT CPropertySheet::HandleHScroll(WPARAM wParam, LPARAM bar) {
+    return m_view && m_view->OnScroll(false, wParam, reinterpret_cast<HWND>(bar)) ? 0 : Default();
+}
+
+LRESULT CPropertySheet::HandleVScroll(WPARAM wParam, LPARAM bar) {
+    return m_view && m_view->OnScroll(true, wParam, reinterpret_cast<HWND>(bar)) ? 0 : Default();
+}
+
+void CPropertySheet::OnMessageDone(const MSG& message) {
+    if (m_view && m_hWnd != nullptr) {
+        m_view->FollowFocus(message.message == WM_KEYDOWN);
+    }
 }
 
 BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    if (message->message == WM_MOUSEWHEEL && m_view && m_view->OnWheel(*message)) {
+        return TRUE;
+    }
     const bool isMouse = message->message >= WM_MOUSEFIRST && message->message <= WM_MOUSELAST;
     if ((!isKey && !isMouse) || !TakeDialogMessage(message)) {
         return FALSE;
@@ -300,8 +370,10 @@ void CPropertySheet::OnClose() {
 
 // The pages go with the sheet.
 void CPropertySheet::OnDestroy() {
+    m_view.reset();
     for (CPropertyPage* page : m_pages) {
         page->m_isInSheet = false;
+        page->m_view = nullptr;
     }
     Default();
 }

@@ -2,10 +2,12 @@
 // Deliberately missing: wizards and modeless sheets.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "framework/common_controls.h"
 #include "framework/property_page.h"
+#include "framework/sheet_view.h"
 
 class CPropertySheet : public CWnd {
     DECLARE_DYNAMIC(CPropertySheet)
@@ -57,6 +59,13 @@ protected:
     afx_msg void OnSysCommand(UINT id, LPARAM lParam);
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
     LRESULT OnPressButton(WPARAM button, LPARAM lParam);
+    LRESULT HandleDisplayChange(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleMove(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleEnterSizeMove(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleExitSizeMove(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleHScroll(WPARAM wParam, LPARAM bar);
+    LRESULT HandleVScroll(WPARAM wParam, LPARAM bar);
+    void OnMessageDone(const MSG& message) override;
 
     CWnd* m_pParentWnd;
 
@@ -65,7 +74,11 @@ private:
     BOOL TakeDialogMessage(MSG* message);
     void TakeFocusFromHiddenPage();
     HWND CreateSheet(HWND owner);
+    void FitMonitor();
 
+    std::optional<AfxSheetView> m_view;  // Of a window that has been initialised.
+    HMONITOR m_monitor = nullptr;        // What the window was fitted to.
+    bool m_isDragged = false;
     std::vector<CPropertyPage*> m_pages;
     CString m_strCaption;
 };

@@ -49,6 +49,8 @@ public:
     virtual void EndModalLoop(int result);
 
     virtual BOOL PreTranslateMessage(MSG* message);
+    // Called by the window's modal loop after each message; the window may be gone.
+    virtual void OnMessageDone(const MSG& message);
     virtual BOOL DestroyWindow();
     virtual void WinHelp(DWORD_PTR data, UINT command);
     void CenterWindow();

@@ -4,6 +4,7 @@
 
 #include "framework/application.h"
 #include "framework/exception.h"
+#include "framework/monitor.h"
 #include "framework/window.h"
 
 CWnd* CWnd::GetDlgItem(int id) const {
@@ -226,11 +227,11 @@ BOOL CWnd::KillTimer(UINT_PTR timer) {
 void CWnd::WinHelp(DWORD_PTR, UINT) {}
 
 void CWnd::CenterWindow() {
-    CRect around;
-    ::SystemParametersInfoA(SPI_GETWORKAREA, 0, &around, 0);
-    const CRect workArea = around;
     const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
-    if (owner != nullptr && ::IsWindowVisible(owner)) {
+    const bool isOverOwner = owner != nullptr && ::IsWindowVisible(owner);
+    const CRect workArea = AfxWorkAreaOf(isOverOwner ? owner : m_hWnd);
+    CRect around = workArea;
+    if (isOverOwner) {
         ::GetWindowRect(owner, &around);
     }
     CRect window;

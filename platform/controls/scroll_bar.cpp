@@ -26,6 +26,11 @@ UINT codeOf(ListScrollBar::Part part) {
 
 }  // namespace
 
+ScrollBar::ScrollBar(HWND window)
+    : window_(window),
+      isVertical_((GetWindowLongA(window, GWL_STYLE) & SBS_VERT) != 0),
+      bar_(isVertical_ ? ListScrollBar::Axis::Vertical : ListScrollBar::Axis::Horizontal) {}
+
 LRESULT ScrollBar::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const POINT at = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
@@ -76,7 +81,8 @@ void ScrollBar::layout() {
 
 void ScrollBar::tell(ListScrollBar::Part part, POINT at) const {
     const int position = part == ListScrollBar::Part::Thumb ? bar_.topFor(part, at) + info_.nMin : 0;
-    SendMessageA(GetParent(window_), WM_VSCROLL, MAKEWPARAM(codeOf(part), position), reinterpret_cast<LPARAM>(window_));
+    SendMessageA(GetParent(window_), isVertical_ ? WM_VSCROLL : WM_HSCROLL, MAKEWPARAM(codeOf(part), position),
+                 reinterpret_cast<LPARAM>(window_));
 }
 
 void ScrollBar::onWmLButtonDown(POINT at) {

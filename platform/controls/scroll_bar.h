@@ -1,5 +1,5 @@
-// One scroll bar as a window of its own, standing. It tells its parent by WM_VSCROLL what the user wants; the parent
-// sets where it then stands (SBM_SETSCROLLINFO). Keys, lying bars and bars that are disabled are not offered.
+// One scroll bar as a window of its own. It tells its parent by WM_VSCROLL or WM_HSCROLL what the user wants; the
+// parent sets where it then stands (SBM_SETSCROLLINFO). Keys and bars that are disabled are not offered.
 #pragma once
 
 #include "platform/controls/list_scroll_bar.h"
@@ -8,7 +8,7 @@ namespace platform {
 
 class ScrollBar {
 public:
-    explicit ScrollBar(HWND window) : window_(window) {}
+    explicit ScrollBar(HWND window);
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -23,6 +23,7 @@ private:
     void tell(ListScrollBar::Part part, POINT at) const;
 
     HWND window_;
+    bool isVertical_;
     ListScrollBar bar_;
     SCROLLINFO info_{};
 };

@@ -10,20 +10,20 @@
 
 namespace platform {
 
-RECT workArea() {
-    RECT area{};
-    if (!SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0)) {
-        area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    }
-    return area;
-}
-
 namespace {
 
 constexpr DWORD kNoFailCreate = 0x0010;  // DS_NOFAILCREATE: a control that cannot be created is left out.
 
-POINT insideWorkArea(POINT at, SIZE window) {
-    const RECT area = workArea();
+// Of the monitor on which the middle of the place lies.
+RECT workArea(const RECT& place) {
+    const POINT centre = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromPoint(centre, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+POINT inside(const RECT& area, POINT at, SIZE window) {
     at.x = std::max(area.left, std::min(at.x, area.right - window.cx));
     at.y = std::max(area.top, std::min(at.y, area.bottom - window.cy));
     return at;
@@ -61,7 +61,7 @@ POINT windowPosition(const DialogTemplate& source, SIZE size, HWND owner) {
     if ((source.style & DS_ABSALIGN) == 0 && owner != nullptr) {
         ClientToScreen(owner, &onScreen);
     }
-    return insideWorkArea(onScreen, size);
+    return inside(workArea({onScreen.x, onScreen.y, onScreen.x + size.cx, onScreen.y + size.cy}), onScreen, size);
 }
 
 HWND createWindow(HINSTANCE instance, const DialogTemplate& source, HWND owner) {
@@ -145,13 +145,18 @@ void initialise(HWND dialog, const DialogTemplate& source, LPARAM param) {
 }  // namespace
 
 POINT centredPosition(SIZE window, HWND owner) {
-    RECT around = workArea();
+    RECT around{};
     HWND top = owner != nullptr ? GetAncestor(owner, GA_ROOT) : nullptr;
-    if (top != nullptr && IsWindowVisible(top)) {
+    const bool isOverOwner = top != nullptr && IsWindowVisible(top);
+    if (isOverOwner) {
         GetWindowRect(top, &around);
     }
+    const RECT area = workArea(around);
+    if (!isOverOwner) {
+        around = area;
+    }
     const POINT at = {(around.left + around.right - window.cx) / 2, (around.top + around.bottom - window.cy) / 2};
-    return insideWorkArea(at, window);
+    return inside(area, at, window);
 }
 
 HWND createDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, DLGPROC proc, LPARAM param,

@@ -15,8 +15,6 @@ HWND createDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, 
 INT_PTR runDialog(HINSTANCE instance, const DialogTemplate& source, HWND owner, DLGPROC proc, LPARAM param);
 
 // The position that centres a window over its owner, or on the screen without one; always inside the work area.
-RECT workArea();
-
 POINT centredPosition(SIZE window, HWND owner);
 
 }  // namespace platform

@@ -35,7 +35,6 @@ private:
         std::string caption;
         HWND window = nullptr;
         bool changed = false;
-        int scrolled = 0;  // Pixels above the view.
     };
     // How a page is searched by a message: the handle counts when there is one.
     struct PageRef {
@@ -61,15 +60,6 @@ private:
     RECT pageRect() const;
     HWND item(int id) const { return GetDlgItem(window_, id); }
     HWND tabs() const { return item(kSheetTabId); }
-
-    // Scrolling of pages that are higher than the screen.
-    int excessOf(int height) const;
-    void placeScrollBar();
-    void showScrolled() const;
-    void scrollTo(int top);
-    void followFocus();
-    void onWmVScroll(WPARAM wParam);
-    void onWmMouseWheel(int delta);
 
     // Pages.
     bool takePage(HPROPSHEETPAGE page);
@@ -113,10 +103,7 @@ private:
     std::string startPage_;  // The caption of the first page to be shown, with PSH_USEPSTARTPAGE.
     UINT startIndex_ = 0;
     std::vector<Slot> slots_;
-    SIZE largestPage_{};    // Of those that the sheet is opened with, in pixels.
-    int hiddenHeight_ = 0;  // Of such a page, in pixels; 0 where the screen has room for all.
-    HWND scrollBar_ = nullptr;
-    HWND followed_ = nullptr;  // The focus that is in view.
+    SIZE largestPage_{};  // Of those that the sheet is opened with, in pixels.
     HWND window_ = nullptr;
     int active_ = -1;         // Index of the page that is shown; -1 for none.
     bool pageValid_ = false;  // False once the sheet has ended: PSM_GETCURRENTPAGEHWND tells an owner so.

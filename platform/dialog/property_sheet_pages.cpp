@@ -235,7 +235,6 @@ void PropertySheet::show(int index) {
     ShowWindow(page, SW_SHOW);
     if (IsWindow(window)) {
         SendMessageA(tabs(), TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
-        showScrolled();
     }
 }
 
@@ -264,15 +263,6 @@ void PropertySheet::stepByKey(int step) {
 }
 
 bool PropertySheet::onPsmIsDialogMessage(MSG& message) {
-    HWND window = window_;
-    const bool taken = takeMessage(message);
-    if (IsWindow(window)) {
-        followFocus();
-    }
-    return taken;
-}
-
-bool PropertySheet::takeMessage(MSG& message) {
     const bool inside = message.hwnd == window_ || IsChild(window_, message.hwnd);
     if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0 || !inside) {
         return IsDialogMessageA(window_, &message) != FALSE;

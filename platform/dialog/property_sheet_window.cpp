@@ -186,22 +186,15 @@ void PropertySheet::fitToPages() {
     RECT around = {0, 0, largestPage_.cx, largestPage_.cy};
     // How many rows the tabs take depends on the width, and the height on the rows.
     SendMessageA(tabs(), TCM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&around));
-    int width = std::max<int>(around.right - around.left, horizontalPixels(kLeastTabsWidth));
+    const int width = std::max<int>(around.right - around.left, horizontalPixels(kLeastTabsWidth));
     SetWindowPos(tabs(), nullptr, margin.cx, margin.cy, width, verticalPixels(kLeastTabsHeight),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     around = {0, 0, largestPage_.cx, largestPage_.cy};
     SendMessageA(tabs(), TCM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&around));
-    int height = std::max<int>(around.bottom - around.top, verticalPixels(kLeastTabsHeight));
-    const int beside = verticalPixels(kButtonHeight) + 3 * margin.cy;
-    hiddenHeight_ = std::min(excessOf(height + beside), height - verticalPixels(kLeastTabsHeight));
-    if (hiddenHeight_ > 0) {
-        height -= hiddenHeight_;
-        width += GetSystemMetrics(SM_CXVSCROLL);
-    }
+    const int height = std::max<int>(around.bottom - around.top, verticalPixels(kLeastTabsHeight));
     SetWindowPos(tabs(), nullptr, margin.cx, margin.cy, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-    placeScrollBar();
 
-    RECT frame = {0, 0, width + 2 * margin.cx, height + beside};
+    RECT frame = {0, 0, width + 2 * margin.cx, height + verticalPixels(kButtonHeight) + 3 * margin.cy};
     placeButtons(frame.right - margin.cx, 2 * margin.cy + height);
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)));
@@ -238,7 +231,6 @@ RECT PropertySheet::pageRect() const {
     GetClientRect(tabs(), &rect);
     SendMessageA(tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&rect));
     MapWindowPoints(tabs(), window_, reinterpret_cast<POINT*>(&rect), 2);
-    rect.right -= hiddenHeight_ > 0 ? GetSystemMetrics(SM_CXVSCROLL) : 0;
     return rect;
 }
 
@@ -371,12 +363,6 @@ INT_PTR PropertySheet::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return onWmCommand(wParam, lParam);
         case WM_NOTIFY:
             return onWmNotify(*reinterpret_cast<const NMHDR*>(lParam));
-        case WM_VSCROLL:
-            onWmVScroll(wParam);
-            return TRUE;
-        case WM_MOUSEWHEEL:
-            onWmMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
-            return TRUE;
         default:
             break;
     }

@@ -166,4 +166,63 @@ TEST_F(Sheet, GrowsInItsPlaceForAnotherRowOfTabs) {
          }});
 }
 
+// The part of a window that its parents and the screen let through is all of it.
+bool IsInView(HWND window) {
+    RECT all{};
+    RECT seen{};
+    ::GetWindowRect(window, &all);
+    ::SystemParametersInfoA(SPI_GETWORKAREA, 0, &seen, 0);
+    ::IntersectRect(&seen, &seen, &all);
+    for (HWND parent = window; (::GetWindowLongPtrA(parent, GWL_STYLE) & WS_CHILD) != 0;) {
+        parent = ::GetParent(parent);
+        RECT around{};
+        ::GetClientRect(parent, &around);
+        ::MapWindowPoints(parent, nullptr, reinterpret_cast<POINT*>(&around), 2);
+        ::IntersectRect(&seen, &seen, &around);
+    }
+    return ::EqualRect(&seen, &all) != FALSE;
+}
+
+TEST_F(Sheet, KeepsToTheScreenAndScrollsItsPagesBothWays) {
+    CPropertyPage large(IDD_LARGE);
+    CPropertySheet sheet("Stor", CWnd::FromHandle(m_host), 0);
+    sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
+    sheet.AddPage(&large);
+    sheet.AddPage(&m_first);
+    const auto field = [&](int id) { return ::GetDlgItem(large.m_hWnd, id); };
+    const auto wheel = [&](int delta, int keys) {
+        ::PostMessageA(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(keys, delta), MAKELPARAM(600, 500));
+    };
+    constexpr int kFar = 120 * 50;
+    RunInLoop({[&] {
+                   EXPECT_TRUE(IsInView(sheet.m_hWnd));
+                   EXPECT_TRUE(IsInView(::GetDlgItem(sheet.m_hWnd, IDOK)));
+                   EXPECT_TRUE(IsInView(::GetDlgItem(sheet.m_hWnd, IDCANCEL)));
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT)));
+                   EXPECT_FALSE(IsInView(field(IDC_OTHER)));
+                   ::PostMessageA(field(IDC_TEXT), WM_KEYDOWN, VK_TAB, 0);
+               },
+               [&] {
+                   EXPECT_EQ(::GetFocus(), field(IDC_OTHER));
+                   EXPECT_TRUE(IsInView(field(IDC_OTHER)));
+                   wheel(kFar, 0);
+                   wheel(kFar, MK_SHIFT);
+               },
+               [&] {
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT)));
+                   EXPECT_FALSE(IsInView(field(IDC_OTHER)));
+                   ::PostMessageA(field(IDC_OTHER), WM_KEYDOWN, VK_END, 0);
+               },
+               [&] {
+                   EXPECT_TRUE(IsInView(field(IDC_OTHER))) << "what is typed is seen";
+                   sheet.SetActivePage(1);
+                   EXPECT_TRUE(IsInView(m_first.m_hWnd));
+                   sheet.SetActivePage(0);
+                   EXPECT_TRUE(IsInView(large.m_hWnd));
+                   EXPECT_TRUE(IsInView(field(IDC_OTHER))) << "each page keeps its place";
+                   sheet.SendDlgItemMessage(IDCANCEL, BM_CLICK);
+               }});
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+}
+
 }  // namespace

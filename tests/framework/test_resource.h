@@ -2,6 +2,7 @@
 #pragma once
 
 #define IDD_FIELDS 100
+#define IDD_LARGE 101
 #define IDD_MISSING 999
 
 #define IDC_TEXT 200

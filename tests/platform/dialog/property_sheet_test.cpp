@@ -1,5 +1,4 @@
-// Property sheets where the traces that are compared with Windows do not reach: pages that do what no page should, and
-// pages that are higher than the screen.
+// Property sheets where the traces that are compared with Windows do not reach: pages that do what no page should.
 #include "tests/support/template_builder.h"
 
 #include <windows.h>
@@ -75,44 +74,6 @@ TEST_F(PropertySheetTest, SurvivesPagesThatDestroyIt) {
     armedCode = PSN_SETACTIVE;
     SendMessageA(sheet, PSM_SETCURSEL, 1, 0);
     EXPECT_FALSE(IsWindow(sheet));
-}
-
-TEST_F(PropertySheetTest, ScrollsPagesThatAreHigherThanTheScreen) {
-    constexpr short kPageHeight = 900;  // Dialog units, about half as much again as the screen has.
-    constexpr int kLowest = 102;
-    for (TemplateBuilder& layout : layouts_) {
-        layout = TemplateBuilder(TemplateBuilder::Form::Extended, WS_CHILD, 275, kPageHeight, "H\xF6g");
-        layout.add(0x80, 101, "&Knapp", WS_TABSTOP).add(0x80, kLowest, "&Sist", WS_TABSTOP, 5, kPageHeight - 20);
-    }
-    open();
-    RECT work{};
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-    RECT common{};
-    RECT button{};
-    GetWindowRect(GetDlgItem(sheet, IDOK), &button);
-    EXPECT_TRUE(IntersectRect(&common, &button, &work) && EqualRect(&common, &button));
-
-    HWND page = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
-    HWND lowest = GetDlgItem(page, kLowest);
-    RECT view{};
-    GetWindowRect(page, &view);
-    const auto isInView = [&](HWND control) {
-        RECT rect{};
-        GetWindowRect(control, &rect);
-        return IntersectRect(&common, &rect, &view) && EqualRect(&common, &rect);
-    };
-    EXPECT_FALSE(isInView(lowest));
-    SetFocus(GetDlgItem(page, 101));
-    MSG tab = {GetFocus(), WM_KEYDOWN, VK_TAB, 0, 0, {}};
-    SendMessageA(sheet, PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(&tab));
-    EXPECT_EQ(GetFocus(), lowest);
-    EXPECT_TRUE(isInView(lowest));
-    EXPECT_FALSE(isInView(GetDlgItem(page, 101)));
-    SendMessageA(lowest, WM_MOUSEWHEEL, MAKEWPARAM(0, 120 * 40), 0);
-    EXPECT_TRUE(isInView(GetDlgItem(page, 101)));
-    EXPECT_FALSE(isInView(lowest));
-    SendMessageA(sheet, WM_VSCROLL, SB_PAGEDOWN, 0);
-    EXPECT_TRUE(isInView(lowest));
 }
 
 }  // namespace
