@@ -125,9 +125,11 @@ void NameField::show(const std::vector<std::string>& names) {
     }
     SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(kNothing), 0);
     RECT field;
-    RECT area;
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
     GetWindowRect(edit_, &field);
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    GetMonitorInfoA(MonitorFromWindow(edit_, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& area = monitor.rcWork;
     const int rows = std::min(static_cast<int>(names.size()), kMostRows);
     const int height =
         rows * static_cast<int>(SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0)) + 2 * GetSystemMetrics(SM_CYBORDER);

@@ -161,13 +161,18 @@ void OpenFileDialog::onWmInitDialog(HWND dialog) {
     if (!IsWindow(dialog)) {
         return;
     }
-    // The child dialog makes the window higher, and wider where it needs that.
+    // The child dialog makes the window higher, and wider where it needs that. A screen may have room for less.
     RECT frame;
     GetWindowRect(window_, &frame);
     RECT client;
     GetClientRect(window_, &client);
-    const SIZE size = {frame.right - frame.left + std::max(0, childWidth() - static_cast<int>(client.right)),
-                       frame.bottom - frame.top + childHeight()};
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& work = monitor.rcWork;
+    const SIZE size = {
+        std::min(frame.right - frame.left + std::max<LONG>(0, childWidth() - client.right), work.right - work.left),
+        std::min(frame.bottom - frame.top + childHeight(), work.bottom - work.top)};
     const POINT at = centredPosition(size, ofn_.hwndOwner);
     SetWindowPos(window_, nullptr, at.x, at.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     layOut();
