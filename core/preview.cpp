@@ -5,13 +5,13 @@
 
 namespace {
 
-// In proportion to the screen, as far as the control has grown with it: its font may have grown less.
+// In proportion to the screen, as far as the control has room: its font may be lower, or have grown less.
 SIZE DrawnSize(const BITMAP& picture, SIZE control, const CDC& context) {
     SIZE drawn = {ScaledPixels(context, picture.bmWidth), ScaledPixels(context, picture.bmHeight)};
-    if (drawn.cx > control.cx && control.cx > picture.bmWidth) {
+    if (drawn.cx > control.cx) {
         drawn = {control.cx, picture.bmHeight * control.cx / picture.bmWidth};
     }
-    if (drawn.cy > control.cy && control.cy > picture.bmHeight) {
+    if (drawn.cy > control.cy) {
         drawn = {picture.bmWidth * control.cy / picture.bmHeight, control.cy};
     }
     return drawn;
