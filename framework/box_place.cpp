@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "framework/monitor.h"
+#include "framework/property_page.h"
 
 namespace {
 
@@ -50,6 +51,12 @@ bool PlaceBeside(const RECT& control, const RECT& area, RECT& box) {
 
 AfxBoxBeside::AfxBoxBeside(HWND control) : m_control(control), m_outer(innermost) {
     innermost = this;
+    for (HWND window = control; window != nullptr; window = ::GetParent(window)) {
+        if (auto* page = DYNAMIC_DOWNCAST(CPropertyPage, CWnd::FromHandlePermanent(window))) {
+            page->BringIntoView(control);
+            break;
+        }
+    }
     if (control != nullptr) {
         m_hook = ::SetWindowsHookExA(WH_CBT, HookProc, nullptr, ::GetCurrentThreadId());
     }

@@ -4,7 +4,7 @@
 #include "framework/window_api.h"
 
 // While one lives, the next message box that opens does not cover the control: where there is room on the screen it is
-// moved beside it. They nest; the innermost counts.
+// moved beside it. The control itself is scrolled into view. They nest; the innermost counts.
 class AfxBoxBeside {
 public:
     // The control is not owned and may go away; null leaves the box where the system puts it.

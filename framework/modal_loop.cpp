@@ -80,7 +80,7 @@ int CWnd::RunModalLoop(DWORD flags) {
             m_nModalResult = -1;
             break;
         }
-        OnMessageDone(message);
+        OnMessageDone();
         idle = idle || CausesIdle(message);
     }
     m_continueModal = false;
@@ -100,7 +100,7 @@ void CWnd::EndModalLoop(int result) {
     }
 }
 
-void CWnd::OnMessageDone(const MSG&) {}
+void CWnd::OnMessageDone() {}
 
 BOOL CWnd::PreTranslateMessage(MSG*) {
     return FALSE;

@@ -59,6 +59,12 @@ void CPropertyPage::Place() {
     }
 }
 
+void CPropertyPage::BringIntoView(HWND control) {
+    if (m_view != nullptr) {
+        m_view->BringIntoView(m_hWnd, control);
+    }
+}
+
 BOOL CPropertyPage::OnSetActive() {
     if (!m_firstSetActive) {
         UpdateData(FALSE);

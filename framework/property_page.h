@@ -32,6 +32,9 @@ public:
     // Tells the sheet that the page's content differs, or no longer differs, from what was applied.
     void SetModified(BOOL changed = TRUE);
 
+    // Scrolls the page, where it is larger than its view, so that the control can be seen.
+    void BringIntoView(HWND control);
+
     BOOL PreTranslateMessage(MSG* message) override;
     // Ends the sheet by the page's own will.
     void EndDialog(int result);

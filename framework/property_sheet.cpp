@@ -291,14 +291,17 @@ LRESULT CPropertySheet::HandleVScroll(WPARAM wParam, LPARAM bar) {
     return m_view && m_view->OnScroll(true, wParam, reinterpret_cast<HWND>(bar)) ? 0 : Default();
 }
 
-void CPropertySheet::OnMessageDone(const MSG& message) {
-    if (m_view && m_hWnd != nullptr) {
-        m_view->FollowFocus(message.message == WM_KEYDOWN);
+void CPropertySheet::OnMessageDone() {
+    if (m_view) {
+        m_view->FollowFocus(false);
     }
 }
 
 BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    if (message->message == WM_KEYDOWN && m_view) {
+        m_view->FollowFocus(true);
+    }
     if (message->message == WM_MOUSEWHEEL && m_view && m_view->OnWheel(*message)) {
         return TRUE;
     }

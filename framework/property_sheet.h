@@ -65,7 +65,7 @@ protected:
     LRESULT HandleExitSizeMove(WPARAM wParam, LPARAM lParam);
     LRESULT HandleHScroll(WPARAM wParam, LPARAM bar);
     LRESULT HandleVScroll(WPARAM wParam, LPARAM bar);
-    void OnMessageDone(const MSG& message) override;
+    void OnMessageDone() override;
 
     CWnd* m_pParentWnd;
 

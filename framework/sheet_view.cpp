@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr int kLine = 14;  // Dialog units: what an arrow of a bar scrolls by.
+constexpr int kLine = 14;       // Dialog units: what an arrow of a bar scrolls by.
+constexpr int kLabelLines = 4;  // The width of a label, in such lines.
 constexpr int kWheelLines = 3;
 constexpr int kWheelStep = 120;
 constexpr int kFirstBarId = 0x3025;
@@ -243,21 +244,26 @@ void AfxSheetView::FollowFocus(bool isKey) {
     if (!isNew && !isKey) {
         return;
     }
-    const HWND page = ActivePage();
-    if (page == nullptr || !::IsChild(page, focus)) {
-        return;
+    if (const HWND page = ActivePage()) {
+        BringIntoView(page, focus);
     }
-    HWND control = focus;
-    while (::GetParent(control) != page) {
-        control = ::GetParent(control);
-    }
-    BringIntoView(page, control);
 }
 
 void AfxSheetView::BringIntoView(HWND page, HWND control) {
-    const CRect place = PlaceIn(page, control);
+    if (!m_isCut || !::IsChild(page, control)) {
+        return;
+    }
+    while (::GetParent(control) != page) {
+        control = ::GetParent(control);
+    }
+    CRect place = PlaceIn(page, control);
     const CSize view = ClientSize(page);
     const CSize margin = Line();
+    // With the label that stands to the left, where there is room for both.
+    const LONG label = std::max(place.left - kLabelLines * margin.cx, -m_scrolled[page].x);
+    if (place.right - label + margin.cx <= view.cx) {
+        place.left = std::min(place.left, label);
+    }
     // How far to scroll. The beginning counts where there is no room for all of it.
     const auto way = [](LONG from, LONG to, LONG room, LONG spare) -> LONG {
         return from < 0 ? from - spare : to > room ? std::min(to - room + spare, from) : 0;

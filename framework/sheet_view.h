@@ -20,6 +20,8 @@ public:
     // Gives a page its place, which the system has set as if all of it were in view. A new window has not been
     // scrolled.
     void Place(HWND page, bool isNew);
+    // Scrolls to a control, or to what it is a part of.
+    void BringIntoView(HWND page, HWND control);
     // Brings the focus into view when it has moved, or in any case for a key that is on its way to it.
     void FollowFocus(bool isKey);
     // A part of a scroll bar was pressed; false when it is not one of this view's.
@@ -39,7 +41,6 @@ private:
     void ShowBar(bool isVertical);
     void ShowScrolled(HWND page);
     void ScrollTo(HWND page, CPoint at);
-    void BringIntoView(HWND page, HWND control);
     CSize Line() const;
 
     HWND m_sheet;

@@ -50,7 +50,7 @@ public:
 
     virtual BOOL PreTranslateMessage(MSG* message);
     // Called by the window's modal loop after each message; the window may be gone.
-    virtual void OnMessageDone(const MSG& message);
+    virtual void OnMessageDone();
     virtual BOOL DestroyWindow();
     virtual void WinHelp(DWORD_PTR data, UINT command);
     void CenterWindow();
