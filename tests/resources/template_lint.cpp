@@ -1,10 +1,13 @@
 // The checks. Places are compared in dialog units, in which a template gives them; captions are measured in pixels.
 #include "tests/resources/template_lint.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
+#include <iterator>
 #include <optional>
 
 #include "automation/finder.h"
@@ -154,6 +157,7 @@ public:
         if (order == ControlOrder::Free) {
             checkOrder();
         }
+        checkLabels();
         checkKeys();
         return complaints_;
     }
@@ -301,6 +305,29 @@ private:
             }
             found->second = &control;
         }
+    }
+
+    // Screen readers take the name of a control without a caption from the text that stands before it in the template,
+    // or from the frame around it.
+    void checkLabels() {
+        const Control* text = nullptr;
+        for (std::size_t i = 0; i < controls_.size(); ++i) {
+            const Control& control = controls_[i];
+            text = control.kind == Kind::Label && !control.caption.empty() ? &control : text;
+            const std::size_t frame = frameOf(i);
+            const bool isFramed = frame < i && !controls_[frame].caption.empty();
+            const bool isNamed = isFramed || (text != nullptr && isReadBefore(text->place, control.place) &&
+                                              control.place.top - text->place.bottom < kLineDlu);
+            if (control.kind == Kind::Other && isFilledByUser(control.window) && !isNamed) {
+                complain(control, kUnnamed);
+            }
+        }
+    }
+
+    static bool isFilledByUser(HWND window) {
+        const std::string windowClass = automation::ClassOf(window);
+        constexpr const char* kClasses[] = {"Edit", "ComboBox", "ListBox", WC_LISTVIEWA, TRACKBAR_CLASSA};
+        return std::find(std::begin(kClasses), std::end(kClasses), windowClass) != std::end(kClasses);
     }
 
     std::optional<std::size_t> focused() const {
