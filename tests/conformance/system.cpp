@@ -33,7 +33,8 @@ void traceTimers(Trace& trace) {
     SetTimer(top, 6, 100000, nullptr);
     SetTimer(gone, 7, 10, nullptr);
     DestroyWindow(gone);
-    trace.line("ended %d, again %d", KillTimer(top, 5) != 0, KillTimer(top, 5) != 0);
+    const bool ended = KillTimer(top, 5) != 0;
+    trace.line("ended %d, again %d", ended, KillTimer(top, 5) != 0);
     InvalidateRect(top, nullptr, FALSE);
     PostMessageA(top, WM_APP, 1, 0);
     std::this_thread::sleep_for(std::chrono::milliseconds(40));
@@ -54,7 +55,8 @@ void traceClipboard(Trace& trace) {
     GlobalUnlock(data);
     EmptyClipboard();
     trace.line("emptied %d", IsClipboardFormatAvailable(CF_TEXT) != 0);
-    trace.line("closed %d, again %d", CloseClipboard() != 0, CloseClipboard() != 0);
+    const bool closed = CloseClipboard() != 0;
+    trace.line("closed %d, again %d", closed, CloseClipboard() != 0);
 }
 
 void traceResources(Trace& trace) {
