@@ -5,6 +5,8 @@
 # The first list is what configuring and building need, the tests' programs included.
 native_packages=(g++ cmake ninja-build pkg-config libx11-dev libfreetype-dev libfontconfig-dev fonts-liberation
     binutils-mingw-w64-x86-64 libgtest-dev)
+# For tools/coverage.
+coverage_packages=(clang llvm)
 # For packaging/debian, and for the test of its packages.
 packaging_packages=(dpkg-dev file)
 test_packages=(libbenchmark-dev fonts-dejavu xvfb xauth x11-xkb-utils xdotool)
