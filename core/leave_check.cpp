@@ -62,7 +62,7 @@ BOOL CLeaveCheck::MayLeave() {
     if (const HWND focus = ::GetFocus()) {
         const HWND parent = ::GetParent(focus);
         // The focus is in a field of the window, or in the edit inside one of its combo boxes.
-        const bool inside = parent == m_window.m_hWnd || (parent != nullptr && ::GetParent(parent) == m_window.m_hWnd);
+        const bool inside = parent == m_window.m_hWnd || ::GetParent(parent) == m_window.m_hWnd;
         m_bFieldCheckOk = 1;
         if (inside && TextOf(focus) != kOkCaption) {
             m_pLastEditControl = nullptr;
@@ -79,7 +79,7 @@ BOOL CLeaveCheck::MayLeave() {
 
 BOOL CLeaveCheck::CommitFocusedField() {
     const HWND focus = ::GetFocus();
-    if (focus != nullptr && ::GetParent(focus) == m_window.m_hWnd && TextOf(focus) != kOkCaption) {
+    if (::GetParent(focus) == m_window.m_hWnd && TextOf(focus) != kOkCaption) {
         SendKillFocus(focus);
     }
     return m_window.m_hWnd != nullptr;

@@ -22,12 +22,12 @@ double LeadingNumber(LPCSTR text) {
     if (error != std::errc::result_out_of_range) {
         return number;
     }
-    // Too large or too small to be held; a digit other than 0 before the point, and the exponent, tell which.
+    // Too large or too small to be held; a digit before the point, zeros in front aside, and the exponent tell which.
     const bool isNegative = *text == '-';
     LPCSTR digits = text + (isNegative ? 1 : 0);
     const char first = digits[std::strspn(digits, "0")];
     const LPCSTR exponent = digits + std::strspn(digits, "0123456789.");
-    const bool isSmall = first < '1' || first > '9' || (*exponent != '\0' && exponent[1] == '-');
+    const bool isSmall = first < '1' || (*exponent != '\0' && exponent[1] == '-');
     return isSmall ? 0.0 : isNegative ? -HUGE_VAL : HUGE_VAL;
 }
 

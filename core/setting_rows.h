@@ -35,7 +35,7 @@ struct TextRow {
     Exchange exchange = &DDX_Text;
     // The most characters that can be typed; 0 for no limit.
     size_t maxLength = 0;
-    // What a pick from the list does: one of the page's Pick operations.
+    // What a pick from the list does: one of the page's Pick operations. Every combo box has one.
     Pick pick = nullptr;
     LastEdit lastEdit = LastEdit::Noted;
     FailedTransfer failedTransfer = FailedTransfer::Ignored;

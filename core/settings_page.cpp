@@ -307,8 +307,7 @@ void CSettingsPage::OnListClosed(UINT control) {
 
 void CSettingsPage::OnPick(UINT control) {
     m_openedList.OnConfirmed(HandleOf(control));
-    const TextRow* row = FindRow(m_rows.texts, control);
-    if (row != nullptr && row->pick != nullptr) {
+    if (const TextRow* row = FindRow(m_rows.texts, control)) {
         (this->*row->pick)(*row);
     }
 }
@@ -370,7 +369,5 @@ void CSettingsPage::RedrawControl(UINT id) {
 }
 
 void CSettingsPage::SetDisabledBit(UINT id, BOOL disabled) {
-    if (CWnd* control = GetDlgItem(static_cast<int>(id))) {
-        control->ModifyStyle(disabled ? 0 : WS_DISABLED, disabled ? WS_DISABLED : 0);
-    }
+    RequireDlgItem(id).ModifyStyle(disabled ? 0 : WS_DISABLED, disabled ? WS_DISABLED : 0);
 }

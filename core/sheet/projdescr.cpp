@@ -73,10 +73,6 @@ void projdescr::LoadConnectPage() {
 
 INT_PTR projdescr::DoModal() {
     m_psh.dwFlags |= PSH_NOAPPLYNOW;
-    // What an earlier run of the same sheet added.
-    while (GetPageCount() > 0) {
-        RemovePage(0);
-    }
     AddLoadedPage(m_pageProject);
     m_pageProject.m_bOptionalPages = m_bOptionalPages;
     AddLoadedPage(m_pageCircuit);
@@ -124,5 +120,5 @@ BOOL projdescr::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 int projdescr::OnCreate(LPCREATESTRUCT createStruct) {
-    return CPropertySheet::OnCreate(createStruct) == -1 ? -1 : 0;
+    return CPropertySheet::OnCreate(createStruct);
 }

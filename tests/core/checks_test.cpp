@@ -5,7 +5,7 @@
 
 #include "core/field_messages.h"
 #include "core/sheet/projdescr.h"
-#include "tests/core/box_answerer.h"
+#include "tests/support/box_answerer.h"
 
 namespace {
 
@@ -75,6 +75,7 @@ TEST_F(Checks, TextFieldReportsAndGivesTheFocusBack) {
         {kPlain, " \t", 1, 0, "", kEmpty, false},
         {kPlain, "a;b", 1, 0, "a;b", Invalid(';'), false},
         {kPlain, " ok ", 1, 1, "ok", "", false},
+        {kPlain, " ok ", 0, 1, " ok ", "", false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
@@ -181,7 +182,10 @@ TEST(Sheet, PutMirrorsThreeKeysWhateverTheStoreAndMergeNone) {
     sheet.PutSetting(&other, "DRW_MODE", "0");
     EXPECT_EQ(mirrored(), std::tuple(0, 3, 4));
     sheet.m_bEditable = 0;
+    sheet.m_pHostSettings = &store;
+    sheet.PutSetting(&sheet.m_workSettings, "DRW_MODE", "0");
     sheet.MergeSettings(&other, &store);
+    EXPECT_TRUE(sheet.CommitSettings());
     EXPECT_EQ(CSettingsSheet::GetSettingNumber(&store, "DRW_MODE"), 2) << "a read-only sheet merges nothing";
     sheet.m_bEditable = 1;
     sheet.MergeSettings(&store, &other);

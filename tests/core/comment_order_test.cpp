@@ -24,9 +24,9 @@ protected:
 };
 
 TEST_F(CommentOrder, HasEachNameBeforeTheNext) {
-    constexpr LPCSTR kAscending[] = {"",          " c1",  "#A",  "_",  "\xD7",  "0",      "9z",  "Alpha",
-                                     "beta",      "c",    "c a", "C1", "cable", "CABLES", "d",   "\x9A",
-                                     "\xC4rende", "\xE5", "c0",  "c2", "c10 x", "c11",    "c255"};
+    constexpr LPCSTR kAscending[] = {"",          " c1",  "#A", "_",   "{",     "\xD7",  "\xF7",   "0", "9z",
+                                     "Alpha",     "beta", "c",  "c a", "C1",    "cable", "CABLES", "d", "\x9A",
+                                     "\xC4rende", "\xE5", "c0", "c2",  "c10 x", "c11",   "c255"};
     for (const int direction : {1, -1}) {
         g_commentSortDir[kCommentColumn] = direction;
         for (size_t i = 0; i < std::size(kAscending); ++i) {

@@ -2,26 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "core/assembly_height.h"
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
-#include "pages/circuit/dlgcrossref.h"
 #include "pages/circuit/dlgextern.h"
-#include "pages/project/dlgprojdef.h"
 #include "pages/project/form.h"
-#include "pages/textcolor/textcolor.h"
 #include "resources/resource.h"
-#include "tests/core/box_answerer.h"
+#include "tests/support/box_answerer.h"
 
 namespace {
-
-constexpr char kFaultyField[] = "Felaktigt textf\xE4lt";
-constexpr char kEmpty[] = "Textstr\xE4ngen kan inte vara tom!";
-constexpr char kSemicolonIsInvalid[] = ";\xE4r ogiltigt!";
-
-using Boxes = std::vector<BoxSeen>;
 
 // An editable sheet of any pages; it notes what the pages tell it of their modification.
 class Sheet : public CSettingsSheet {
@@ -91,105 +81,6 @@ protected:
     BoxAnswerer m_boxes;
 };
 
-// Loads every row of a page, changes it with the user's means, and looks for what is applied. No two rows share a key
-// or a control.
-class RowWalk : public Pages {
-protected:
-    // Values for every row: the loaded ones first, then what the user makes of them.
-    static const char* TextValue(size_t index, bool edited) {
-        static std::string value;
-        value = std::to_string(index + 1) + (edited ? ".6" : ".5");
-        return value.c_str();
-    }
-
-    void Walk(CSettingsPage& page) {
-        Sheet sheet({&page});
-        const PageRows& rows = page.Rows();
-        for (size_t i = 0; i < rows.texts.size(); ++i) {
-            sheet.PutSetting(&sheet.m_host, rows.texts[i].key, TextValue(i, false));
-        }
-        for (const CheckRow& row : rows.checks) {
-            sheet.PutSetting(&sheet.m_host, row.key, row.unchecked);
-        }
-        for (const ChoiceRow& row : rows.choices) {
-            sheet.PutSetting(&sheet.m_host, row.key, std::to_string(row.StoredNumber(1)).c_str());
-        }
-        page.LoadSettings(&sheet.m_host);
-        Run(
-            sheet,
-            [&] {
-                for (size_t i = 0; i < rows.texts.size(); ++i) {
-                    SCOPED_TRACE(rows.texts[i].key);
-                    const HWND field = Control(page, rows.texts[i].control);
-                    EXPECT_EQ(TextOf(field), TextValue(i, false));
-                    Replace(field, TextValue(i, true));
-                }
-                for (const CheckRow& row : rows.checks) {
-                    SCOPED_TRACE(row.key);
-                    const HWND box = Control(page, row.control);
-                    EXPECT_FALSE(IsChecked(box));
-                    // Rows may disable one another.
-                    ::EnableWindow(box, TRUE);
-                    SendMessageA(box, BM_CLICK, 0, 0);
-                }
-                for (const ChoiceRow& row : rows.choices) {
-                    SCOPED_TRACE(row.key);
-                    EXPECT_TRUE(IsChecked(Control(page, row.buttons[1])));
-                    ::EnableWindow(Control(page, row.buttons.back()), TRUE);
-                    SendMessageA(Control(page, row.buttons.back()), BM_CLICK, 0, 0);
-                }
-                sheet.PressButton(PSBTN_OK);
-            },
-            IDOK);
-        EXPECT_TRUE(m_boxes.Take().empty());
-        std::set<std::string> keys;
-        std::set<UINT> controls;
-        for (size_t i = 0; i < rows.texts.size(); ++i) {
-            EXPECT_EQ(sheet.Applied(rows.texts[i].key), TextValue(i, true)) << rows.texts[i].key;
-            EXPECT_TRUE(keys.insert(rows.texts[i].key).second && controls.insert(rows.texts[i].control).second);
-        }
-        for (const CheckRow& row : rows.checks) {
-            EXPECT_EQ(sheet.Applied(row.key), row.checked) << row.key;
-            EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.control).second);
-        }
-        for (const ChoiceRow& row : rows.choices) {
-            EXPECT_EQ(sheet.Applied(row.key), std::to_string(row.StoredNumber(row.buttons.size() - 1))) << row.key;
-            EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.buttons.front()).second);
-        }
-    }
-};
-
-TEST_F(RowWalk, General) {
-    dlgcircuit page;
-    Walk(page);
-}
-
-TEST_F(RowWalk, CrossReference) {
-    dlgcrossref page;
-    Walk(page);
-}
-
-TEST_F(RowWalk, ExternalAndAssembly) {
-    dlgextern page;
-    Walk(page);
-}
-
-TEST_F(RowWalk, Forms) {
-    CForm page;
-    Walk(page);
-}
-
-TEST_F(RowWalk, ProjectDescription) {
-    dlgprojdef page;
-    page.m_bOptionalPages = 1;
-    Walk(page);
-}
-
-TEST_F(RowWalk, TextsAndColours) {
-    CTextColor page;
-    Walk(page);
-}
-
 // The general page's dialog with one row of each kind that departs from the usual.
 class OddPage : public CSettingsPage {
 public:
@@ -201,22 +92,18 @@ public:
             ::SetFocus(m_focusAtReset);
         }
     }
-    BOOL OnSetActive() override {
-        const BOOL result = CSettingsPage::OnSetActive();
-        ++m_activations;
-        return result;
-    }
 
     CString m_strPicked;
     CString m_strTyped;
-    CString m_strAlsoTyped;
+    CString m_strLimited;
     int m_nRecorded = 0;
     int m_nUndone = 0;
     int m_nChoice = -1;
-    int m_activations = 0;
     HWND m_focusAtReset = nullptr;
+    bool m_picksText = false;
 
 private:
+    void Pick(const TextRow& row) { m_picksText ? PickShownText(row) : PickEntry(row); }
     static int RefuseSemicolons(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& field) {
         EXPECT_TRUE(refocus == nullptr || refocus == &field);
         return page.GetSheet()->CheckTextField(text, refocus, ";", 0);
@@ -230,13 +117,12 @@ private:
 constexpr UINT kChoiceButtons[] = {IDC_CORE_ARROW, IDC_CORE_SLASH};
 const TextRow OddPage::kTexts[] = {
     {IDC_START_X, "TYPED", PageMember(&OddPage::m_strTyped), &RefuseSemicolons},
-    {IDC_START_Y, "ALSO_TYPED", PageMember(&OddPage::m_strAlsoTyped), &RefuseSemicolons},
+    {IDC_START_Y, "LIMITED", PageMember(&OddPage::m_strLimited), nullptr, &DDX_Text, 7},
     {.control = IDC_SYMBOL_STANDARD,
      .key = "PICKED",
      .member = PageMember(&OddPage::m_strPicked),
      .exchange = &DDX_CBString,
-     .maxLength = 7,
-     .pick = &CSettingsPage::PickEntry},
+     .pick = static_cast<TextRow::Pick>(&OddPage::Pick)},
 };
 const CheckRow OddPage::kChecks[] = {
     {IDC_FUNCTION_ORIENTED, "RECORDED", PageMember(&OddPage::m_nRecorded), ReadOnlyClick::Recorded, SheetNotice::None,
@@ -332,8 +218,14 @@ TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
     };
     const auto spoilTransfer = [this] {
         ::SetFocus(Control(m_page, IDC_CORE_ARROW));
-        SetWindowTextA(Combo(), "123456789");
+        SetWindowTextA(Control(m_page, IDC_START_Y), "123456789");
         m_boxes.BeforeAnswer([this] { m_sheet.DestroyWindow(); });
+    };
+    const auto pick = [&](bool text) {
+        m_page.m_picksText = text;
+        spoilTransfer();
+        SendMessageA(m_page.m_hWnd, WM_COMMAND, MAKEWPARAM(IDC_SYMBOL_STANDARD, CBN_SELENDOK),
+                     reinterpret_cast<LPARAM>(Combo()));
     };
     const Leaving leavings[] = {
         [&] { spoil(), ::SetFocus(Combo()); },
@@ -342,11 +234,15 @@ TEST_F(OddPages, OutliveTheirWindowsUnderAMessageBox) {
         [&] { spoilTransfer(), m_page.OnApply(); },
         [&] { spoilTransfer(), m_sheet.SetActivePage(1); },
         [&] { spoilTransfer(), Click(IDC_CAPITAL_DESIGNATIONS); },
+        [&] { Replace(Typed(), "1"), spoilTransfer(), ::SetFocus(Typed()), ::SetFocus(Combo()); },
+        [&] { pick(false); },
+        [&] { pick(true); },
     };
     for (const Leaving& leave : leavings) {
         m_sheet.Load({});
         Run(m_sheet, leave, -1);
         EXPECT_EQ(m_boxes.Take().size(), 1U);
+        EXPECT_ANY_THROW(m_page.GetSheet());
     }
 }
 

@@ -109,6 +109,8 @@ TEST(Record, WithoutFieldsHasNoBuffer) {
         EXPECT_EQ(record.SetField(1, nullptr), nullptr);
         record.SetField(1, "A");
         EXPECT_EQ(Bytes(record), "\1A||");
+        EXPECT_EQ(record.FindField(0), -1);
+        EXPECT_EQ(record.FindField(0x101), -1);
     }
 }
 
@@ -129,10 +131,11 @@ TEST(Store, NumbersRecordsFromOneAndAppendsAgainAfterRemoveAll) {
     EXPECT_EQ(store.GetRecord(1), nullptr);
     Add(store, "\1a||");
     EXPECT_EQ(store.AddRecord(nullptr), 1);
-    EXPECT_EQ(Records(store), (List{"\1a||", ""}));
+    EXPECT_EQ(store.AddRecord(""), 1);
+    EXPECT_EQ(Records(store), (List{"\1a||", "", ""}));
     EXPECT_EQ(store.GetRecord(0), nullptr);
     EXPECT_EQ(store.GetRecord(2), store.GetFirst()->GetNext());
-    EXPECT_EQ(store.GetRecord(3), nullptr);
+    EXPECT_EQ(store.GetRecord(4), nullptr);
     store.RemoveAll();
     EXPECT_EQ(store.GetFirst(), nullptr);
     Add(store, "\1b||");
@@ -184,27 +187,40 @@ TEST(Settings, MergeMarksOverwrittenRecordsOnlyAndKeepsTheSource) {
     CMdb from;
     AddOddRecords(from);
     Add(from, "\1OLD|\2new value||");
-    Add(from,
-        "\1"
-        "ADDED|\2x||");
+    Add(from, "\1SHORT|\2n||");
+    Add(from, "\1NEW|\2x||");
     SetSetting(&from, longKey.c_str(), "v");
     const List source = Records(from);
-    CMdb to;
-    AddOddRecords(to);
-    Add(to, "\1OLD|\2o||");
-    Add(to, "\1KEPT|\2k||");
-    const List odd = {"\2alone||", "\1KEY||", "", "\3other||"};
-    List expected = odd;
-    expected.insert(expected.end(), {"\2new value|\1OLD||*", "\1KEPT|\2k||",
-                                     "\1"
-                                     "ADDED|\2x||",
-                                     "\1" + longKey + "|\2v||"});
-    MergeSettingRecords(&from, &to);
-    EXPECT_EQ(Records(to), expected);
-    EXPECT_EQ(Records(from), source);
-    MergeSettingRecords(&from, &to);
-    EXPECT_EQ(to.GetRecord(7)->IsChanged(), 1) << "a second merge finds the record that the first one appended";
-    EXPECT_EQ(to.GetRecord(9), nullptr);
+    const List before = {"\2alone||", "\1KEY||", "", "\3other||", "\1OLD|\2o||", "\1KEPT|\2k||", "\1SHORT|\2old||"};
+    const List after = {"\2alone||",
+                        "\1KEY||",
+                        "",
+                        "\3other||",
+                        "\2new value|\1OLD||*",
+                        "\1KEPT|\2k||",
+                        "\1SHORT|\2n||*",
+                        "\1NEW|\2x||",
+                        "\1" + longKey + "|\2v||"};
+    for (const auto merge : {&MergeSettingRecords, &CommitSettingRecords}) {
+        CMdb to;
+        AddOddRecords(to);
+        for (size_t i = 4; i < before.size(); ++i) {
+            Add(to, before[i]);
+        }
+        // The second kind merges all or nothing, wherever memory runs out.
+        int failures = 0;
+        for (bool isMerged = merge == &MergeSettingRecords; !isMerged; ++failures) {
+            ASSERT_EQ(Records(to), before);
+            const FailingAllocator failing(failures);
+            isMerged = merge(&from, &to) != 0;
+        }
+        EXPECT_TRUE(merge == &MergeSettingRecords ? merge(&from, &to) != 0 : failures > 5);
+        EXPECT_EQ(Records(to), after);
+        EXPECT_EQ(Records(from), source);
+        EXPECT_EQ(merge(&from, &to), 1);
+        EXPECT_EQ(to.GetRecord(8)->IsChanged(), 1) << "a second merge finds the record that the first one appended";
+        EXPECT_EQ(to.GetRecord(10), nullptr);
+    }
 }
 
 TEST(Settings, WriteStoresTheValueAndNeverLeavesThePlaceholder) {
@@ -219,6 +235,7 @@ TEST(Settings, WriteStoresTheValueAndNeverLeavesThePlaceholder) {
               (List{"\00222|\001A||", "\002long|\001B||", "\001C|\2||", "\1NOVALUE||", "\1NOVALUE|\2v||"}));
     EXPECT_EQ(WriteSetting(nullptr, "A", "1"), 0);
     EXPECT_EQ(WriteSetting(&store, nullptr, "1"), 0);
+    EXPECT_EQ(WriteSetting(&store, "A", nullptr), 0);
     CMdb other;
     EXPECT_EQ(WriteSetting(&other, "", "v"), 0);
     EXPECT_EQ(Records(other), (List{"\1|\2x||"}));
@@ -233,6 +250,9 @@ TEST(Settings, RunningOutOfMemoryLosesTheNewSettingOnly) {
     for (int succeeding = 0; succeeding < 3; ++succeeding) {
         const FailingAllocator failing(succeeding);
         SetSetting(&store, "NEW", "1");
+        if (succeeding == 0) {
+            SetSetting(&store, "K", "longer");
+        }
     }
     EXPECT_EQ(Records(store), (List{"\1K|\2a||"}));
     int written = -1;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "framework/framework.h"
-#include "tests/core/box_answerer.h"
+#include "tests/support/box_answerer.h"
 
 using Texts = std::vector<std::string>;
 

@@ -108,6 +108,7 @@ TEST(HostileHost, MayDestroyAnyWindowAtAnyMessage) {
 }
 
 TEST(OtherCall, IsRefusedWhileTheSheetIsOpen) {
+    EXPECT_EQ(Tavrikconfig(nullptr, "", nullptr, 1, 1, 1), 0) << "without a store";
     CMdb inner;
     Fill(inner);
     const StoreImage before = ImageOf(inner);

@@ -1,6 +1,6 @@
-#include "tests/settings/keyboard.h"
+#include "tools/settings/keyboard.h"
 
-#include "tests/settings/captions.h"
+#include "tools/settings/captions.h"
 
 #include <commctrl.h>
 

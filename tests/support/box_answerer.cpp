@@ -1,4 +1,4 @@
-#include "tests/core/box_answerer.h"
+#include "tests/support/box_answerer.h"
 
 #include <utility>
 

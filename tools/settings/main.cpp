@@ -3,9 +3,9 @@
 // With --keyboard it prints docs/keyboard.md: how each control is reached without a mouse.
 #include "core/sheet/projdescr.h"
 #include "resources/resource.h"
-#include "tests/core/box_answerer.h"
-#include "tests/settings/captions.h"
-#include "tests/settings/keyboard.h"
+#include "tests/support/box_answerer.h"
+#include "tools/settings/captions.h"
+#include "tools/settings/keyboard.h"
 
 #include <tavrikdisplay.h>
 
