@@ -1,16 +1,16 @@
-// Dialogs from resources: modal running, owners.
+// Modal dialogs, and what comes of an exception in a handler of a window.
 #include <new>
+#include <stdexcept>
 
+#include "resources/resource.h"
 #include "tests/framework/host_window.h"
-#include "tests/framework/test_resource.h"
 
 namespace {
 
 class ModalDialog : public CDialog {
 public:
-    explicit ModalDialog(CWnd* parent) : CDialog(IDD_FIELDS, parent) {}
+    explicit ModalDialog(CWnd* parent) : CDialog(IDD_AUTO_TEXT, parent) {}
 
-    void DoDataExchange(CDataExchange* exchange) override { DDX_Text(exchange, IDC_TEXT, m_number); }
     BOOL OnInitDialog() override {
         CDialog::OnInitDialog();
         if (m_failAtOnce) {
@@ -22,7 +22,6 @@ public:
         return TRUE;
     }
 
-    int m_number = 5;
     bool m_endAtOnce = false;
     bool m_failAtOnce = false;
 };
@@ -40,19 +39,48 @@ TEST_F(Dialogs, QuitEndsTheLoopAndIsLeftForTheOneOutside) {
     EXPECT_EQ(message.wParam, WPARAM{4});
 }
 
-TEST_F(Dialogs, InitialisationMayEndItAndMissingTemplateFails) {
+TEST_F(Dialogs, InitialisationMayEndItOrFail) {
     m_dialog.m_endAtOnce = true;
     EXPECT_EQ(m_dialog.DoModal(), 7);
-    EXPECT_EQ(CDialog(IDD_MISSING).DoModal(), -1);
-    EXPECT_TRUE(::IsWindowEnabled(m_host));
-}
-
-TEST_F(Dialogs, FailingInitialisationIsReportedAndEndsIt) {
     m_dialog.m_failAtOnce = true;
     EXPECT_EQ(m_dialog.DoModal(), -1);
     EXPECT_EQ(BoxTexts().size(), 1u);
     EXPECT_EQ(m_dialog.m_hWnd, nullptr);
+    constexpr UINT kMissing = 999;
+    EXPECT_EQ(CDialog(kMissing).DoModal(), -1);
     EXPECT_TRUE(::IsWindowEnabled(m_host));
+}
+
+class Window : public CWnd {
+    DECLARE_MESSAGE_MAP()
+
+public:
+    LRESULT OnOwnMessage(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam) + lParam; }
+    LRESULT OnThrow(WPARAM, LPARAM) { throw std::runtime_error("trasig"); }
+};
+BEGIN_MESSAGE_MAP(Window, CWnd)
+ON_MESSAGE(WM_USER + 1, &Window::OnOwnMessage)
+ON_MESSAGE(WM_USER + 2, &Window::OnThrow)
+END_MESSAGE_MAP()
+
+using Windows = HostWindow;
+
+TEST_F(Windows, ReportAnExceptionAndHaveOneObjectUntilItIsGivenBack) {
+    Window window;
+    window.SubclassWindow(m_host);
+    EXPECT_EQ(window.SendMessage(WM_USER + 2), 0);
+    EXPECT_EQ(BoxTexts(), Texts({"Internt fel. (trasig)"}));
+    EXPECT_EQ(window.SendMessage(WM_USER + 1, 40, 2), 42);
+    EXPECT_FALSE(Window().SubclassWindow(m_host));
+    EXPECT_EQ(window.UnsubclassWindow(), m_host);
+    EXPECT_EQ(::SendMessageA(m_host, WM_USER + 1, 40, 2), 0);
+    EXPECT_EQ(CWnd::FromHandlePermanent(m_host), nullptr);
+}
+
+TEST(Application, IsCalledAsItsModuleUnlessNamed) {
+    const CWinApp unnamed;
+    EXPECT_EQ(CString(unnamed.m_pszAppName).FindOneOf("/\\"), -1);
+    EXPECT_STRNE(unnamed.m_pszAppName, "");
 }
 
 }  // namespace

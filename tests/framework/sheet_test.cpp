@@ -1,9 +1,9 @@
-// The life of a property sheet and its pages: activation, applying, pages that come and go.
-#include <memory>
+// The life of a property sheet and its pages: activation and applying.
 #include <utility>
 
+#include "resources/resource.h"
 #include "tests/framework/host_window.h"
-#include "tests/framework/test_resource.h"
+#include "tests/support/template_builder.h"
 
 namespace {
 
@@ -11,11 +11,11 @@ Texts g_trace;
 
 class TracePage : public CPropertyPage {
 public:
-    explicit TracePage(std::string name) : CPropertyPage(IDD_FIELDS), m_name(std::move(name)) {}
+    explicit TracePage(std::string name) : CPropertyPage(IDD_AUTO_TEXT), m_name(std::move(name)) {}
 
     void DoDataExchange(CDataExchange* exchange) override {
         Trace(exchange->m_bSaveAndValidate ? "read" : "show");
-        DDX_Text(exchange, IDC_TEXT, m_number);
+        DDX_Text(exchange, IDC_TEXT_X, m_number);
     }
     BOOL OnInitDialog() override {
         Trace("init");
@@ -102,70 +102,6 @@ TEST_F(Sheet, OkAsksTheCurrentPageAndAppliesTheCreatedOnesInOrder) {
     EXPECT_EQ(Trace(), Texts({"second kill", "second read", "first apply", "second apply"}));
 }
 
-TEST_F(Sheet, PagesComeAndGoWhileItRuns) {
-    Run({[&] {
-             m_sheet.AddPage(&m_third);
-             EXPECT_EQ(m_sheet.GetTabControl()->GetItemCount(), 3);
-             EXPECT_TRUE(m_sheet.SetActivePage(&m_third));
-         },
-         [&] {
-             EXPECT_NE(m_third.m_hWnd, nullptr);
-             EXPECT_TRUE(m_sheet.SetActivePage(0));
-             m_sheet.RemovePage(&m_third);
-             EXPECT_EQ(m_sheet.GetTabControl()->GetItemCount(), 2);
-             EXPECT_EQ(m_third.m_hWnd, nullptr);
-             EXPECT_EQ(m_sheet.GetPageIndex(&m_third), -1);
-             m_sheet.RemovePage(&m_third);
-             EXPECT_EQ(m_sheet.GetPageCount(), 2);
-         },
-         [&] {
-             m_sheet.AddPage(&m_third);
-             m_sheet.SetActivePage(2);
-             Press(IDOK);
-         }});
-    EXPECT_EQ(Trace().back(), "third apply");
-}
-
-TEST_F(Sheet, GrowsInItsPlaceForAnotherRowOfTabs) {
-    std::vector<std::unique_ptr<TracePage>> more;
-    const auto frame = [&] {
-        RECT rect{};
-        ::GetWindowRect(m_sheet.m_hWnd, &rect);
-        return rect;
-    };
-    const auto shownPage = [&] {
-        RECT rect{};
-        ::GetClientRect(m_sheet.GetActivePage()->m_hWnd, &rect);
-        return rect;
-    };
-    RECT opened{};
-    RECT page{};
-    const auto grown = [&] { return frame().bottom - opened.bottom; };
-    Run({[&] {
-             opened = frame();
-             page = shownPage();
-             for (int i = 0; i < 5; ++i) {
-                 m_sheet.AddPage(more.emplace_back(std::make_unique<TracePage>("more")).get());
-             }
-             EXPECT_EQ(m_sheet.GetTabControl()->SendMessage(TCM_GETROWCOUNT), 2);
-             RECT tab{};
-             m_sheet.GetTabControl()->SendMessage(TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
-             EXPECT_EQ(grown(), tab.bottom - tab.top);
-             EXPECT_EQ(frame().left, opened.left);
-             EXPECT_EQ(frame().top, opened.top);
-             const RECT pageNow = shownPage();
-             EXPECT_TRUE(::EqualRect(&pageNow, &page)) << "no part is covered";
-         },
-         [&] {
-             const LONG before = grown();
-             for (const auto& one : more) {
-                 m_sheet.RemovePage(one.get());
-             }
-             EXPECT_EQ(grown(), before) << "the room stays";
-             Press(IDCANCEL);
-         }});
-}
-
 // The part of a window that its parents and the screen let through is all of it.
 bool IsInView(HWND window) {
     RECT all{};
@@ -184,7 +120,13 @@ bool IsInView(HWND window) {
 }
 
 TEST_F(Sheet, KeepsToTheScreenAndScrollsItsPagesBothWays) {
-    CPropertyPage large(IDD_LARGE);
+    const TemplateBuilder source =
+        TemplateBuilder(TemplateBuilder::Form::Classic, WS_POPUP | WS_CAPTION, 1000, 800, "Stor")
+            .add(kEdit, IDC_TEXT_X, "", 0)
+            .add(kEdit, IDC_TEXT_Y, "", 0, 930, 780);
+    CPropertyPage large(IDD_AUTO_TEXT);
+    large.m_psp.dwFlags |= PSP_DLGINDIRECT;
+    large.m_psp.pResource = source.get();
     CPropertySheet sheet("Stor", CWnd::FromHandle(m_host), 0);
     sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
     sheet.AddPage(&large);
@@ -198,28 +140,28 @@ TEST_F(Sheet, KeepsToTheScreenAndScrollsItsPagesBothWays) {
                    EXPECT_TRUE(IsInView(sheet.m_hWnd));
                    EXPECT_TRUE(IsInView(::GetDlgItem(sheet.m_hWnd, IDOK)));
                    EXPECT_TRUE(IsInView(::GetDlgItem(sheet.m_hWnd, IDCANCEL)));
-                   EXPECT_TRUE(IsInView(field(IDC_TEXT)));
-                   EXPECT_FALSE(IsInView(field(IDC_OTHER)));
-                   ::PostMessageA(field(IDC_TEXT), WM_KEYDOWN, VK_TAB, 0);
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT_X)));
+                   EXPECT_FALSE(IsInView(field(IDC_TEXT_Y)));
+                   ::PostMessageA(field(IDC_TEXT_X), WM_KEYDOWN, VK_TAB, 0);
                },
                [&] {
-                   EXPECT_EQ(::GetFocus(), field(IDC_OTHER));
-                   EXPECT_TRUE(IsInView(field(IDC_OTHER)));
+                   EXPECT_EQ(::GetFocus(), field(IDC_TEXT_Y));
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT_Y)));
                    wheel(kFar, 0);
                    wheel(kFar, MK_SHIFT);
                },
                [&] {
-                   EXPECT_TRUE(IsInView(field(IDC_TEXT)));
-                   EXPECT_FALSE(IsInView(field(IDC_OTHER)));
-                   ::PostMessageA(field(IDC_OTHER), WM_KEYDOWN, VK_END, 0);
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT_X)));
+                   EXPECT_FALSE(IsInView(field(IDC_TEXT_Y)));
+                   ::PostMessageA(field(IDC_TEXT_Y), WM_KEYDOWN, VK_END, 0);
                },
                [&] {
-                   EXPECT_TRUE(IsInView(field(IDC_OTHER))) << "what is typed is seen";
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT_Y))) << "what is typed is seen";
                    sheet.SetActivePage(1);
                    EXPECT_TRUE(IsInView(m_first.m_hWnd));
                    sheet.SetActivePage(0);
                    EXPECT_TRUE(IsInView(large.m_hWnd));
-                   EXPECT_TRUE(IsInView(field(IDC_OTHER))) << "each page keeps its place";
+                   EXPECT_TRUE(IsInView(field(IDC_TEXT_Y))) << "each page keeps its place";
                    sheet.SendDlgItemMessage(IDCANCEL, BM_CLICK);
                }});
     EXPECT_EQ(sheet.DoModal(), IDCANCEL);

@@ -28,23 +28,6 @@ TEST(String, ClipsPartsToTheText) {
     EXPECT_EQ(text.GetAt(8), '\0');
 }
 
-TEST(String, FindsInsertsAndRemoves) {
-    CString text("P.C");
-    EXPECT_EQ(text.Find(".C", 1), 1);
-    EXPECT_EQ(text.Find('P', 1), -1);
-    EXPECT_EQ(text.Find('P', 99), -1);
-    EXPECT_EQ(text.FindOneOf("xC."), 1);
-    EXPECT_EQ(text.FindOneOf("x"), -1);
-    EXPECT_EQ(text.ReverseFind('P'), 0);
-    EXPECT_EQ(text.Insert(0, '$'), 4);
-    EXPECT_EQ(text.Insert(99, "!"), 5);
-    EXPECT_EQ(Std(text), "$P.C!");
-    EXPECT_EQ(text.Remove('$'), 1);
-    EXPECT_EQ(text.Replace('.', ','), 1);
-    EXPECT_EQ(text.Delete(0, 2), 2);
-    EXPECT_EQ(Std(text), "C!");
-}
-
 TEST(String, TakesPartsOfItself) {
     CString text("ab");
     text.Format("%s-%d,%3.1f", text.GetString(), 7, 2.5);

@@ -23,7 +23,15 @@ void useInEveryWay(HWND control, HWND list, HWND parent) {
         SendMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(key), 1);
     }
     SendMessageA(control, BM_CLICK, 0, 0);
-    SendMessageA(control, WM_KEYDOWN, VK_DOWN, 1);
+    for (const UINT key : {VK_DOWN, VK_RIGHT}) {
+        SendMessageA(control, WM_KEYDOWN, key, 1);
+        SendMessageA(control, WM_KEYUP, key, 1);
+    }
+    for (const int x : {13, 120}) {
+        SendMessageA(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 12));
+        SendMessageA(control, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(60, 12));
+        SendMessageA(control, WM_LBUTTONUP, 0, MAKELPARAM(60, 12));
+    }
     SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     for (const LPARAM point : {MAKELPARAM(5, 5), MAKELPARAM(-5, -5)}) {
         SendMessageA(control, CB_SHOWDROPDOWN, TRUE, 0);
@@ -31,48 +39,52 @@ void useInEveryWay(HWND control, HWND list, HWND parent) {
         SendMessageA(list, WM_LBUTTONUP, 0, point);
     }
     SetWindowTextA(control, "set");
+    UpdateWindow(control);
     SetFocus(parent);
     SendMessageA(control, CB_DELETESTRING, 0, 0);
 }
 
-TEST_F(AnyControlTest, MayBeDestroyedByWhoeverItNotifies) {
+TEST_F(AnyControlTest, MayBeDestroyedWheneverItTells) {
     const struct {
         const char* windowClass;
         DWORD style;
-        UINT message;
-        std::vector<UINT> codes;
+        int leastTold;
     } kCases[] = {
-        {"Button", BS_AUTOCHECKBOX | BS_NOTIFY, WM_COMMAND, {BN_SETFOCUS, BN_CLICKED, BN_KILLFOCUS}},
-        {"Button", BS_OWNERDRAW, WM_DRAWITEM, {0}},
-        {"Edit", ES_AUTOHSCROLL, WM_COMMAND, {EN_SETFOCUS, EN_MAXTEXT, EN_UPDATE, EN_CHANGE, EN_KILLFOCUS}},
-        {"ComboBox", kEditableCombo, WM_COMMAND, {CBN_EDITUPDATE, CBN_EDITCHANGE, CBN_SELCHANGE, CBN_SELENDCANCEL}},
-        {"ComboBox", kEditableCombo, WM_COMMAND, {CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_KILLFOCUS}},
-        {"ComboBox", kListCombo, WM_COMMAND, {CBN_SETFOCUS, CBN_DROPDOWN, CBN_CLOSEUP, CBN_KILLFOCUS}},
-        {"ComboBox", kListCombo, WM_COMMAND, {CBN_SELCHANGE, CBN_SELENDOK, CBN_SELENDCANCEL}},
-        {"ComboBox", kDrawnCombo, WM_DRAWITEM, {0}},
-        {"ComboBox", kDrawnCombo, WM_DELETEITEM, {0}},
+        {"Button", BS_AUTOCHECKBOX | BS_NOTIFY, 5},
+        {"Button", BS_OWNERDRAW, 10},
+        {"Edit", ES_AUTOHSCROLL, 10},
+        {"ComboBox", kEditableCombo, 15},
+        {"ComboBox", kListCombo, 15},
+        {"ComboBox", kDrawnCombo, 15},
+        {TRACKBAR_CLASSA, TBS_BOTH | TBS_NOTICKS, 25},
     };
     for (const auto& row : kCases) {
-        for (const UINT code : row.codes) {
-            HWND control = add(row.windowClass, "abcd", row.style, 120, 120);
+        int moment = 0;
+        for (bool destroyed = true; destroyed; ++moment) {
+            SCOPED_TRACE(row.windowClass + std::string(" ") + std::to_string(row.style) + ": " +
+                         std::to_string(moment));
+            HWND control = add(row.windowClass, "abcd", row.style, 146, 120);
             SendMessageA(control, EM_SETLIMITTEXT, 5, 0);
             SendMessageA(control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>("entry"));
             COMBOBOXINFO info{};
             info.cbSize = sizeof info;
             SendMessageA(control, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
-            bool destroyed = false;
-            hook_ = [&](UINT message, UINT sent) -> LRESULT {
-                if (message == row.message && sent == code && !std::exchange(destroyed, true)) {
+            int told = 0;
+            hook_ = [&](UINT, UINT) -> LRESULT {
+                if (told++ == moment) {
                     DestroyWindow(control);
                 }
-                return 0;
+                return CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
             };
             useInEveryWay(control, info.hwndList, parent_);
             hook_ = nullptr;
-            EXPECT_TRUE(destroyed) << row.windowClass << ' ' << code;
-            EXPECT_FALSE(IsWindow(control) || IsWindow(info.hwndList)) << row.windowClass << ' ' << code;
-            EXPECT_EQ(GetCapture(), nullptr) << row.windowClass << ' ' << code;
+            destroyed = told > moment;
+            EXPECT_NE(destroyed, IsWindow(control) != FALSE);
+            DestroyWindow(control);
+            EXPECT_FALSE(IsWindow(info.hwndList));
+            EXPECT_EQ(GetCapture(), nullptr);
         }
+        EXPECT_GT(moment, row.leastTold) << row.windowClass << ' ' << row.style;
     }
 }
 
@@ -129,6 +141,25 @@ TEST_F(AnyControlTest, LooksDisabledAsSoonAsItsStyleSaysSo) {
         EXPECT_GT(disabled.count(GetSysColor(COLOR_GRAYTEXT), 0, client.right - 30), 0);
         EXPECT_EQ(enabled.count(kGround, 0, client.right) + disabled.count(kGround, 0, client.right), 0)
             << "part of the field is not painted";
+    }
+}
+
+TEST_F(AnyControlTest, ShowsTheStateOfAButtonInTheMarkAndTheCaption) {
+    const COLORREF black = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF shadow = GetSysColor(COLOR_3DSHADOW);
+    constexpr int kMark = 13;
+    for (const DWORD style : {DWORD{BS_AUTOCHECKBOX}, DWORD{BS_AUTORADIOBUTTON}}) {
+        HWND button = add("Button", "Text", style, 90, 16);
+        const Painted clear(button, 90, 16);
+        SendMessageA(button, BM_SETCHECK, BST_CHECKED, 0);
+        const Painted checked(button, 90, 16);
+        SetWindowLongA(button, GWL_STYLE, GetWindowLongA(button, GWL_STYLE) | WS_DISABLED);
+        const Painted disabled(button, 90, 16);
+        EXPECT_LT(clear.count(black, 0, kMark), checked.count(black, 0, kMark));
+        EXPECT_GT(checked.count(black, kMark, 90), 0);
+        EXPECT_EQ(disabled.count(black, kMark, 90), 0) << "the caption is engraved";
+        EXPECT_GT(disabled.count(shadow, kMark, 90), 0);
+        DestroyWindow(button);
     }
 }
 

@@ -57,14 +57,6 @@ TEST_F(ListTest, IsScrolledByItsBarWithoutSelecting) {
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(ListTest, HasABarOnlyWhenNotAllEntriesFit) {
-    const COLORREF track = GetSysColor(COLOR_SCROLLBAR);
-    EXPECT_EQ(Painted(addList(WS_VSCROLL, 2), kWidth, 100).count(track, kWidth - 10, kWidth), 0);
-    const Painted barred(addList(WS_VSCROLL, 24), kWidth, 100);
-    EXPECT_GT(barred.count(track, kWidth - 10, kWidth), 0);
-    EXPECT_EQ(barred.count(kGround, 0, kWidth), 0) << "part of the list is not painted";
-}
-
 using ComboBoxTest = ListTest;
 
 TEST_F(ComboBoxTest, OpensItsListBelowOrAboveAndNoHigherThanItsEntries) {

@@ -1,5 +1,4 @@
-// What a track bar does where the comparison of traces does not reach: a pointer that rests somewhere, a parent that
-// destroys it.
+// What a track bar does where the comparison of traces does not reach: a pointer that rests somewhere.
 #include "tests/platform/controls/control_test.h"
 
 #include <commctrl.h>
@@ -13,38 +12,7 @@ protected:
     static void mouse(HWND bar, UINT message, int x, WPARAM keys = MK_LBUTTON) {
         SendMessageA(bar, message, keys, MAKELPARAM(x, 12));
     }
-    static void useInEveryWay(HWND bar) {
-        SetFocus(bar);
-        SendMessageA(bar, WM_KEYDOWN, VK_RIGHT, 1);
-        SendMessageA(bar, WM_KEYUP, VK_RIGHT, 1);
-        mouse(bar, WM_LBUTTONDOWN, 13);
-        mouse(bar, WM_MOUSEMOVE, 60);
-        mouse(bar, WM_LBUTTONUP, 60, 0);
-        mouse(bar, WM_LBUTTONDOWN, 120);
-        mouse(bar, WM_LBUTTONUP, 120, 0);
-        UpdateWindow(bar);
-    }
 };
-
-TEST_F(TrackBarTest, MayBeDestroyedByWhateverItTells) {
-    int destroyedAt = 0;
-    for (bool destroyed = true; destroyed; ++destroyedAt) {
-        HWND bar = addBar();
-        int told = 0;
-        hook_ = [&](UINT, UINT) -> LRESULT {
-            if (told++ == destroyedAt) {
-                DestroyWindow(bar);
-            }
-            return CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
-        };
-        useInEveryWay(bar);
-        hook_ = nullptr;
-        EXPECT_EQ(GetCapture(), nullptr) << destroyedAt;
-        destroyed = !IsWindow(bar);
-        DestroyWindow(bar);
-    }
-    EXPECT_GT(destroyedAt, 25);  // Moves, ends of tracking, and each step of the drawing.
-}
 
 TEST_F(TrackBarTest, EndsADragWhoseReleaseWentElsewhere) {
     HWND bar = addBar();
