@@ -1,8 +1,7 @@
-// The scenario parser and the code page: tables of good and bad lines.
+// The scenario parser: a table of bad lines.
 
 #include <gtest/gtest.h>
 
-#include "automation/codepage.h"
 #include "automation/player.h"
 
 namespace {
@@ -29,6 +28,9 @@ TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
         {"keys \"\\q\"", "unknown escape in a text (known are \\\" \\\\ \\n \\t)"},
         {"keys \"\xC5\x81\"", "the character U+0141 is outside code page 1252"},
         {"keys \"\xC5\"", "malformed UTF-8"},
+        {"keys \"\xE0\x80\xAF\"", "malformed UTF-8"},
+        {"keys \"\xED\xA0\x80\"", "malformed UTF-8"},
+        {"keys \"\xF4\x90\x80\x80\"", "malformed UTF-8"},
         {"press CTRL+CTRL+A", "'press': argument 1 must be a key to press"},
         {"select 1 @", "'select': argument 2 must be an entry's text or @N"},
         {"select 1 @-1", "'select': argument 2 must be an entry's text or @N"},
@@ -39,27 +41,6 @@ TEST(ScenarioParser, NamesFileLineAndFaultOfEachBadLine) {
         ASSERT_EQ(scenario.errors.size(), 1U) << row.line;
         EXPECT_EQ(scenario.errors.front(), std::string("a.scn:2: ") + row.fault);
         EXPECT_EQ(scenario.commands.size(), 2U) << row.line;
-    }
-}
-
-TEST(CodePage, EveryByteSurvivesTheWayThroughUtf8) {
-    std::string all;
-    for (int byte = 1; byte < 256; ++byte) {
-        all += static_cast<char>(byte);
-    }
-    std::string back;
-    std::string problem;
-    ASSERT_TRUE(automation::ConvertTo1252(automation::ConvertFrom1252(all), back, problem)) << problem;
-    EXPECT_EQ(back, all);
-    EXPECT_EQ(automation::ConvertFrom1252("\x80\xE5\x9F"), "\xE2\x82\xAC\xC3\xA5\xC5\xB8");
-}
-
-TEST(CodePage, RefusesWhatIsNoShortestFormUtf8) {
-    for (const char* bad : {"\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "\xC3", "a\x80"}) {
-        std::string bytes;
-        std::string problem;
-        EXPECT_FALSE(automation::ConvertTo1252(bad, bytes, problem)) << bad;
-        EXPECT_EQ(problem, "malformed UTF-8");
     }
 }
 

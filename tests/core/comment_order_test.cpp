@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <random>
-#include <set>
-#include <vector>
 
 namespace {
 
@@ -59,30 +56,6 @@ TEST_F(CommentOrder, IsTakenFromStoredSortsThatExist) {
         EXPECT_EQ(TakeCommentSort(), column) << sort;
         EXPECT_EQ(g_commentSortDir[0], sort == -2 ? -1 : 1) << sort;
     }
-}
-
-TEST_F(CommentOrder, SortsAnyListWithoutLosingARow) {
-    constexpr LPCSTR kNames[] = {"c5", "c05", "c5x", "c6", "", "a", "#", "\xE5"};
-    AfxInitCommonControls();
-    CListCtrl list;
-    list.Attach(
-        CreateWindowExA(0, WC_LISTVIEWA, "", WS_POPUP | LVS_REPORT, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr));
-    std::mt19937 random(1);
-    for (int round = 0; round < 10000; ++round) {
-        list.DeleteAllItems();
-        std::vector<CommentRow> rows(random() % 20);
-        for (CommentRow& row : rows) {
-            row[kCommentColumn] = kNames[random() % std::size(kNames)];
-            list.SetItemData(list.InsertItem(0, ""), reinterpret_cast<DWORD_PTR>(&row));
-        }
-        list.SortItems(&CompareCommentRows, kCommentColumn);
-        std::set<DWORD_PTR> found;
-        for (int row = 0; row < list.GetItemCount(); ++row) {
-            found.insert(list.GetItemData(row));
-        }
-        ASSERT_EQ(found.size(), rows.size());
-    }
-    ::DestroyWindow(list.Detach());
 }
 
 }  // namespace

@@ -77,10 +77,4 @@ TEST_F(Windows, ReportAnExceptionAndHaveOneObjectUntilItIsGivenBack) {
     EXPECT_EQ(CWnd::FromHandlePermanent(m_host), nullptr);
 }
 
-TEST(Application, IsCalledAsItsModuleUnlessNamed) {
-    const CWinApp unnamed;
-    EXPECT_EQ(CString(unnamed.m_pszAppName).FindOneOf("/\\"), -1);
-    EXPECT_STRNE(unnamed.m_pszAppName, "");
-}
-
 }  // namespace

@@ -20,14 +20,6 @@ TEST(String, TrimsOnlyWhiteSpaceOfTheCLocale) {
     EXPECT_EQ(Std(CString(" a ").TrimLeft()), "a ");
 }
 
-TEST(String, ClipsPartsToTheText) {
-    const CString text("norvasti");
-    EXPECT_EQ(Std(text.Left(4) + '|' + text.Left(-1) + '|' + text.Left(99)), "norv||norvasti");
-    EXPECT_EQ(Std(text.Right(4) + '|' + text.Right(99)), "asti|norvasti");
-    EXPECT_EQ(Std(text.Mid(2, 3) + '|' + text.Mid(6, 9) + '|' + text.Mid(99)), "rva|ti|");
-    EXPECT_EQ(text.GetAt(8), '\0');
-}
-
 TEST(String, TakesPartsOfItself) {
     CString text("ab");
     text.Format("%s-%d,%3.1f", text.GetString(), 7, 2.5);
@@ -45,13 +37,6 @@ TEST(String, ComparesBytesAndFoldsAsciiOnly) {
     EXPECT_NE(CString("\xE5").CompareNoCase("\xC5"), 0);
     EXPECT_TRUE(CString("a") < CString("b"));
     EXPECT_TRUE(CString(static_cast<LPCSTR>(nullptr)).IsEmpty());
-}
-
-TEST(NumberText, WritesSignificantDigitsWithoutTrailingZeros) {
-    EXPECT_EQ(Std(AfxNumberText(0.1 + 0.2, 15)), "0.3");
-    EXPECT_EQ(Std(AfxNumberText(100000.0, 15)), "100000");
-    EXPECT_EQ(Std(AfxNumberText(1e20, 15)), "1e+20");
-    EXPECT_EQ(Std(AfxNumberText(1234567, 6)), "1.23457e+06");
 }
 
 TEST(NumberText, ReadsAWholeNumberOrNothing) {

@@ -174,10 +174,4 @@ TEST_F(HostProgram, PhotographsEveryPage) {
     EXPECT_EQ(Read("p.settings"), kSettings);
 }
 
-TEST_F(HostProgram, PlaysItsSampleProject) {
-    std::filesystem::copy(TAVRIK_SAMPLES "/kraftcentral.settings", m_scratch.Path());
-    const Outcome outcome = Run(Path("kraftcentral.settings") + " --scenario " TAVRIK_SAMPLES "/phase_lines.scn");
-    EXPECT_EQ(outcome.status, 0) << outcome.output;
-}
-
 }  // namespace

@@ -36,27 +36,6 @@ TEST(MessageBoxTest, EscapeAndCloseBoxMeanOkWhereThatIsAllThereIs) {
     EXPECT_EQ(runBox(nullptr, "Spara?", MB_YESNO, answerNo), IDNO);
 }
 
-TEST(MessageBoxTest, IconAndTextStandSideBySideAboveTheButtons) {
-    RECT text{};
-    RECT button{};
-    COLORREF insideIcon = 0;
-    runBox(nullptr, "Fel\nv\xE4rde", MB_OK | MB_ICONERROR, [&](HWND box) {
-        UpdateWindow(box);
-        GetWindowRect(GetDlgItem(box, 0xFFFF), &text);
-        MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&text), 2);
-        GetWindowRect(GetDlgItem(box, IDOK), &button);
-        MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&button), 2);
-        HDC dc = GetDC(box);
-        insideIcon = GetPixel(dc, 12 + 16, 12 + 4);
-        ReleaseDC(box, dc);
-        press(VK_RETURN);
-    });
-    EXPECT_GE(text.left, 12 + 32);
-    EXPECT_GE(text.bottom - text.top, 2 * 11);
-    EXPECT_GE(button.top, text.bottom);
-    EXPECT_GT(GetRValue(insideIcon), 2 * GetGValue(insideIcon));
-}
-
 TEST(MessageBoxTest, ControlCCopiesCaptionTextAndButtons) {
     runBox(nullptr, "En\nTv\xE5", MB_OKCANCEL, [](HWND) {
         PostMessageA(GetFocus(), WM_CHAR, 3, 1);

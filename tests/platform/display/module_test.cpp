@@ -42,29 +42,12 @@ TEST_F(ModuleTest, StringsEndWithTheirBlock) {
     EXPECT_EQ(load(33), "");
 }
 
-TEST_F(ModuleTest, ResourceIsReadInPlace) {
-    const HRSRC found = FindResourceA(nullptr, "raw", RT_RCDATA);
-    ASSERT_NE(found, nullptr);
-    EXPECT_EQ(SizeofResource(nullptr, found), 5U);
-    const auto* data = static_cast<const char*>(LockResource(LoadResource(nullptr, found)));
-    EXPECT_EQ(std::string(data, 5), "12345");
-    EXPECT_TRUE(data >= ownImage.data() && data < ownImage.data() + ownImage.size());
-}
-
 TEST_F(ModuleTest, MissingResourceSetsTheErrorOfItsKind) {
     EXPECT_EQ(FindResourceA(nullptr, "other", RT_RCDATA), nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_NAME_NOT_FOUND});
     EXPECT_EQ(FindResourceA(nullptr, "raw", RT_DIALOG), nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_TYPE_NOT_FOUND});
     EXPECT_EQ(LoadBitmapA(nullptr, "raw"), nullptr);
-}
-
-TEST_F(ModuleTest, NewRegistrationTakesThePlaceOfTheOld) {
-    const std::string bytes = ResBuilder().add(WORD{10}, u"RAW", "new").bytes();
-    std::copy(bytes.begin(), bytes.end(), ownImage.begin());
-    TavrikRegisterResources(ownImage.data(), ownImage.data() + bytes.size());
-    EXPECT_EQ(SizeofResource(nullptr, FindResourceA(nullptr, "RAW", RT_RCDATA)), 3U);
-    EXPECT_EQ(load(0), "");
 }
 
 TEST(ModuleHandle, NamesAndAddressesLeadToTheSameModule) {

@@ -76,36 +76,6 @@ TEST(Scale, KeepsRadioButtonsRoundAndTheirDotsInTheMiddle) {
     }
 }
 
-TEST(Scale, DrawsArrowsOfEvenLinesAndTicksOfEvenColumns) {
-    const int side = toScale(17);
-    int before = 0;
-    int lines = 0;
-    for (const std::string& row : controlPicture(side, DFC_SCROLL, DFCS_SCROLLUP)) {
-        if (const auto [left, right] = extent(row, 'K'); left != right) {
-            EXPECT_EQ(right - left, before == 0 ? 1 : before + 2);
-            before = right - left;
-            ++lines;
-        }
-    }
-    EXPECT_GE(lines, toScale(4));
-    EXPECT_LT(before, side * 2 / 3);
-
-    const int box = toScale(13);
-    const Picture tick = controlPicture(box, DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_CHECKED);
-    int columns = 0;
-    for (int x = 2 * lineWidth(); x < box - 2 * lineWidth(); ++x) {
-        std::string column;
-        for (int y = 2 * lineWidth(); y < box - 2 * lineWidth(); ++y) {
-            column += tick[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
-        }
-        const auto [top, bottom] = extent(column, 'K');
-        columns += top != bottom ? 1 : 0;
-        EXPECT_TRUE(top == bottom || (top > 0 && bottom < static_cast<int>(column.size()))) << "the edge is met";
-        EXPECT_TRUE(top == bottom || bottom - top == toScale(3)) << x;
-    }
-    EXPECT_EQ(columns, toScale(7));
-}
-
 TEST(Scale, DrawsEdgesAndFocusMarksAsThickAsLines) {
     const int side = 12 * lineWidth() + 1;
     Canvas canvas(side, side);

@@ -21,14 +21,6 @@ constexpr POINT kOnTop{250, 150};
 const Lines kMouse{"LBUTTON", "MOUSEMOVE", "MOUSEWHEEL", "NCLBUTTON"};
 const Lines kKeys{"KEYDOWN", "KEYUP", "CHAR", "SYSKEY", "SYSCHAR", "CLOSE"};
 
-TEST(Mouse, ReachesTheChildUnderThePointer) {
-    Scene scene;
-    EXPECT_EQ((Lines{"first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}),
-              scene.record([] { click(kOnFirst); }, kMouse));
-    EXPECT_EQ((Lines{"top WM_LBUTTONDOWN 150,50", "top WM_LBUTTONUP 150,50"}),
-              scene.record([] { click(kOnTop); }, kMouse));
-}
-
 TEST(Mouse, PassesOverHiddenDisabledAndTransparentChildren) {
     Scene scene;
     // Clicks at different places, so that no double click arises.
@@ -62,19 +54,6 @@ TEST(Mouse, TwoQuickClicksAtOnePlaceAreADoubleClick) {
               scene.record(clickTwice(kOnSecond), kMouse));
 }
 
-TEST(Mouse, CaptureTakesAllEventsWhileItLasts) {
-    Scene scene;
-    SetCapture(scene.second);
-    EXPECT_EQ((Lines{"second WM_LBUTTONDOWN 5,-25", "second WM_LBUTTONUP 5,-25"}), scene.record(
-                                                                                       [] {
-                                                                                           click({115, 115});
-                                                                                       },
-                                                                                       kMouse));
-    ReleaseCapture();
-    EXPECT_EQ(Lines{"first WM_MOUSEMOVE 5,5"},
-              scene.record([] { screen().injectMouse(InputSink::Mouse::Move, 0, kOnFirst); }, kMouse));
-}
-
 TEST(Mouse, MovesInARowAreOneUnlessAnythingComesBetween) {
     Scene scene;
     const HWND other = scene.windows.create("other", WS_POPUP | WS_VISIBLE, {400, 100, 50, 50}, nullptr);
@@ -99,16 +78,6 @@ TEST(Mouse, WheelGoesToTheFocusAndRisesToTheParent) {
     SetFocus(scene.second);
     EXPECT_EQ((Lines{"second WM_MOUSEWHEEL 120", "top WM_MOUSEWHEEL 120"}),
               scene.record([] { screen().injectWheel(WHEEL_DELTA, kOnFirst); }, kMouse));
-}
-
-TEST(Mouse, ClickActivatesItsTopLevelWindow) {
-    Scene scene;
-    scene.windows.create("other", WS_POPUP | WS_VISIBLE | WS_CAPTION, {400, 100, 50, 50}, nullptr);
-    drainQueue();
-    EXPECT_EQ((Lines{"top WM_PARENTNOTIFY 513", "other WM_ACTIVATE 0 top", "top WM_ACTIVATE 2 other",
-                     "first WM_LBUTTONDOWN 5,5", "first WM_LBUTTONUP 5,5"}),
-              scene.record([] { click(kOnFirst); }, {"PARENTNOTIFY", "ACTIVATE ", "LBUTTON"}));
-    EXPECT_EQ(scene.top, screen().focused());
 }
 
 TEST(Mouse, ClickMayBeEatenAndKeptFromTheParents) {
@@ -176,17 +145,6 @@ TEST(Keyboard, StateIsThatOfTheMessageBeingHandled) {
     EXPECT_EQ(capsLock, 1);
     EXPECT_GE(GetKeyState(VK_SHIFT), 0);
     EXPECT_EQ(GetKeyState(VK_CAPITAL), 0);
-}
-
-TEST(Keyboard, EveryPressTogglesItsKey) {
-    Scene scene;
-    const auto toggle = [&scene] {
-        scene.record([] { type(VK_F1, ""); }, kKeys);
-        return GetKeyState(VK_F1);
-    };
-    const SHORT once = toggle();
-    EXPECT_EQ(toggle(), 1 - once);
-    EXPECT_EQ(toggle(), once);
 }
 
 TEST(Keyboard, AltF4AndTheCloseBoxCloseEnabledWindowsOnly) {

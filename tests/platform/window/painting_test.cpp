@@ -42,15 +42,6 @@ TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
     EXPECT_TRUE(EqualRect(&onTop, &shown));
 }
 
-TEST(Painting, SunkenEdgeIsDrawnAroundTheClientArea) {
-    Scene scene;
-    scene.windows.create("edged", WS_CHILD | WS_VISIBLE, {100, 10, 50, 20}, scene.top, 0, WS_EX_CLIENTEDGE);
-    drainQueue();
-    EXPECT_EQ(GetSysColor(COLOR_3DSHADOW), pixelOf(scene.top, 100, 10));
-    EXPECT_EQ(GetSysColor(COLOR_3DHILIGHT), pixelOf(scene.top, 149, 20));
-    EXPECT_EQ(kWhite, pixelOf(scene.top, 102, 12));
-}
-
 TEST(Caret, IsInvertedPixelsThatPaintingLeavesAlone) {
     Scene scene;
     CreateCaret(scene.first, nullptr, 1, 10);
