@@ -41,28 +41,30 @@ void ExpectEqual(const std::string& what, LRESULT expected, LRESULT got) {
     }
 }
 
-// One check for each property of a control that holds or not, and its opposite.
+// One check for each property of controls that holds or not, and its opposite.
 void ExpectState(const Stage& stage, const Command& command, bool expected, bool (*holds)(HWND), const char* ifTrue,
                  const char* ifFalse) {
-    const Argument& id = command.arguments[0];
-    const bool got = holds(ControlOf(stage, id));
-    if (got != expected) {
-        FailExpectation("control " + id.text + " " + (expected ? ifTrue : ifFalse), got ? ifTrue : ifFalse);
+    for (const Argument& id : command.arguments) {
+        const bool got = holds(ControlOf(stage, id));
+        if (got != expected) {
+            FailExpectation("control " + id.text + " " + (expected ? ifTrue : ifFalse), got ? ifTrue : ifFalse);
+        }
     }
 }
 
 void ExpectCheck(const Stage& stage, const Command& command, LRESULT expected) {
-    const Argument& id = command.arguments[0];
-    HWND control = ControlOf(stage, id);
-    if (!HoldsCheck(control)) {
-        FailExpectation("control " + id.text + " to be a check box or radio button", "class " + ClassOf(control));
-    }
     const auto describe = [](LRESULT state) {
         return state == BST_CHECKED ? "checked" : state == BST_UNCHECKED ? "unchecked" : "undetermined";
     };
-    const LRESULT got = SendMessageA(control, BM_GETCHECK, 0, 0);
-    if (got != expected) {
-        FailExpectation("control " + id.text + " " + describe(expected), describe(got));
+    for (const Argument& id : command.arguments) {
+        HWND control = ControlOf(stage, id);
+        if (!HoldsCheck(control)) {
+            FailExpectation("control " + id.text + " to be a check box or radio button", "class " + ClassOf(control));
+        }
+        const LRESULT got = SendMessageA(control, BM_GETCHECK, 0, 0);
+        if (got != expected) {
+            FailExpectation("control " + id.text + " " + describe(expected), describe(got));
+        }
     }
 }
 
