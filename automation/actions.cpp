@@ -136,6 +136,8 @@ void Open(Stage& stage, const Command& command) {
             *number->value = argument.Number();
         } else if (argument.name == "caption") {
             arguments.caption = ExpandText(stage, argument.text);
+        } else if (argument.name == "tab") {
+            stage.firstOfRun = Command{command.line, command.source, "tab", {argument}};
         } else if (argument.name.empty() && argument.text == "read-only") {
             arguments.readOnly = true;
         } else {

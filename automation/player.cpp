@@ -78,6 +78,7 @@ bool Player::HasNext() {
 void Player::Run() {
     const OpenArguments arguments = *m_stage.opening;
     m_stage.opening.reset();
+    m_next = std::exchange(m_stage.firstOfRun, std::nullopt);
     m_stage.snapshotAtOpen = m_stage.store.Snapshot();
     m_stage.lastResult.reset();
     m_nCloseAttempts = 0;

@@ -20,6 +20,7 @@ struct Stage {
     InputQueue input{};
     HWND front = nullptr;                    // the window in front when the command began; null between runs
     std::optional<OpenArguments> opening{};  // set by `open`: the player is to start a run
+    std::optional<Command> firstOfRun{};     // set by `open` with a tab: the click on it
     std::optional<int> lastResult{};         // of the last run
     std::string snapshotAtOpen{};            // the store's bytes when the last run began
     ProfileValues profile{};                 // what `profile` has written

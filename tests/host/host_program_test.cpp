@@ -93,15 +93,6 @@ TEST_F(HostProgram, AFullDiskLeavesTheOldFile) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "a temporary file was left behind";
 }
 
-TEST_F(HostProgram, AFailingOutputDoesNotLoseTheChanges) {
-    Write("p.settings", kSettings);
-    Write("x.scn", kChangeX);
-    const Outcome outcome = Run(Path("p.settings") + " --scenario " + Path("x.scn") + " >/dev/full");
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.output, "tavrikhost: the changes are saved, but standard output cannot be written\n");
-    EXPECT_NE(Read("p.settings").find("X-COORD=12.5"), std::string::npos);
-}
-
 TEST_F(HostProgram, SaysInOneLineWhyItCannotRun) {
     Write("bad.settings", "A=1\nB\n");
     Write("p.settings", kSettings);

@@ -58,17 +58,6 @@ TEST(ResourceIndex, FindsIntegersAndTextsInAnyOrderAndCase) {
     EXPECT_FALSE(image.hasType(RT_DIALOG));
 }
 
-TEST(ResourceIndex, FirstLanguageWins) {
-    const Image image(ResBuilder().add(kRaw, WORD{1}, "svenska", 0x041D).add(kRaw, WORD{1}, "english", 0x0409).bytes());
-    EXPECT_EQ(image.find(MAKEINTRESOURCEA(10), MAKEINTRESOURCEA(1)), "svenska");
-}
-
-TEST(ResourceIndex, ImageWithoutTheFormatMarkIsRefused) {
-    const std::string withMark = sample().bytes();
-    EXPECT_EQ(Image(withMark.substr(32)).find(MAKEINTRESOURCEA(10), MAKEINTRESOURCEA(7)), "-");
-    EXPECT_EQ(Image("").find(RT_BITMAP, "PREVIEW"), "-");
-}
-
 // What is whole before the cut is found, what is cut is not, and nothing outside the image is read.
 TEST(ResourceIndex, CutImageIsReadUpToTheCut) {
     const std::string whole = sample().bytes();
@@ -98,16 +87,6 @@ TEST(ResourceIndex, WrongSizesEndTheReading) {
         EXPECT_EQ(image.find(MAKEINTRESOURCEA(10), MAKEINTRESOURCEA(7)), "seven");
         EXPECT_EQ(image.find(RT_BITMAP, "PREVIEW"), "-") << c.offset << ' ' << c.value;
     }
-}
-
-TEST(ResourceIndex, NameWithoutEndIsNotReadIntoTheData) {
-    std::string bytes = sample().bytes();
-    const std::size_t text = bytes.find(std::string("P\0R\0E\0", 6));
-    ASSERT_NE(text, std::string::npos);
-    for (std::size_t i = 14; i < 18; ++i) {
-        bytes[text + i] = 'X';
-    }
-    EXPECT_EQ(Image(bytes).find(RT_BITMAP, "PREVIEW"), "-");
 }
 
 }  // namespace

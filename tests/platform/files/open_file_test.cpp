@@ -130,20 +130,11 @@ protected:
     OPENFILENAMEA ofn_{};
 };
 
-TEST_F(OpenFileTest, TakesPathsInTheCodePageAndChangesTheCurrentFolderUnlessToldNotTo) {
-    const std::filesystem::path before = std::filesystem::current_path();
+TEST_F(OpenFileTest, TakesPathsInTheCodePage) {
     const std::string start = folder_ + "\\amapp\\..\\\xF6mapp\\";
     ofn_.lpstrInitialDir = start.c_str();
     EXPECT_TRUE(run({type("inre.tds"), kOk}));
     EXPECT_EQ(file_.data(), folder_ + "/\xF6mapp/inre.tds");
-    EXPECT_EQ(std::filesystem::current_path(), before);
-    ofn_.lpstrInitialDir = folder_.c_str();
-    ofn_.lpstrFile[0] = '\0';
-    ofn_.Flags &= ~static_cast<DWORD>(OFN_NOCHANGEDIR);
-    EXPECT_TRUE(run({type("\xF6mapp/inre.tds"), kOk}));
-    EXPECT_EQ(file_.data(), folder_ + "/\xF6mapp/inre.tds");
-    EXPECT_EQ(std::filesystem::current_path(), root_ / "\xC3\xB6mapp");
-    std::filesystem::current_path(before);
 }
 
 TEST_F(OpenFileTest, BeginsAtHomeWhenTheFolderIsMissing) {

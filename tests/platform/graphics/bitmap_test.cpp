@@ -76,7 +76,7 @@ TEST(Stretching, HalftonesMixWhatAPixelCovers) {
     EXPECT_EQ(canvas.at(4, 0), kBlack);
 }
 
-TEST(Dib, EveryDepthIsReadBottomUp) {
+TEST(Dib, EveryDepthIsReadBottomUpOrTopDown) {
     EXPECT_EQ(pictureOf(Dib(10, 2, 1, {kRedEntry, kBlueEntry}, {0xFF, 0xC0, 0, 0, 0xA0, 0x40, 0, 0}).load()),
               (Picture{"BRBRRRRRRB", "BBBBBBBBBB"}));
     EXPECT_EQ(pictureOf(Dib(3, 2, 4, {0, kRedEntry, kBlueEntry}, {0x12, 0x00, 0, 0, 0x21, 0x20, 0, 0}).load()),
@@ -84,12 +84,9 @@ TEST(Dib, EveryDepthIsReadBottomUp) {
     EXPECT_EQ(pictureOf(Dib(3, 1, 8, {0, kRedEntry, kBlueEntry}, {2, 1, 7, 0}).load()), (Picture{"BRK"}));
     EXPECT_EQ(pictureOf(smallDib().load()), (Picture{"KW", "BR"}));
     EXPECT_EQ(pictureOf(Dib(2, 1, 32, {}, {255, 0, 0, 77, 0, 0, 255, 0}).load()), (Picture{"BR"}));
-}
-
-TEST(Dib, ANegativeHeightIsReadTopDown) {
-    Dib dib = smallDib();
-    dib.header().biHeight = -2;
-    EXPECT_EQ(pictureOf(dib.load()), (Picture{"BR", "KW"}));
+    Dib topDown = smallDib();
+    topDown.header().biHeight = -2;
+    EXPECT_EQ(pictureOf(topDown.load()), (Picture{"BR", "KW"}));
 }
 
 TEST(Dib, MalformedDataGiveNoBitmap) {

@@ -47,27 +47,6 @@ TEST(WindowContext, DrawsAtItsOriginWithinItsClipAndCountsDamage) {
     EXPECT_EQ(SetTextColor(dc, 0), CLR_INVALID);
 }
 
-TEST(WindowContext, ComesFromThePoolAsNew) {
-    platform::Surface surface(4, 4);
-    const platform::Region all(surface.bounds());
-    const HDC first = platform::openWindowDc(nullptr, &surface, {1, 1}, all);
-    SetTextColor(first, kRed);
-    SetBkMode(first, TRANSPARENT);
-    SelectObject(first, GetStockObject(NULL_PEN));
-    IntersectClipRect(first, 0, 0, 1, 1);
-    SaveDC(first);
-    platform::closeWindowDc(first);
-    const HDC second = platform::openWindowDc(nullptr, &surface, {0, 0}, all);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(GetTextColor(second), RGB(0, 0, 0));
-    EXPECT_EQ(SelectObject(second, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
-    EXPECT_FALSE(RestoreDC(second, -1));
-    RECT box{};
-    EXPECT_EQ(GetClipBox(second, &box), SIMPLEREGION);
-    EXPECT_TRUE(equals(box, {0, 0, 4, 4}));
-    platform::closeWindowDc(second);
-}
-
 TEST(WindowContext, OutlivesItsSurface) {
     auto surface = std::make_unique<platform::Surface>(8, 8);
     const HDC dc = platform::openWindowDc(nullptr, surface.get(), {0, 0}, platform::Region(RECT{0, 0, 100, 100}));

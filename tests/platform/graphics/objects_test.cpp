@@ -48,18 +48,3 @@ TEST(Objects, ImpossibleBitmapsAreRefused) {
     EXPECT_NE(CreateCompatibleBitmap(dc, 0, 0), nullptr);
     DeleteDC(dc);
 }
-
-TEST(Objects, RunningOutOfHandlesIsAnError) {
-    std::vector<HBRUSH> brushes;
-    while (const HBRUSH brush = CreateSolidBrush(kRed)) {
-        brushes.push_back(brush);
-        ASSERT_LE(brushes.size(), 70000u);
-    }
-    EXPECT_EQ(CreateCompatibleDC(nullptr), nullptr);
-    for (const HBRUSH brush : brushes) {
-        EXPECT_TRUE(DeleteObject(brush));
-    }
-    const HDC dc = CreateCompatibleDC(nullptr);
-    EXPECT_NE(dc, nullptr);
-    DeleteDC(dc);
-}

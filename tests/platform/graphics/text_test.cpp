@@ -55,14 +55,6 @@ protected:
 
 }  // namespace
 
-TEST_F(Text, DialogFontHasTheFixedDialogUnits) {
-    TEXTMETRICA metrics{};
-    EXPECT_TRUE(GetTextMetricsA(canvas_, &metrics));
-    EXPECT_EQ(metrics.tmHeight, kLine);
-    EXPECT_EQ(metrics.tmAveCharWidth, 6);
-    EXPECT_EQ(GetStockObject(DEFAULT_GUI_FONT), platform::dialogFont(8));
-}
-
 TEST_F(Text, ExtentsAddUpAndFit) {
     int fit = -1;
     int extents[5] = {};
@@ -152,13 +144,6 @@ TEST_F(Text, AlignsWithinTheRectangle) {
         EXPECT_EQ(box.left - base.left, row.dx) << row.format;
         EXPECT_EQ(box.top - base.top, row.dy) << row.format;
     }
-}
-
-TEST_F(Text, EllipsisReplacesWhatDoesNotFit) {
-    constexpr UINT kFormat = DT_SINGLELINE | DT_END_ELLIPSIS;
-    EXPECT_EQ(measured("Hello World", kFormat, widthOf("Hello World")).cx, widthOf("Hello World"));
-    EXPECT_EQ(measured("Hello World", kFormat, widthOf("Hello...")).cx, widthOf("Hello..."));
-    EXPECT_EQ(measured("Hello World", kFormat, 0).cx, widthOf("..."));
 }
 
 TEST_F(Text, ClipsToTheRectangleUnlessToldNotTo) {

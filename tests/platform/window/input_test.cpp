@@ -1,4 +1,4 @@
-// Mouse and keyboard from the display to messages, and messages from other threads.
+// Mouse and keyboard from the display to messages, what is painted, and messages from other threads.
 #include "tests/platform/window/memory_screen.h"
 
 #include <gtest/gtest.h>
@@ -234,6 +234,31 @@ TEST(Menu, ClosesWithItsOwnerAndWithTheActivation) {
         DestroyWindow(scene.top);
     });
     DestroyMenu(menu);
+}
+
+TEST(Painting, OnlyTheInvalidPartIsPaintedAndShown) {
+    Scene scene;
+    screen().takePresented(scene.top);
+    RECT painted{};
+    scene.windows.spy().setAnswer([&painted, &scene](HWND window, UINT message, WPARAM, LPARAM, LRESULT& result) {
+        if (message != WM_PAINT) {
+            return false;
+        }
+        EXPECT_EQ(scene.second, window);
+        PAINTSTRUCT paint;
+        BeginPaint(window, &paint);
+        painted = paint.rcPaint;
+        EndPaint(window, &paint);
+        result = 0;
+        return true;
+    });
+    const RECT part{3, 4, 13, 9};
+    InvalidateRect(scene.second, &part, TRUE);
+    drainQueue();
+    EXPECT_TRUE(EqualRect(&part, &painted));
+    const RECT shown = screen().takePresented(scene.top);
+    const RECT onTop{13, 44, 23, 49};
+    EXPECT_TRUE(EqualRect(&onTop, &shown));
 }
 
 TEST(Display, MovesByTheUserArriveAsMoves) {
