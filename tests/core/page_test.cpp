@@ -1,8 +1,6 @@
 // What all pages do alike, on sheets of the component's own pages and of a page with one row of each kind.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/assembly_height.h"
 #include "core/settings_page.h"
 #include "pages/circuit/dlgcircuit.h"
@@ -359,51 +357,6 @@ TEST_F(Pages, ExternalAppliesWithoutTheFocusedFieldAndGoesOnToNoticeChanges) {
     }
     EXPECT_EQ(g_assemblyHeightKeyFound, 1);
     EXPECT_EQ(records, "ASSEMBLY_TXTHGT=3.5 ASSEMBLY_TXTVISIBLE=0 ASSMBLY_TXTHGT=0.0001 ");
-}
-
-// Where the preview of the time shows something other than the dialog's colour, from its left and lower edge on.
-RECT DrawnInTimePreview(CForm& page) {
-    CWnd* preview = page.GetDlgItem(IDC_TIME_PREVIEW);
-    CClientDC context(preview);
-    RECT client{};
-    preview->GetClientRect(&client);
-    RECT drawn = {client.right, client.bottom, 0, 0};
-    for (int y = 1; y < client.bottom - 1; ++y) {
-        for (int x = 1; x < client.right - 1; ++x) {
-            if (GetPixel(context, x, y) != GetSysColor(COLOR_BTNFACE)) {
-                drawn.left = std::min(drawn.left, static_cast<LONG>(x));
-                drawn.top = std::min(drawn.top, static_cast<LONG>(y));
-                drawn.right = std::max(drawn.right, static_cast<LONG>(x + 1));
-                drawn.bottom = y + 1;
-            }
-        }
-    }
-    OffsetRect(&drawn, 0, -client.bottom);
-    return drawn;
-}
-
-TEST_F(Pages, FormsDrawsAMarkerForATextThatIsOn) {
-    CForm page;
-    Sheet sheet({&page});
-    sheet.m_nHostMode = 1;
-    sheet.Load({{"AUTO_TIME", "84,56;6;0"}, {"FORM_SIZE", "0"}});
-    Run(
-        sheet,
-        [&] {
-            HWND preview = Control(page, IDC_TIME_PREVIEW);
-            RECT size{};
-            GetClientRect(preview, &size);
-            sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-            const RECT drawn = DrawnInTimePreview(page);
-            EXPECT_EQ(drawn.left, size.right / 10);
-            EXPECT_EQ(drawn.bottom, -(size.bottom / 10));
-            EXPECT_EQ(drawn.right - drawn.left, size.right / 25 * 6);
-            EXPECT_EQ(drawn.bottom - drawn.top, size.bottom / 40 * 6);
-            SendMessageA(Control(page, IDC_TIME_ON), BM_CLICK, 0, 0);
-            EXPECT_EQ(DrawnInTimePreview(page).right, 0) << "painted at once";
-            sheet.PressButton(PSBTN_CANCEL);
-        },
-        IDCANCEL);
 }
 
 // The box belongs to the sheet, so the dialog is enabled under it.
