@@ -33,20 +33,11 @@ TEST(ColourLists, DrawPictureNameAndNumber) {
     const Case cases[] = {
         {IDC_ATTRIBUTE_COLOUR, 0, IDB_BY_BLOCK, 0, "ByBlock (0) "},
         {IDC_DESIGNATION_COLOUR, 1, IDB_BY_LAYER, 0, "ByLayer (256) "},
-        {IDC_ATTRIBUTE_COLOUR, 2, IDB_SWATCH, RGB(255, 0, 0),
-         "R\xF6"
-         "d (1) "},
         {IDC_ATTRIBUTE_COLOUR, 8, IDB_SWATCH, RGB(255, 255, 255), "Svart/Vit (7) "},
         {IDC_DESIGNATION_COLOUR, 9, IDB_SWATCH, RGB(128, 128, 128), "(8) "},
-        {IDC_ATTRIBUTE_COLOUR, 256, IDB_SWATCH, RGB(255, 255, 255), "(255) "},
-        {IDC_LINE_COLOUR, 0, IDB_SWATCH, RGB(255, 0, 0),
-         "R\xF6"
-         "d (1) "},
         {IDC_LINE_COLOUR, 1, IDB_SWATCH, RGB(255, 255, 0), "Gul (2) "},
-        {IDC_LINE_COLOUR, 170, IDB_SWATCH, RGB(127, 127, 255), "(171) "},
         {IDC_LINE_COLOUR, 254, IDB_SWATCH, RGB(255, 255, 255), "(255) "},
     };
-    LoadColourBitmaps(AfxGetResourceHandle());
     LoadColourBitmaps(AfxGetResourceHandle());
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);

@@ -170,23 +170,5 @@ TEST_F(FolderListingTest, OrdersBySizeBothWaysBelowTheFolders) {
     EXPECT_EQ(rows(listing_), "mapp l\xE4nk c.txt b.tds a.TDS ?.tds ");
 }
 
-// Slices come in any number and leave the same order as one reading would.
-TEST_F(FolderListingTest, MergesSlicesIntoOneOrder) {
-    for (int i = 0; i < 500; ++i) {
-        std::ofstream(folder_ / "mapp" / ("fil" + std::to_string(i * 7 % 500) + ".tds"));
-    }
-    ASSERT_EQ(listing_.open((folder_ / "mapp").string()), 0);
-    int slices = 0;
-    while (listing_.isBusy()) {
-        listing_.advance(FolderListing::Clock::now());
-        ++slices;
-    }
-    EXPECT_GT(slices, 5);
-    ASSERT_EQ(listing_.rowCount(), 500U);
-    for (std::size_t row = 0; row < 500; ++row) {
-        EXPECT_EQ(listing_.row(row).shown, "fil" + std::to_string(row) + ".tds");
-    }
-}
-
 }  // namespace
 }  // namespace platform

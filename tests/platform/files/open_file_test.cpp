@@ -143,10 +143,6 @@ TEST_F(OpenFileTest, BeginsAtHomeWhenTheFolderIsMissing) {
     ofn_.lpstrInitialDir = start.c_str();
     EXPECT_TRUE(run({type("a.tds"), kOk}));
     EXPECT_EQ(file_.data(), folder_ + "/amapp/a.tds");
-    ofn_.lpstrInitialDir = "/";
-    ofn_.lpstrFile[0] = '\0';
-    EXPECT_TRUE(run({type("~/b.tds"), kOk}));
-    EXPECT_EQ(file_.data(), folder_ + "/amapp/b.tds");
 }
 
 TEST_F(OpenFileTest, RefusesANameThatTheCodePageCannotHold) {
@@ -196,27 +192,6 @@ TEST_F(OpenFileTest, OffersNamesThatBeginWithWhatIsTyped) {
              },
              [](HWND dialog) { EXPECT_EQ(textOf(GetDlgItem(dialog, edt1)), "B"); }, press(VK_UP), press(VK_RETURN)}));
     EXPECT_EQ(file_.data(), folder_ + "/bit.tds");
-}
-
-TEST_F(OpenFileTest, KeepsEveryControlInsideWhenSmall) {
-    EXPECT_FALSE(run({[](HWND dialog) {
-        MINMAXINFO info{};
-        SendMessageA(dialog, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
-        SetWindowPos(dialog, nullptr, 0, 0, info.ptMinTrackSize.x, info.ptMinTrackSize.y, SWP_NOMOVE | SWP_NOZORDER);
-        RECT client{};
-        GetClientRect(dialog, &client);
-        int bottom = 0;
-        for (const int id : {cmb2, lst1, edt1, cmb1, IDCANCEL}) {
-            RECT rect{};
-            GetWindowRect(GetDlgItem(dialog, id), &rect);
-            MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-            EXPECT_GE(rect.right - rect.left, 50) << id;
-            EXPECT_LE(rect.right, client.right) << id;
-            EXPECT_GE(rect.top, id == IDCANCEL ? 0 : bottom) << id;
-            bottom = rect.bottom;
-        }
-        EXPECT_LE(bottom, client.bottom);
-    }}));
 }
 
 }  // namespace

@@ -6,14 +6,6 @@
 
 #include <memory>
 
-namespace {
-
-bool equals(const RECT& rect, const RECT& expected) {
-    return EqualRect(&rect, &expected);
-}
-
-}  // namespace
-
 TEST(Drawing, SurvivesSizesBeyondMeasure) {
     constexpr int kHuge = 0x7FFFFFFF;
     Canvas canvas(8, 4);
@@ -25,26 +17,6 @@ TEST(Drawing, SurvivesSizesBeyondMeasure) {
     EXPECT_TRUE(StretchBlt(canvas, 0, 0, kHuge, kHuge, source, 0, 0, kHuge, -kHuge, SRCCOPY));
     EXPECT_TRUE(StretchBlt(canvas, 0, 0, 8, 0, source, 0, 0, 4, 1, SRCCOPY));
     EXPECT_FALSE(BitBlt(canvas, 0, 0, 1, 1, source, 0, 0, 0x123456)) << "an operation that is not known";
-}
-
-TEST(WindowContext, DrawsAtItsOriginWithinItsClipAndCountsDamage) {
-    platform::Surface surface(20, 10);
-    platform::Region clip(RECT{4, 2, 30, 30});
-    clip.subtract({6, 0, 8, 30});
-    const auto window = reinterpret_cast<HWND>(ULONG_PTR{42});
-    const HDC dc = platform::openWindowDc(window, &surface, {5, 3}, clip);
-    EXPECT_FALSE(surface.hasDamage());
-    const RECT rect = {-9, 0, 4, 1};
-    FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    EXPECT_EQ(surface.row(3)[3], 0u);
-    EXPECT_EQ(surface.row(3)[4], 0x00FFFFFFu);
-    EXPECT_EQ(surface.row(3)[6], 0u);
-    EXPECT_EQ(surface.row(3)[8], 0x00FFFFFFu);
-    EXPECT_TRUE(equals(surface.takeDamage(), {4, 3, 9, 4}));
-    EXPECT_FALSE(surface.hasDamage());
-    EXPECT_EQ(SelectObject(dc, CreateCompatibleBitmap(dc, 2, 2)), nullptr);
-    platform::closeWindowDc(dc);
-    EXPECT_EQ(SetTextColor(dc, 0), CLR_INVALID);
 }
 
 TEST(WindowContext, OutlivesItsSurface) {

@@ -11,67 +11,45 @@ namespace {
 
 constexpr int kSide = 24;
 
-// The same operations on a plain grid of pixels, to compare with.
-class Grid {
-public:
-    void set(const RECT& rect, bool value) {
-        for (int y = rect.top; y < rect.bottom; ++y) {
-            for (int x = rect.left; x < rect.right; ++x) {
-                cells_[y][x] = value;
-            }
-        }
-    }
-    void keep(const RECT& rect) {
-        for (int y = 0; y < kSide; ++y) {
-            for (int x = 0; x < kSide; ++x) {
-                const bool inside = x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
-                cells_[y][x] = cells_[y][x] && inside;
-            }
-        }
-    }
-    bool at(int x, int y) const { return cells_[y][x]; }
-
-private:
-    bool cells_[kSide][kSide] = {};
-};
-
-int coverOf(const Region& region, int x, int y) {
-    int count = 0;
-    for (const RECT& rect : region.rects()) {
-        count += x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom ? 1 : 0;
-    }
-    return count;
+bool isInside(const RECT& rect, int x, int y) {
+    return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
 }
+
+enum class Operation { Add, Subtract, Intersect };
 
 }  // namespace
 
+// Compared with the same operations on a plain grid of pixels.
 TEST(Region, StaysDisjointAndExactThroughRandomOperations) {
+    constexpr Operation kOperations[] = {Operation::Add, Operation::Add, Operation::Subtract, Operation::Intersect};
     std::mt19937 random(7);
     const auto coordinate = [&random] { return static_cast<int>(random() % kSide); };
     Region region;
-    Grid grid;
+    bool grid[kSide][kSide] = {};
     for (int step = 0; step < 2000; ++step) {
         const RECT rect = {coordinate(), coordinate(), coordinate() + 1, coordinate() + 1};
-        switch (random() % 8) {
-            case 0:
-                region.intersect(rect);
-                grid.keep(rect);
-                break;
-            case 1:
-            case 2:
-                region.subtract(rect);
-                grid.set(rect, false);
-                break;
-            default:
-                region.add(rect);
-                grid.set(rect, true);
+        const Operation operation = kOperations[random() % std::size(kOperations)];
+        if (operation == Operation::Add) {
+            region.add(rect);
+        } else if (operation == Operation::Subtract) {
+            region.subtract(rect);
+        } else {
+            region.intersect(rect);
         }
         EXPECT_TRUE(std::none_of(region.rects().begin(), region.rects().end(),
                                  [](const RECT& own) { return IsRectEmpty(&own); }))
             << "step " << step;
         for (int y = 0; y < kSide; ++y) {
             for (int x = 0; x < kSide; ++x) {
-                ASSERT_EQ(coverOf(region, x, y), grid.at(x, y) ? 1 : 0) << "step " << step << " at " << x << "," << y;
+                bool& cell = grid[y][x];
+                if (operation == Operation::Intersect) {
+                    cell = cell && isInside(rect, x, y);
+                } else if (isInside(rect, x, y)) {
+                    cell = operation == Operation::Add;
+                }
+                const auto cover = std::count_if(region.rects().begin(), region.rects().end(),
+                                                 [=](const RECT& own) { return isInside(own, x, y); });
+                ASSERT_EQ(cover, cell ? 1 : 0) << "step " << step << " at " << x << "," << y;
             }
         }
     }
