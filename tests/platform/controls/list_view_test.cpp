@@ -163,20 +163,4 @@ TEST_F(ListViewTest, IsScrolledByItsBarsInSilence) {
     EXPECT_TRUE(codes_.empty()) << "scrolling is not told";
 }
 
-TEST_F(ListViewTest, HighlightsTheSelectedLabelAloneAndPaintsAllOfItself) {
-    HWND list = create(3);
-    setState(list, 1, kSelected, kSelected);
-    const RECT label = rectOf(list, 1, LVIR_SELECTBOUNDS);
-    for (const bool focused : {false, true}) {
-        SetFocus(focused ? list : parent_);
-        const COLORREF colour = GetSysColor(focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
-        const Painted painted(list, kWidth, kHeight);
-        EXPECT_EQ(painted.at(label.left + 2, label.top + 2), colour);
-        EXPECT_EQ(painted.at(label.right + 2, label.top + 2), GetSysColor(COLOR_WINDOW));
-        EXPECT_EQ(painted.count(colour, label.right, kWidth), 0);
-        const int underHeader = kWidth * label.top;
-        EXPECT_LE(painted.count(kGround, 0, kWidth), underHeader) << "part of the rows is not painted";
-    }
-}
-
 }  // namespace

@@ -1,18 +1,72 @@
 // Mouse and keyboard from the display to messages, what is painted, and messages from other threads.
-#include "tests/platform/window/memory_screen.h"
+#include "platform/display/memory_display.h"
+#include "platform/window/display_choice.h"
+#include "tests/conformance/traced_windows.h"
 
 #include <gtest/gtest.h>
+#include <tavrikdisplay.h>
 
+#include <algorithm>
 #include <thread>
 
 namespace {
 
 using platform::InputSink;
-using testing_window::click;
-using testing_window::Scene;
-using testing_window::screen;
-using testing_window::type;
 using Lines = std::vector<std::string>;
+
+// Selects the memory display for the process on the first call.
+platform::MemoryDisplay& screen() {
+    TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
+    return static_cast<platform::MemoryDisplay&>(platform::display());
+}
+
+void click(POINT at) {
+    screen().injectMouse(InputSink::Mouse::Down, VK_LBUTTON, at);
+    screen().injectMouse(InputSink::Mouse::Up, VK_LBUTTON, at);
+}
+
+void type(int virtualKey, const std::string& text, unsigned modifiers = 0) {
+    screen().injectKey(virtualKey, true, text, modifiers);
+    screen().injectKey(virtualKey, false, "", modifiers);
+}
+
+// A top-level window at (100,100) of 200 by 100 pixels with two children of 50 by 20, at (10,10) and (10,40).
+class Scene {
+    Lines lines_;
+    Trace trace_;
+
+public:
+    Scene();
+    // The messages recorded while `act` runs and the queue is drained; others than `wanted` are left out.
+    Lines record(const std::function<void()>& act, const Lines& wanted);
+
+    TracedWindows windows;
+    HWND top;
+    HWND first;
+    HWND second;
+};
+
+Scene::Scene()
+    : trace_([this](const std::string& line) { lines_.push_back(line.substr(line.find_first_not_of(' '))); }),
+      windows(trace_) {
+    screen();
+    top = windows.create("top", WS_POPUP | WS_VISIBLE | WS_CAPTION, {100, 100, 200, 100});
+    first = windows.create("first", WS_CHILD | WS_VISIBLE, {10, 10, 50, 20}, top, 1);
+    second = windows.create("second", WS_CHILD | WS_VISIBLE, {10, 40, 50, 20}, top, 2);
+    drainQueue();
+}
+
+Lines Scene::record(const std::function<void()>& act, const Lines& wanted) {
+    lines_.clear();
+    act();
+    drainQueue();
+    Lines lines = std::exchange(lines_, {});
+    std::erase_if(lines, [&wanted](const std::string& line) {
+        return std::none_of(wanted.begin(), wanted.end(),
+                            [&line](const std::string& part) { return line.find(" WM_" + part) != std::string::npos; });
+    });
+    return lines;
+}
 
 constexpr POINT kOnFirst{115, 115};
 constexpr POINT kOnSecond{115, 145};
