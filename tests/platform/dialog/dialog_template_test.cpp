@@ -32,10 +32,4 @@ TEST_P(DialogTemplateForms, RefusesEveryTruncation) {
     }
 }
 
-TEST_P(DialogTemplateForms, RefusesUnknownClassNumber) {
-    TemplateBuilder source = builder();
-    source.add(0x86, 5, "", 0);
-    EXPECT_FALSE(parseDialogTemplate(bytesOf(source, source.words().size() * 2)));
-}
-
 }  // namespace

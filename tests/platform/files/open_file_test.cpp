@@ -156,15 +156,6 @@ TEST_F(OpenFileTest, RefusesANameThatTheCodePageCannotHold) {
     EXPECT_EQ(CommDlgExtendedError(), 0U);
 }
 
-TEST_F(OpenFileTest, AsksForAShorterPathAndStays) {
-    const std::string longName(MAX_PATH, 'x');
-    const std::string size = std::to_string(folder_.size() + 1 + longName.size());
-    EXPECT_TRUE(run({type(longName), kOk,
-                     answer("S\xF6kv\xE4gen \xE4r f\xF6r l\xE5ng: " + size + " tecken, h\xF6gst 259 kan anv\xE4ndas."),
-                     type("alfa.tds"), kOk}));
-    EXPECT_EQ(file_.data(), folder_ + "/alfa.tds");
-}
-
 TEST_F(OpenFileTest, TellsWhyAFolderCannotBeOpened) {
     EXPECT_FALSE(run({[this](HWND) { std::filesystem::remove_all(root_ / "amapp"); }, toList(), press(VK_HOME),
                       press(VK_RETURN), answer("Mappen \"" + folder_ + "/amapp\" kan inte \xF6ppnas.\nDen finns inte."),
