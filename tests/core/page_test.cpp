@@ -336,6 +336,35 @@ TEST_F(Pages, ExternalAppliesWithoutTheFocusedFieldAndGoesOnToNoticeChanges) {
     EXPECT_EQ(records, "ASSEMBLY_TXTHGT=3.5 ASSEMBLY_TXTVISIBLE=0 ASSMBLY_TXTHGT=0.0001 ");
 }
 
+TEST_F(Pages, FormsDrawsAMarkerForATextThatIsOn) {
+    CForm page;
+    Sheet sheet({&page});
+    sheet.m_nHostMode = 1;
+    sheet.Load({{"AUTO_TIME", "84,56;6;0"}, {"FORM_SIZE", "0"}});
+    Run(
+        sheet,
+        [&] {
+            CWnd* preview = page.GetDlgItem(IDC_TIME_PREVIEW);
+            RECT client{};
+            preview->GetClientRect(&client);
+            const auto isDrawn = [&](int x, int y) {
+                return GetPixel(CClientDC(preview), x, y) != GetSysColor(COLOR_BTNFACE);
+            };
+            sheet.RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+            const int left = client.right / 10;
+            const int right = left + client.right / 25 * 6 - 1;
+            const int bottom = client.bottom - client.bottom / 10 - 1;
+            const int top = bottom - client.bottom / 40 * 6 + 1;
+            EXPECT_TRUE(isDrawn(left, bottom) && isDrawn(right, top));
+            EXPECT_FALSE(isDrawn(left - 1, bottom) || isDrawn(left, bottom + 1));
+            EXPECT_FALSE(isDrawn(right + 1, top) || isDrawn(right, top - 1));
+            SendMessageA(Control(page, IDC_TIME_ON), BM_CLICK, 0, 0);
+            EXPECT_FALSE(isDrawn(left, bottom)) << "painted at once";
+            sheet.PressButton(PSBTN_CANCEL);
+        },
+        IDCANCEL);
+}
+
 // The box belongs to the sheet, so the dialog is enabled under it.
 TEST_F(Pages, FormsKeepTheDialogOfAPlacementBehindItsBox) {
     CForm page;

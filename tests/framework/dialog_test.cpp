@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(Dialogs, QuitEndsTheLoopAndIsLeftForTheOneOutside) {
-    RunInLoop({[] { ::PostQuitMessage(4); }});
+    m_boxes.WhenIdle([] { ::PostQuitMessage(4); });
     EXPECT_EQ(m_dialog.DoModal(), -1);
     MSG message{};
     EXPECT_TRUE(::PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));

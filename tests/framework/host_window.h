@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "framework/framework.h"
@@ -25,11 +23,6 @@ protected:
         CWnd::DeleteTempMap();
     }
 
-    // Runs the steps one after another from inside the modal loops that follow.
-    void RunInLoop(std::vector<std::function<void()>> steps) {
-        m_steps = std::move(steps);
-        m_boxes.WhenIdle([this] { RunNextStep(); });
-    }
     // Texts of the boxes seen since the last call.
     Texts BoxTexts() {
         Texts texts;
@@ -45,18 +38,6 @@ protected:
     HWND m_host = CreateWindowExA(0, "Static", "host", WS_POPUP | WS_VISIBLE, 50, 50, 500, 400, nullptr, nullptr,
                                   AfxGetInstanceHandle(), nullptr);
     BoxAnswerer m_boxes;
-
-private:
-    void RunNextStep() {
-        const std::function<void()> step = m_steps.front();
-        m_steps.erase(m_steps.begin());
-        if (!m_steps.empty()) {
-            m_boxes.WhenIdle([this] { RunNextStep(); });
-        }
-        step();
-    }
-
-    std::vector<std::function<void()>> m_steps;
 };
 
 inline std::string TextOf(HWND window) {

@@ -4,7 +4,6 @@
 #include "tests/support/canvas.h"
 
 #include <gtest/gtest.h>
-#include <tavrikdisplay.h>
 #include <windows.h>
 
 #include <functional>
@@ -16,7 +15,6 @@ protected:
     using Hook = std::function<LRESULT(UINT message, UINT code)>;
 
     ControlTest() {
-        TavrikDisplayInit(TAVRIK_DISPLAY_MEMORY);
         WNDCLASSA windowClass{};
         windowClass.lpfnWndProc = parentProc;
         windowClass.lpszClassName = "ControlTestParent";
