@@ -1,11 +1,34 @@
 // A property sheet whose page is larger than the screen.
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "resources/resource.h"
 #include "tests/framework/host_window.h"
 #include "tests/support/template_builder.h"
 
 namespace {
 
-using LargeSheet = HostWindow;
+class LargeSheet : public HostWindow {
+protected:
+    // Runs the steps one after another from inside the modal loop that follows.
+    void RunInLoop(std::vector<std::function<void()>> steps) {
+        m_steps = std::move(steps);
+        m_boxes.WhenIdle([this] { RunNextStep(); });
+    }
+
+private:
+    void RunNextStep() {
+        const std::function<void()> step = m_steps.front();
+        m_steps.erase(m_steps.begin());
+        if (!m_steps.empty()) {
+            m_boxes.WhenIdle([this] { RunNextStep(); });
+        }
+        step();
+    }
+
+    std::vector<std::function<void()>> m_steps;
+};
 
 // The part of a window that its parents and the screen let through is all of it.
 bool IsInView(HWND window) {

@@ -20,17 +20,24 @@ struct Options {
     std::string scenario;
     host::Display display = host::Display::Memory;
     bool isVerbose = false;
+    bool showsHelp = false;
 };
 
 constexpr const char* kUsage =
-    "usage: tavrikplayer [-v] [--display] FILE.scn\n"
-    "  -v         print each command\n"
-    "  --display  windows on the X server that DISPLAY names, else in memory; means nothing on Windows\n";
+    "usage: tavrikplayer [-v] [--memory | --display] FILE.scn\n"
+    "  -v          print each command\n"
+    "  -h, --help  print this\n"
+    "  --memory    windows in memory (the default); means nothing on Windows\n"
+    "  --display   windows on the X server that DISPLAY names\n";
 
 bool ParseOptions(const std::vector<std::string>& arguments, Options& options) {
     for (const std::string& argument : arguments) {
         if (argument == "-v") {
             options.isVerbose = true;
+        } else if (argument == "-h" || argument == "--help") {
+            options.showsHelp = true;
+        } else if (argument == "--memory") {
+            options.display = host::Display::Memory;
         } else if (argument == "--display") {
             options.display = host::Display::Screen;
         } else if (argument.starts_with('-') || !options.scenario.empty()) {
@@ -39,7 +46,7 @@ bool ParseOptions(const std::vector<std::string>& arguments, Options& options) {
             options.scenario = argument;
         }
     }
-    return !options.scenario.empty();
+    return options.showsHelp || !options.scenario.empty();
 }
 
 // Each line that is no command has failed, and a file that cannot be read has one failure.
@@ -90,6 +97,10 @@ int main(int argc, char** argv) {
     if (!ParseOptions(host::CommandLineArguments(argc, argv), options)) {
         std::cerr << kUsage;
         return kCannotPlay;
+    }
+    if (options.showsHelp) {
+        std::cout << kUsage;
+        return kOk;
     }
     try {
         return Play(options);
