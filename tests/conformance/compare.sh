@@ -12,7 +12,7 @@ found=build/trace-found.txt unlisted=build/trace-unlisted.txt sums=build/trace-s
 # by itself, so that what is listed of it does not change with another one.
 differences() {
     local name
-    diff <(grep -a '^= ' "$1") <(grep -a '^= ' "$2") | sed -n 's/^[<>] = [^ ]* [^ ]* //p' | awk '!seen[$0]++' |
+    diff <(grep -a '^= ' "$1") <(grep -a '^= ' "$2") | sed -n 's/^[<>] = [^ ]* //p' | awk '!seen[$0]++' |
         while read -r name; do
             printf '[%s]\n' "$name"
             diff <(section "$1" "$name") <(section "$2" "$name") | grep -a '^[<>]' || true
@@ -53,7 +53,7 @@ fi
 sed -n 's/^= //p' $native $wine | awk '!seen[$0]++' >$sums
 if ! diff $here/expected.txt $sums >$unlisted; then
     echo "Sections that are new, changed or gone:"
-    sed -n 's/^[<>] [^ ]* [^ ]* /  /p' $unlisted | sort -u
+    sed -n 's/^[<>] [^ ]* /  /p' $unlisted | sort -u
     [ "${1-}" = --refresh ] || exit 1
     cp $sums $here/expected.txt
 fi

@@ -4,10 +4,13 @@
 #include "tests/conformance/trace.h"
 #include "tests/conformance/typing.h"
 
+#include <initializer_list>
+#include <span>
+
 class ControlStage {
 public:
     ControlStage(Trace& trace, const char* className, const char* text, DWORD style, SIZE size)
-        : trace_(trace), parent_(trace, LoggingParent::Kind::Window) {
+        : trace_(trace), parent_(trace) {
         parent_.setQuiet(true);
         control_ = parent_.add(className, text, style, kControlId, 10, 10, size.cx, size.cy);
         other_ = parent_.add("Edit", "", 0, kControlId + 1, 250, 10, 100, 20);
@@ -32,13 +35,28 @@ public:
     LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageA(control_, message, wParam, lParam);
     }
+    // Types the keys, or does another thing that a stage knows by its name.
+    virtual void perform(const char* step) { typeKeys(keyboardTarget(), step); }
     void type(const char* keys) {
-        typeKeys(keyboardTarget(), keys);
+        perform(keys);
         state(keys);
+    }
+    void type(std::initializer_list<const char*> steps) {
+        for (const char* keys : steps) {
+            type(keys);
+        }
+    }
+    void mouse(const char* what, HWND window, UINT message, WPARAM keys, LPARAM point) {
+        step(what, [=] { SendMessageA(window, message, keys, point); });
     }
     void run(const MessageStep& step) {
         trace_.line("%s %s = %d", step.what, step.text ? step.text : "", number(step.send(control_)));
         state("");
+    }
+    void run(std::span<const MessageStep> steps) {
+        for (const MessageStep& step : steps) {
+            run(step);
+        }
     }
 
     static constexpr int kControlId = 20;

@@ -47,9 +47,7 @@ TemplateBuilder pageTemplate() {
 struct DialogScript {
     WindowSpy* spy = nullptr;
     std::string name = {};
-    BOOL initResult = TRUE;
     int focusOnInit = 0;
-    bool withPage = false;
     UINT keyOnInit = 0;
     void (*onCommand)(HWND dialog, int id, DialogScript& script) = nullptr;
 };
@@ -65,23 +63,12 @@ INT_PTR CALLBACK scriptedProc(HWND dialog, UINT message, WPARAM wParam, LPARAM l
     }
     script = reinterpret_cast<DialogScript*>(lParam);
     SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-    if (script->spy != nullptr) {
-        script->spy->name(dialog, script->name);
-        script->spy->line("-- first tab stop " + script->spy->nameOf(reinterpret_cast<HWND>(wParam)));
-    }
-    if (script->withPage) {
-        const TemplateBuilder page = pageTemplate();
-        HWND child = CreateDialogIndirectParamA(instance(), page.get(), dialog, scriptedProc, 0);
-        SetWindowLongPtrA(child, GWLP_ID, kPageId);
-        SetWindowPos(child, GetDlgItem(dialog, 130), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    }
-    if (script->focusOnInit != 0) {
-        SetFocus(GetDlgItem(dialog, script->focusOnInit));
-    }
+    script->spy->name(dialog, script->name);
+    script->spy->line("-- first tab stop " + script->spy->nameOf(reinterpret_cast<HWND>(wParam)));
     if (script->keyOnInit != 0) {
         postKey(dialog, script->keyOnInit);
     }
-    return script->initResult;
+    return script->focusOnInit == 0 || SetFocus(GetDlgItem(dialog, script->focusOnInit)) == nullptr;
 }
 
 // The control with the id, also when it stands on the nested page.
@@ -110,76 +97,45 @@ HWND addEdit(HWND owner) {
                            instance(), nullptr);
 }
 
-// A modeless main dialog for walks and keys.
-HWND createMain(HWND owner, DialogScript& script) {
+// A modeless main dialog with a page inside, for walks and keys.
+HWND createMain(HWND owner) {
     const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Extended);
-    HWND dialog =
-        CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc, reinterpret_cast<LPARAM>(&script));
+    HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc, 0);
+    const TemplateBuilder page = pageTemplate();
+    HWND child = CreateDialogIndirectParamA(instance(), page.get(), dialog, scriptedProc, 0);
+    SetWindowLongPtrA(child, GWLP_ID, kPageId);
+    SetWindowPos(child, GetDlgItem(dialog, 130), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     ShowWindow(dialog, SW_SHOW);
     drainQueue();
     return dialog;
 }
 
 void traceCreation(Trace& trace) {
-    for (const auto form : {TemplateBuilder::Form::Classic, TemplateBuilder::Form::Extended}) {
-        trace.section(form == TemplateBuilder::Form::Classic ? "creation, classic" : "creation, extended");
-        const QuietParent owner(trace);
-        WindowSpy spy(trace);
-        spy.watch(owner, "owner");
-        DialogScript script{.spy = &spy, .name = "main"};
-        const TemplateBuilder builder = mainTemplate(form);
-        HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc,
-                                                 reinterpret_cast<LPARAM>(&script));
-        std::array<char, 32> caption{};
-        GetWindowTextA(dialog, caption.data(), static_cast<int>(caption.size()));
-        trace.line("caption %s style %08X exstyle %08X", caption.data(),
-                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_STYLE)),
-                   static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE)));
-        trace.line("focus %d, default %08X", idOf(GetFocus()),
-                   static_cast<unsigned>(SendMessageA(dialog, DM_GETDEFID, 0, 0)));
-        const auto traceFocus = [&trace] { trace.line("focus %d", idOf(GetFocus())); };
-        ShowWindow(dialog, SW_SHOW);
-        drainQueue();
-        traceFocus();
-        SetActiveWindow(owner);
-        traceFocus();
-        SetActiveWindow(dialog);
-        traceFocus();
-        SetFocus(GetDlgItem(dialog, 130));
-        SetFocus(dialog);
-        traceFocus();
-        destroy(dialog);
-    }
-}
-
-// Groups whose first control has no WS_GROUP, or stands invisible or disabled.
-void traceGroups(Trace& trace) {
-    trace.section("groups");
-    TemplateBuilder builder(TemplateBuilder::Form::Classic, kDialogStyle, 100, 60, "");
-    builder.add(kButton, 11, "", BS_PUSHBUTTON)
-        .add(kButton, 12, "", BS_PUSHBUTTON)
-        .add(kButton, 13, "", BS_PUSHBUTTON | WS_GROUP | WS_DISABLED)
-        .add(kButton, 14, "", BS_PUSHBUTTON)
-        .add(kButton, 15, "", BS_PUSHBUTTON | WS_DISABLED)
-        .add(kButton, 16, "", BS_PUSHBUTTON)
-        .add(kButton, 17, "", BS_PUSHBUTTON | WS_GROUP)
-        .add(kButton, 18, "", BS_PUSHBUTTON);
-    HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), nullptr, scriptedProc, 0);
-    ShowWindow(GetDlgItem(dialog, 17), SW_HIDE);
-    for (int id = 11; id <= 18; ++id) {
-        trace.line("%d: next %d, previous %d", id, idOf(GetNextDlgGroupItem(dialog, GetDlgItem(dialog, id), FALSE)),
-                   idOf(GetNextDlgGroupItem(dialog, GetDlgItem(dialog, id), TRUE)));
-    }
-    trace.line("no tab stop: %d, first of the group %d", idOf(GetNextDlgTabItem(dialog, nullptr, FALSE)),
-               idOf(GetNextDlgGroupItem(dialog, nullptr, FALSE)));
+    trace.section("creation");
+    const QuietParent owner(trace);
+    WindowSpy spy(trace);
+    spy.watch(owner, "owner");
+    DialogScript script{.spy = &spy, .name = "main"};
+    const TemplateBuilder builder = mainTemplate(TemplateBuilder::Form::Extended);
+    HWND dialog =
+        CreateDialogIndirectParamA(instance(), builder.get(), owner, scriptedProc, reinterpret_cast<LPARAM>(&script));
+    trace.line("style %08X exstyle %08X, default %08X", static_cast<unsigned>(GetWindowLongA(dialog, GWL_STYLE)),
+               static_cast<unsigned>(GetWindowLongA(dialog, GWL_EXSTYLE)),
+               static_cast<unsigned>(SendMessageA(dialog, DM_GETDEFID, 0, 0)));
+    ShowWindow(dialog, SW_SHOW);
+    drainQueue();
+    SetActiveWindow(owner);
+    SetActiveWindow(dialog);
+    trace.line("focus %d", idOf(GetFocus()));
+    SetFocus(dialog);
+    trace.line("focus on the dialog itself: %d", idOf(GetFocus()));
     destroy(dialog);
 }
 
 void traceWalks(Trace& trace) {
     trace.section("walks");
     const QuietParent owner(trace);
-    DialogScript script{.withPage = true};
-    HWND dialog = createMain(owner, script);
+    HWND dialog = createMain(owner);
     for (const int id : {0, 0xFFFF, 101, 111, 112, 113, 120, 130, 140, 141, 142, 1, 2, 150, 300, 301, 302, 303}) {
         HWND from = id == 0 ? nullptr : control(dialog, id);
         trace.line("%d: next %d, previous %d; in group next %d, previous %d", id,
@@ -187,15 +143,8 @@ void traceWalks(Trace& trace) {
                    idOf(GetNextDlgGroupItem(dialog, from, FALSE)), idOf(GetNextDlgGroupItem(dialog, from, TRUE)));
     }
     HWND page = GetDlgItem(dialog, kPageId);
-    trace.line("page alone: %d %d %d", idOf(GetNextDlgTabItem(page, nullptr, FALSE)),
-               idOf(GetNextDlgTabItem(page, nullptr, TRUE)),
-               idOf(GetNextDlgTabItem(page, control(dialog, 303), FALSE)));
     ShowWindow(page, SW_HIDE);
-    trace.line("page hidden: after 130 %d, before 142 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)),
-               idOf(GetNextDlgTabItem(dialog, control(dialog, 142), TRUE)));
-    ShowWindow(page, SW_SHOW);
-    EnableWindow(page, FALSE);
-    trace.line("page disabled: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
+    trace.line("page hidden: after 130 %d", idOf(GetNextDlgTabItem(dialog, control(dialog, 130), FALSE)));
     destroy(dialog);
 }
 
@@ -208,23 +157,20 @@ struct KeyCase {
 
 constexpr KeyCase kKeyCases[] = {
     {101, WM_KEYDOWN, VK_TAB, ""},    {101, WM_KEYDOWN, VK_TAB, "S"},   {130, WM_KEYDOWN, VK_TAB, ""},
-    {301, WM_KEYDOWN, VK_TAB, ""},    {302, WM_KEYDOWN, VK_TAB, "S"},   {303, WM_KEYDOWN, VK_TAB, ""},
-    {150, WM_KEYDOWN, VK_TAB, ""},    {111, WM_KEYDOWN, VK_RIGHT, ""},  {111, WM_KEYDOWN, VK_UP, ""},
-    {141, WM_KEYDOWN, VK_LEFT, ""},   {130, WM_KEYDOWN, VK_DOWN, ""},   {1, WM_KEYDOWN, VK_RIGHT, ""},
-    {101, WM_KEYDOWN, VK_RETURN, ""}, {303, WM_KEYDOWN, VK_RETURN, ""}, {301, WM_KEYDOWN, VK_ESCAPE, ""},
-    {101, WM_CHAR, 'k', ""},          {130, WM_CHAR, 'm', ""},          {130, WM_CHAR, 'n', ""},
-    {130, WM_CHAR, 's', ""},          {130, WM_CHAR, 'g', ""},          {101, WM_SYSCHAR, 'r', "A"},
-    {101, WM_SYSCHAR, 'k', "A"},      {130, WM_SYSCHAR, 'n', "A"},      {101, WM_SYSCHAR, 'x', "A"},
-    {303, WM_KEYDOWN, VK_RIGHT, ""},  {2, WM_KEYDOWN, VK_TAB, "S"},     {142, WM_KEYDOWN, VK_TAB, ""},
-    {302, WM_KEYDOWN, VK_TAB, ""},
+    {302, WM_KEYDOWN, VK_TAB, "S"},   {303, WM_KEYDOWN, VK_TAB, ""},    {111, WM_KEYDOWN, VK_RIGHT, ""},
+    {111, WM_KEYDOWN, VK_UP, ""},     {141, WM_KEYDOWN, VK_LEFT, ""},   {130, WM_KEYDOWN, VK_DOWN, ""},
+    {1, WM_KEYDOWN, VK_RIGHT, ""},    {101, WM_KEYDOWN, VK_RETURN, ""}, {303, WM_KEYDOWN, VK_RETURN, ""},
+    {301, WM_KEYDOWN, VK_ESCAPE, ""}, {101, WM_CHAR, 'k', ""},          {130, WM_CHAR, 'm', ""},
+    {130, WM_CHAR, 'n', ""},          {130, WM_CHAR, 's', ""},          {130, WM_CHAR, 'g', ""},
+    {101, WM_SYSCHAR, 'r', "A"},      {130, WM_SYSCHAR, 'n', "A"},      {101, WM_SYSCHAR, 'x', "A"},
+    {2, WM_KEYDOWN, VK_TAB, "S"},     {302, WM_KEYDOWN, VK_TAB, ""},
 };
 
 void traceKeys(Trace& trace) {
     trace.section("keys");
     for (const KeyCase& row : kKeyCases) {
         const QuietParent owner(trace);
-        DialogScript script{.withPage = true};
-        HWND dialog = createMain(owner, script);
+        HWND dialog = createMain(owner);
         CheckRadioButton(dialog, 111, 113, 111);
         SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(dialog, row.from)), TRUE);
         drainQueue();
@@ -242,43 +188,6 @@ void traceKeys(Trace& trace) {
         }
         destroy(dialog);
     }
-}
-
-// Mnemonics behind "&&" and of hidden controls, an arrow to a radio button that is not automatic, and Enter with a
-// default button that is disabled or missing.
-void traceUnfitControls(Trace& trace) {
-    trace.section("keys to unfit controls");
-    TemplateBuilder builder(TemplateBuilder::Form::Extended, kDialogStyle, 100, 60, "");
-    builder.add(kButton, 11, "A && &B", BS_PUSHBUTTON | WS_TABSTOP)
-        .add(kButton, 12, "&Dold", BS_PUSHBUTTON | WS_TABSTOP)
-        .add(kButton, 13, "Av&d", BS_PUSHBUTTON | WS_DISABLED)
-        .add(kButton, 14, "&&D", BS_PUSHBUTTON)
-        .add(kButton, 15, "Ti&d", BS_PUSHBUTTON)
-        .add(kButton, 16, "", BS_RADIOBUTTON | WS_GROUP)
-        .add(kButton, 17, "", BS_RADIOBUTTON)
-        .add(kButton, IDOK, "OK", BS_DEFPUSHBUTTON | WS_DISABLED);
-    HWND dialog = CreateDialogIndirectParamA(instance(), builder.get(), nullptr, scriptedProc, 0);
-    ShowWindow(GetDlgItem(dialog, 12), SW_HIDE);
-    ShowWindow(dialog, SW_SHOW);
-    drainQueue();
-    WindowSpy spy(trace);
-    spy.watch(dialog, "main");
-    const auto press = [&](UINT message, WPARAM key, int id = 11) {
-        spy.line("-- key " + std::to_string(key));
-        takesKey(dialog, GetDlgItem(dialog, id), message, key);
-    };
-    for (const char key : {'b', '&', 'd', 'D'}) {
-        press(WM_SYSCHAR, static_cast<WPARAM>(key));
-    }
-    press(WM_KEYDOWN, VK_DOWN, 16);
-    SetFocus(dialog);
-    press(WM_KEYDOWN, VK_RETURN);
-    DestroyWindow(GetDlgItem(dialog, IDOK));
-    press(WM_KEYDOWN, VK_RETURN);
-    SendMessageA(dialog, DM_SETDEFID, 15, 0);
-    press(WM_KEYDOWN, VK_RETURN);
-    spy.mute(true);
-    destroy(dialog);
 }
 
 void onInnerCommand(HWND dialog, int id, DialogScript& script) {
@@ -313,8 +222,7 @@ void traceModal(Trace& trace) {
     WindowSpy spy(trace);
     spy.watch(owner, "owner");
     spy.watch(edit);
-    DialogScript outer{
-        .spy = &spy, .name = "outer", .initResult = FALSE, .focusOnInit = 150, .onCommand = onOuterCommand};
+    DialogScript outer{.spy = &spy, .name = "outer", .focusOnInit = 150, .onCommand = onOuterCommand};
     spy.setAnswer([&owner](HWND window, UINT message, WPARAM, LPARAM dialog, LRESULT&) {
         if (window == owner && message == WM_ENTERIDLE) {
             PostMessageA(reinterpret_cast<HWND>(dialog), WM_COMMAND, 150, 0);
@@ -328,19 +236,15 @@ void traceModal(Trace& trace) {
                spy.nameOf(GetFocus()).c_str());
 }
 
-struct BoxCase {
-    const char* what;
+// Escape is pressed only where a Cancel button answers it alike on all systems.
+constexpr struct {
     UINT type;
     UINT key;
-};
-
-// Escape is pressed only where a Cancel button answers it alike on all systems.
-constexpr BoxCase kBoxCases[] = {
-    {"exclamation, ok", MB_OK | MB_ICONEXCLAMATION, VK_RETURN},
-    {"ok, cancel", MB_OKCANCEL | MB_ICONQUESTION, VK_ESCAPE},
-    {"yes, no", MB_YESNO | MB_ICONINFORMATION, VK_RETURN},
-    {"yes, no, cancel, second default", MB_YESNOCANCEL | MB_DEFBUTTON2 | MB_ICONERROR, VK_RETURN},
-    {"yes, no, cancel, Escape", MB_YESNOCANCEL, VK_ESCAPE},
+} kBoxCases[] = {
+    {MB_OK | MB_ICONEXCLAMATION, VK_RETURN},
+    {MB_YESNO | MB_ICONQUESTION, VK_RETURN},
+    {MB_YESNOCANCEL | MB_ICONSTOP, VK_RETURN},
+    {MB_YESNOCANCEL, VK_ESCAPE},
 };
 
 // The key for the box that is about to come up, and who writes the trace.
@@ -351,8 +255,6 @@ void CALLBACK pressPendingKey(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
     HWND box = GetActiveWindow();
     std::array<char, 80> text{};
-    GetWindowTextA(box, text.data(), static_cast<int>(text.size()));
-    pendingSpy->line(std::string("-- caption ") + text.data());
     GetDlgItemTextA(box, 0xFFFF, text.data(), static_cast<int>(text.size()));
     std::replace(text.begin(), text.end(), '\n', '|');
     pendingSpy->line(std::string("-- text ") + text.data());
@@ -366,10 +268,11 @@ void CALLBACK pressPendingKey(HWND, UINT, UINT_PTR timer, DWORD) {
 }
 
 void traceMessageBoxes(Trace& trace) {
+    trace.section("message boxes");
     const QuietParent owner(trace);
     HWND edit = addEdit(owner);
-    for (const BoxCase& row : kBoxCases) {
-        trace.section(std::string("message box: ") + row.what);
+    for (const auto& row : kBoxCases) {
+        trace.line("-- type %#x", row.type);
         SetFocus(edit);
         WindowSpy spy(trace, {"#32770"});
         spy.watch(owner, "owner");
@@ -389,9 +292,7 @@ void traceMessageBoxes(Trace& trace) {
 void traceDialogs(Trace& trace) {
     traceCreation(trace);
     traceWalks(trace);
-    traceGroups(trace);
     traceKeys(trace);
-    traceUnfitControls(trace);
     traceModal(trace);
     traceMessageBoxes(trace);
 }

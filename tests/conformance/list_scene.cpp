@@ -7,6 +7,7 @@
 
 namespace {
 
+constexpr DWORD kStyle = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_EDITLABELS | WS_BORDER | WS_TABSTOP;
 constexpr const char* kTexts[][2] = {{"Pump", "  3"}, {"alpha", "  1"}, {"c12", " 12"},
                                      {"c2", "  2"},   {"Beta", "  5"},  {"Zon", "  4"}};
 
@@ -35,29 +36,22 @@ std::string describeEdit(const NMLVDISPINFOA& edit, HWND control) {
 }
 
 std::string describeHeader(const NMHEADERA& header) {
-    std::string text = words(" column %d button %d", header.iItem, header.iButton);
-    if (header.pitem) {
-        text += words(" mask %#x", header.pitem->mask);
-        text += (header.pitem->mask & HDI_ORDER) != 0 ? words(" order %d", header.pitem->iOrder) : "";
-        text += (header.pitem->mask & HDI_WIDTH) != 0 ? words(" width %d", header.pitem->cxy) : "";
-    }
-    return text;
-}
-
-bool isFromHeader(UINT code) {
-    return code <= HDN_FIRST && code > HDN_FIRST - 100;
+    const HDITEMA none{};
+    const HDITEMA& item = header.pitem ? *header.pitem : none;
+    return words(" column %d button %d mask %#x order %d width %d", header.iItem, header.iButton, item.mask,
+                 (item.mask & HDI_ORDER) != 0 ? item.iOrder : 0, (item.mask & HDI_WIDTH) != 0 ? item.cxy : 0);
 }
 
 }  // namespace
 
-ListScene::ListScene(Trace& trace, const Setup& setup) : trace_(trace), parent_(trace, setup.kind) {
+ListScene::ListScene(Trace& trace, int rows) : trace_(trace), parent_(trace) {
     parent_.setQuiet(true);
-    list_ = parent_.add(WC_LISTVIEWA, "", setup.style | WS_TABSTOP, 20, 10, 10, 220, 200);
+    list_ = parent_.add(WC_LISTVIEWA, "", kStyle, 20, 10, 10, 220, 200);
     other_ = parent_.add("Edit", "", WS_TABSTOP, 21, 250, 10, 100, 20);
-    ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(setup.exStyle));
+    ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_CHECKBOXES | LVS_EX_HEADERDRAGDROP);
     insertColumn(0, "Kommentarer", kFirstWidth);
     insertColumn(1, "F\xE4rg", kSecondWidth);
-    for (int i = 0; i < setup.rows; ++i) {
+    for (int i = 0; i < rows; ++i) {
         const auto& texts = kTexts[static_cast<std::size_t>(i) % std::size(kTexts)];
         insertRow(i, texts[0], texts[1], i);
     }
@@ -111,7 +105,9 @@ std::string ListScene::describe(const NMHDR& header) const {
             return describeEdit(*static_cast<const NMLVDISPINFOA*>(pointer),
                                 reinterpret_cast<HWND>(ask(LVM_GETEDITCONTROL)));
         default:
-            return isFromHeader(header.code) ? describeHeader(*static_cast<const NMHEADERA*>(pointer)) : "";
+            return header.code <= HDN_FIRST && header.code > HDN_FIRST - 100
+                       ? describeHeader(*static_cast<const NMHEADERA*>(pointer))
+                       : "";
     }
 }
 
@@ -132,9 +128,7 @@ int ListScene::insertRow(int index, const char* text, const char* second, LPARAM
     item.pszText = const_cast<LPSTR>(text);
     item.lParam = param;
     const int inserted = number(ask(LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item)));
-    if (second && inserted >= 0) {
-        setText(inserted, 1, second);
-    }
+    setText(inserted, 1, second);
     return inserted;
 }
 

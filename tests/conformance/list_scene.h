@@ -8,17 +8,11 @@
 
 class ListScene {
 public:
-    struct Setup {
-        DWORD exStyle = 0;  // LVS_EX_
-        int rows = 6;
-        LoggingParent::Kind kind = LoggingParent::Kind::Window;
-        DWORD style = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_EDITLABELS | WS_BORDER;
-    };
     static constexpr int kFirstWidth = 100;
     static constexpr int kSecondWidth = 60;
 
     // Two columns and the rows of texts() with their numbers as parameters; an edit beside them has the focus.
-    ListScene(Trace& trace, const Setup& setup);
+    ListScene(Trace& trace, int rows);
     ~ListScene();
     ListScene(const ListScene&) = delete;
     ListScene& operator=(const ListScene&) = delete;
@@ -34,7 +28,7 @@ public:
     }
     int count() const { return number(ask(LVM_GETITEMCOUNT)); }
     int insertColumn(int index, const char* text, int width);
-    int insertRow(int index, const char* text, const char* second = nullptr, LPARAM param = 0);
+    int insertRow(int index, const char* text, const char* second, LPARAM param);
     void turnColumnsRound() const {
         constexpr int kOrder[] = {1, 0};
         ask(LVM_SETCOLUMNORDERARRAY, 2, reinterpret_cast<LPARAM>(kOrder));
@@ -58,7 +52,7 @@ public:
         return *this;
     }
     ListScene& doubleClick(POINT point);
-    void drain() { parent_.drain(); }
+    void drain() { drainQueue(); }
 
     // One line on the selection, the focus and the first row, then of each row with a state.
     void state(const char* after);

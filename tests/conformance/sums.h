@@ -1,5 +1,4 @@
-// What is kept of a trace: one line a section, "HASH MARKS NAME". The hash (FNV-1a, 64 bits) covers the whole section;
-// each mark is one character made of one line, so that a run alone can tell which lines are new.
+// What is kept of a trace: one line a section, "HASH NAME". The hash is FNV-1a of 64 bits over the whole section.
 #pragma once
 
 #include <map>
@@ -17,5 +16,5 @@ std::string sumOf(const TracedSection& section);
 using Sums = std::multimap<std::string, std::string>;
 
 Sums readSums(const char* file);
-// Takes the section's sums out. When none of them fits, prints the lines that are not as expected and returns false.
+// Takes the section's sums out. When none of them fits, prints the section and returns false.
 bool isExpected(const TracedSection& section, Sums& sums);

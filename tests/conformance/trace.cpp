@@ -21,26 +21,16 @@ void Trace::line(const char* format, ...) {
     sink_(std::string("  ") + text.data());
 }
 
-LoggingParent::LoggingParent(Trace& trace, Kind kind) : trace_(trace), kind_(kind) {
-    if (kind == Kind::Window) {
-        static const char* const kClassName = "TavrikTraceParent";
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = windowProc;
-        windowClass.hInstance = instance();
-        windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-        windowClass.lpszClassName = kClassName;
-        RegisterClassA(&windowClass);  // Refused from the second parent on, which then uses the first one's class.
-        window_ = CreateWindowExA(0, kClassName, "", WS_POPUP | WS_CAPTION, 100, 100, 400, 300, nullptr, nullptr,
-                                  windowClass.hInstance, this);
-    } else {
-        struct {
-            DLGTEMPLATE head;
-            WORD menuClassCaption[3];
-        } empty{};
-        empty.head.style = WS_POPUP | WS_CAPTION;
-        CreateDialogIndirectParamA(instance(), &empty.head, nullptr, dialogProc, reinterpret_cast<LPARAM>(this));
-        SetWindowPos(window_, nullptr, 100, 100, 400, 300, SWP_NOZORDER | SWP_NOACTIVATE);
-    }
+LoggingParent::LoggingParent(Trace& trace) : trace_(trace) {
+    static const char* const kClassName = "TavrikTraceParent";
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = windowProc;
+    windowClass.hInstance = instance();
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    windowClass.lpszClassName = kClassName;
+    RegisterClassA(&windowClass);  // Refused from the second parent on, which then uses the first one's class.
+    window_ = CreateWindowExA(0, kClassName, "", WS_POPUP | WS_CAPTION, 100, 100, 400, 300, nullptr, nullptr,
+                              windowClass.hInstance, this);
     ShowWindow(window_, SW_SHOW);
     SetActiveWindow(window_);
     SetFocus(window_);
@@ -61,10 +51,6 @@ HWND LoggingParent::add(const char* className, const char* text, DWORD style, in
     return control;
 }
 
-void LoggingParent::drain() {
-    drainQueue(kind_ == Kind::Dialog ? window_ : nullptr);
-}
-
 LRESULT CALLBACK LoggingParent::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
         const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
@@ -76,21 +62,6 @@ LRESULT CALLBACK LoggingParent::windowProc(HWND window, UINT message, WPARAM wPa
         return result;
     }
     return DefWindowProcA(window, message, wParam, lParam);
-}
-
-INT_PTR CALLBACK LoggingParent::dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, GWLP_USERDATA, lParam);
-        reinterpret_cast<LoggingParent*>(lParam)->window_ = window;
-        return FALSE;
-    }
-    auto* self = reinterpret_cast<LoggingParent*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    LRESULT result = 0;
-    if (!self || !self->handle(message, wParam, lParam, result)) {
-        return FALSE;
-    }
-    SetWindowLongPtrA(window, DWLP_MSGRESULT, result);
-    return TRUE;
 }
 
 bool LoggingParent::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -131,6 +102,25 @@ void tracePicture(Trace& trace, const char* what, const Canvas& canvas) {
     }
 }
 
+void tracePixels(Trace& trace, const char* what, HWND window, RECT part) {
+    const int width = number(part.right - part.left);
+    const int height = number(part.bottom - part.top);
+    const Canvas canvas(width, height);
+    HDC dc = GetDC(window);
+    BitBlt(canvas, 0, 0, width, height, dc, part.left, part.top, SRCCOPY);
+    ReleaseDC(window, dc);
+    tracePicture(trace, what, canvas);
+}
+
+std::string describeEdit(HWND edit) {
+    std::array<char, 64> text{};
+    GetWindowTextA(edit, text.data(), static_cast<int>(text.size()));
+    const LRESULT selection = SendMessageA(edit, EM_GETSEL, 0, 0);
+    return "\"" + std::string(text.data()) + "\" " + std::to_string(LOWORD(selection)) + ".." +
+           std::to_string(HIWORD(selection)) + (SendMessageA(edit, EM_GETMODIFY, 0, 0) ? " modified" : "") +
+           (SendMessageA(edit, EM_CANUNDO, 0, 0) ? " undoable" : "");
+}
+
 void drawClassically([[maybe_unused]] HWND control) {
 #ifdef _WIN32
     SetWindowTheme(control, L" ", L" ");
@@ -167,4 +157,9 @@ void postClick(HWND window) {
     RECT client;
     GetClientRect(window, &client);
     postClick(window, client.right / 2, client.bottom / 2);
+}
+
+void postRightClick(HWND window, int x, int y) {
+    PostMessageA(window, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(x, y));
+    PostMessageA(window, WM_RBUTTONUP, 0, MAKELPARAM(x, y));
 }

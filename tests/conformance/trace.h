@@ -32,15 +32,14 @@ private:
     std::string prefix_;
 };
 
-// A visible top-level window of 400 by 300 pixels, or an empty dialog of that size, which writes a line for every
-// WM_COMMAND and WM_NOTIFY that it gets. The window is destroyed with the object.
+// A visible top-level window of 400 by 300 pixels which writes a line for every WM_COMMAND and WM_NOTIFY that it gets.
+// The window is destroyed with the object.
 class LoggingParent {
 public:
-    enum class Kind { Window, Dialog };
     // Sees every message before it is logged; returns true when it has answered it with `result`.
     using Hook = std::function<bool(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)>;
 
-    LoggingParent(Trace& trace, Kind kind);
+    explicit LoggingParent(Trace& trace);
     ~LoggingParent();
     LoggingParent(const LoggingParent&) = delete;
     LoggingParent& operator=(const LoggingParent&) = delete;
@@ -52,16 +51,12 @@ public:
     void setHook(Hook hook) { hook_ = std::move(hook); }
     // Nothing is logged while quiet, for preparations that belong to no trace.
     void setQuiet(bool quiet) { quiet_ = quiet; }
-    // Dispatches what is queued; in a dialog through IsDialogMessage.
-    void drain();
 
 private:
     static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     Trace& trace_;
-    Kind kind_;
     HWND window_ = nullptr;
     Hook hook_;
     bool quiet_ = false;
@@ -82,8 +77,8 @@ struct MessageStep {
     const char* what;
     UINT message;
     WPARAM wParam;
-    LPARAM lParam;
-    const char* text;
+    LPARAM lParam = 0;
+    const char* text = nullptr;
 
     LRESULT send(HWND window) const { return SendMessageA(window, message, wParam, text ? textParam(text) : lParam); }
 };
@@ -93,11 +88,14 @@ void setClipboard(HWND owner, const char* text);
 // A parent for sections whose trace a spy writes.
 class QuietParent : public LoggingParent {
 public:
-    explicit QuietParent(Trace& trace) : LoggingParent(trace, Kind::Window) { setQuiet(true); }
+    explicit QuietParent(Trace& trace) : LoggingParent(trace) { setQuiet(true); }
 };
 
-// Writes the rows of a picture below its name.
+// Writes the rows of a picture, or of a window's pixels, below its name.
 void tracePicture(Trace& trace, const char* what, const Canvas& canvas);
+void tracePixels(Trace& trace, const char* what, HWND window, RECT part);
+// A text, where it is selected, and whether it was changed and that can be undone.
+std::string describeEdit(HWND edit);
 // Windows draws common controls in a style of the user's otherwise.
 void drawClassically(HWND control);
 // Dispatches everything that is queued for this thread; with a dialog, through IsDialogMessage first.
@@ -106,8 +104,9 @@ void drainQueue(HWND dialog = nullptr);
 void postKey(HWND window, UINT virtualKey);
 // Posts the characters of a text (code page 1252).
 void postText(HWND window, const char* text);
-// Posts press and release of the left button at a client point.
+// Posts press and release of the left button, or the right one, at a client point.
 void postClick(HWND window, int x, int y);
+void postRightClick(HWND window, int x, int y);
 // The same in the middle of the window.
 void postClick(HWND window);
 
@@ -115,7 +114,6 @@ void postClick(HWND window);
 void traceWindows(Trace& trace);
 void tracePainting(Trace& trace);
 void traceDrawing(Trace& trace);
-void traceSystem(Trace& trace);
 void traceButtons(Trace& trace);
 void traceTabs(Trace& trace);
 void traceTracks(Trace& trace);
@@ -124,10 +122,8 @@ void traceCombos(Trace& trace);
 void traceOwnerDrawn(Trace& trace);  // of the combo boxes
 void traceDialogs(Trace& trace);
 void traceSheets(Trace& trace);
-void traceTexts(Trace& trace);
 void traceFileDialog(Trace& trace);
 void traceListViews(Trace& trace);
 void traceLabels(Trace& trace);
-void traceHeaders(Trace& trace);
 void traceProfiles(Trace& trace);
 void traceMenus(Trace& trace);

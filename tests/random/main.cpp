@@ -2,9 +2,7 @@
 // comparing two systems, and for playing again.
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <iomanip>
 #include <iostream>
 #include <optional>
 #include <set>
@@ -23,25 +21,10 @@
 
 namespace {
 
-constexpr const char* kUsage =
-    "usage: tavrikrandom FIRST COUNT   play the seeds from FIRST on\n"
-    "       tavrikrandom --print SEED  print the scenario of a seed\n";
+constexpr const char* kUsage = "usage: tavrikrandom FIRST COUNT   play the seeds from FIRST on\n";
 
-std::string ReadableByte(unsigned char byte) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    return byte >= 0x20 && byte < 0x7F ? std::string(1, static_cast<char>(byte))
-                                       : std::string("\\x") + kDigits[byte >> 4] + kDigits[byte & 15];
-}
-
-// The store byte for byte as comments, and what a scenario can check of it.
+// What a scenario can check of the store.
 void PrintStore(const CMdb& store, const automation::StoreAccess& access) {
-    for (const CMdbRecord* record = store.GetFirst(); record != nullptr; record = record->GetNext()) {
-        std::cout << (record->IsChanged() != 0 ? "# * " : "#   ");
-        for (unsigned i = 0; i < record->GetSize(); ++i) {
-            std::cout << ReadableByte(static_cast<unsigned char>(record->GetData()[i]));
-        }
-        std::cout << "\n";
-    }
     std::set<std::string> keys;
     for (const host::Setting& setting : host::ReadSettings(store)) {
         keys.insert(setting.key);
@@ -51,14 +34,6 @@ void PrintStore(const CMdb& store, const automation::StoreAccess& access) {
                   << "changed " << key << " " << *access.IsChanged(key) << "\n";
     }
     std::cout << "records " << access.Count() << "\n";
-}
-
-// What the player had to say, as comments of the trace.
-void PrintAsComments(const std::string& text, std::ostream& out) {
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        out << "# " << line << "\n";
-    }
 }
 
 class Play {
@@ -71,13 +46,11 @@ public:
     }
 
     void PlaySeed(std::uint32_t seed);
-    void PrintSummary(std::uint32_t seeds) const;
-    bool HasFailed() const { return m_failed > 0; }
+    int Failed() const { return m_failed; }
 
 private:
     const host::ExportFunction m_export;
     const automation::ScratchFolder m_scratch;
-    random_user::Steps m_steps;
     int m_failed = 0;
 };
 
@@ -95,18 +68,12 @@ void Play::PlaySeed(std::uint32_t seed) {
     std::ostringstream said;
     const automation::Totals totals = PlayCommands("seed-" + std::to_string(seed), [&user] { return user.Next(); },
                                                    access, open, said, {m_scratch.Path(), false});
-    PrintAsComments(said.str(), std::cout);
+    std::istringstream lines(said.str());
+    for (std::string line; std::getline(lines, line);) {
+        std::cout << "# " << line << "\n";
+    }
     PrintStore(store, access);
     m_failed += totals.failed;
-    m_steps.played += user.Counted().played;
-    m_steps.didSomething += user.Counted().didSomething;
-}
-
-void Play::PrintSummary(std::uint32_t seeds) const {
-    const double share = 100.0 * m_steps.didSomething / std::max(m_steps.played, 1);
-    std::cerr << seeds << " seeds, " << m_steps.played << " commands played, " << m_steps.didSomething
-              << " did something (" << std::fixed << std::setprecision(1) << share << " %), " << m_failed
-              << " failed\n";
 }
 
 }  // namespace
@@ -120,16 +87,15 @@ int main(int argc, char** argv) {
     const auto number = [](const std::string& text) {
         return static_cast<std::uint32_t>(std::strtoul(text.c_str(), nullptr, 10));
     };
-    const bool isPrinted = arguments[0] == "--print";
-    const std::uint32_t first = number(arguments[isPrinted ? 1 : 0]);
-    const std::uint32_t count = isPrinted ? 1 : number(arguments[1]);
+    const std::uint32_t first = number(arguments[0]);
+    const std::uint32_t count = number(arguments[1]);
     try {
         Play play;
         for (std::uint32_t seed = first; seed < first + count; ++seed) {
             play.PlaySeed(seed);
         }
-        play.PrintSummary(count);
-        return play.HasFailed() ? 1 : 0;
+        std::cerr << count << " seeds, " << play.Failed() << " failed\n";
+        return play.Failed() > 0 ? 1 : 0;
     } catch (const std::exception& error) {
         std::cerr << "tavrikrandom: " << error.what() << "\n";
         return 2;

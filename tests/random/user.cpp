@@ -22,7 +22,6 @@ constexpr int kFewestActions = 5;
 constexpr int kMoreActions = 16;
 constexpr int kGentleAttempts = 4;
 constexpr int kMostAttempts = 20;
-constexpr int kAnyFocus = 0;
 
 constexpr const char* kFileDialogEndings[] = {"cancel", "close", "press ESC"};
 
@@ -31,50 +30,31 @@ bool IsClosing(const SeenControl& control) {
 }
 
 unsigned WhereIs(const View& view) {
-    if (view.openList != nullptr) {
-        return kInOpenList;
-    }
+    constexpr std::pair<Kind, unsigned> kPlaces[] = {{Kind::Edit, kInEdit},           {Kind::EditCombo, kInEditCombo},
+                                                     {Kind::ListCombo, kInListCombo}, {Kind::Check, kOnCheck},
+                                                     {Kind::Radio, kOnRadio},         {Kind::Push, kOnPush}};
     const SeenControl* focus = view.Focused();
-    if (focus == nullptr) {
-        return kElsewhere;
+    if (view.openList != nullptr || focus == nullptr) {
+        return focus != nullptr ? kInOpenList : kElsewhere;
     }
-    switch (focus->kind) {
-        case Kind::Edit:
-            return kInEdit;
-        case Kind::EditCombo:
-            return kInEditCombo;
-        case Kind::ListCombo:
-            return kInListCombo;
-        case Kind::Check:
-            return kOnCheck;
-        case Kind::Radio:
-            return kOnRadio;
-        case Kind::Push:
-            return IsClosing(*focus) ? kOnClosing : kOnPush;
-        default:
-            return kElsewhere;
-    }
+    const auto* place = std::find_if(std::begin(kPlaces), std::end(kPlaces),
+                                     [focus](const auto& row) { return row.first == focus->kind; });
+    return IsClosing(*focus) ? kOnClosing : place != std::end(kPlaces) ? place->second : kElsewhere;
 }
 
 // Which of the rows, by their weights; the rows that do not count weigh nothing.
 template <typename Rows, typename Counts>
-auto PickByWeight(const Rows& rows, int draw, Counts counts) {
+auto PickByWeight(const Rows& rows, std::mt19937& random, Counts counts) {
+    unsigned sum = 0;
     for (const auto& row : rows) {
-        draw -= counts(row) ? row.weight : 0;
-        if (draw < 0) {
-            return &row;
-        }
+        sum += counts(row) ? static_cast<unsigned>(row.weight) : 0U;
     }
-    throw std::logic_error("the draw is beyond the weights");
-}
-
-template <typename Rows, typename Counts>
-int SumOfWeights(const Rows& rows, Counts counts) {
-    int sum = 0;
-    for (const auto& row : rows) {
-        sum += counts(row) ? row.weight : 0;
+    unsigned draw = static_cast<unsigned>(random()) % sum;
+    const auto* row = std::begin(rows);
+    for (; !counts(*row) || draw >= static_cast<unsigned>(row->weight); ++row) {
+        draw -= counts(*row) ? static_cast<unsigned>(row->weight) : 0U;
     }
-    return sum;
+    return row;
 }
 
 }  // namespace
@@ -87,12 +67,12 @@ struct RandomUser::Habit {
 const RandomUser::Habit RandomUser::kOnSheet[] = {
     {26, &RandomUser::ClickControl}, {18, &RandomUser::TypeIntoField}, {8, &RandomUser::TypeKeys},
     {36, &RandomUser::PressKey},     {6, &RandomUser::PickEntry},      {6, &RandomUser::OpenList},
-    {5, &RandomUser::MoveFocus},     {6, &RandomUser::ClickTab},       {1, &RandomUser::PressClosing},
+    {6, &RandomUser::ClickTab},      {1, &RandomUser::CloseSheet},
 };
 
 const RandomUser::Habit RandomUser::kOnOpenList[] = {
-    {60, &RandomUser::PressKey},       {8, &RandomUser::TypeKeys}, {12, &RandomUser::PickEntry},
-    {16, &RandomUser::ClickElsewhere}, {2, &RandomUser::ClickTab}, {1, &RandomUser::PressClosing},
+    {60, &RandomUser::PressKey},     {8, &RandomUser::TypeKeys}, {12, &RandomUser::PickEntry},
+    {16, &RandomUser::ClickControl}, {2, &RandomUser::ClickTab}, {1, &RandomUser::CloseSheet},
 };
 
 // Not a standard distribution: those differ from one library to another.
@@ -118,7 +98,6 @@ std::optional<automation::Command> RandomUser::Next() {
         return std::nullopt;
     }
     m_trace << line << "\n" << std::flush;  // It may be the last one that the library survives.
-    m_bStep = m_view.front != View::Front::None;
     automation::Scenario scenario = automation::ParseScenario("chosen", line, automation::ShapeOfCommand);
     if (!scenario.errors.empty()) {
         throw std::logic_error(scenario.errors.front());
@@ -129,14 +108,10 @@ std::optional<automation::Command> RandomUser::Next() {
 
 // Looks, and writes down what is new.
 void RandomUser::Observe() {
-    const View before = std::exchange(m_view, Look());
+    m_view = Look();
     // Where a click puts the caret depends on the system's fonts; what is planned then moves it.
     m_view.caret = m_plan.empty() ? m_view.caret : std::nullopt;
     const std::vector<std::string> lines = DescribeView(m_view);
-    const bool isSame =
-        m_view.front == before.front && m_view.box == before.box && (lines.empty() || lines == m_described);
-    m_steps.played += m_bStep ? 1 : 0;
-    m_steps.didSomething += m_bStep && !isSame ? 1 : 0;
     for (const std::string& line : lines) {
         if (std::find(m_described.begin(), m_described.end(), line) == m_described.end()) {
             m_trace << line << "\n";
@@ -146,15 +121,6 @@ void RandomUser::Observe() {
         m_described.clear();
     } else if (!lines.empty()) {
         m_described = lines;
-    }
-    if (m_view.openList == nullptr || m_view.openList != before.openList) {
-        const auto combo = std::find_if(before.controls.begin(), before.controls.end(), [this](const SeenControl& c) {
-            return m_view.Focused() != nullptr && c.id == m_view.Focused()->id;
-        });
-        m_bPicked = combo == before.controls.end() || combo->selection != m_view.highlighted ||
-                    combo->text != m_view.Focused()->text;
-    } else {
-        m_bPicked = true;
     }
 }
 
@@ -179,7 +145,7 @@ std::string RandomUser::Choose() {
         const Planned planned = m_plan.front();
         m_plan.pop_front();
         const SeenControl* focus = m_view.Focused();
-        if (planned.focus == kAnyFocus || (focus != nullptr && focus->id == planned.focus)) {
+        if (focus != nullptr && focus->id == planned.focus) {
             return planned.command;
         }
         m_plan.clear();
@@ -223,9 +189,8 @@ std::string RandomUser::BeginRun() {
 std::string RandomUser::ChooseOnSheet() {
     const auto all = [](const Habit&) { return true; };
     for (;;) {
-        const Habit* habit = m_view.openList != nullptr
-                                 ? PickByWeight(kOnOpenList, Below(SumOfWeights(kOnOpenList, all)), all)
-                                 : PickByWeight(kOnSheet, Below(SumOfWeights(kOnSheet, all)), all);
+        const Habit* habit = m_view.openList != nullptr ? PickByWeight(kOnOpenList, m_random, all)
+                                                        : PickByWeight(kOnSheet, m_random, all);
         if (std::string command = (this->*habit->act)(); !command.empty()) {
             return command;
         }
@@ -253,35 +218,23 @@ std::string RandomUser::AfterFocusOn(const SeenControl& control, const std::stri
     return OnControl(Below(2) == 0 && control.kind != Kind::ListCombo ? "click" : "focus", control);
 }
 
-std::string RandomUser::ClickOn(const SeenControl& control) {
-    const bool isField = control.kind == Kind::Edit || control.kind == Kind::EditCombo;
-    if (isField && !control.text.empty() && &control != m_view.Focused()) {
-        m_plan = {{control.id, Below(2) == 0 ? "press HOME" : "press END"}};
-    }
-    return OnControl("click", control);
-}
-
 std::string RandomUser::ClickControl() {
     const SeenControl* control = PickControl([this](const SeenControl& c) {
-        const bool isFocused = &c == m_view.Focused();
-        const bool isDone =
-            isFocused && (c.kind == Kind::Edit || c.kind == Kind::EditCombo || (c.kind == Kind::Radio && c.isChecked));
+        const bool isDone = &c == m_view.Focused() && (c.IsField() || (c.kind == Kind::Radio && c.isChecked));
         return c.kind != Kind::Passive && !IsClosing(c) && !isDone;
     });
-    return control != nullptr ? ClickOn(*control) : "";
-}
-
-std::string RandomUser::ClickElsewhere() {
-    const SeenControl* control =
-        PickControl([](const SeenControl& c) { return c.kind != Kind::Passive && !IsClosing(c); });
-    return control != nullptr ? ClickOn(*control) : "";
+    if (control == nullptr) {
+        return "";
+    }
+    if (control->IsField() && !control->text.empty() && control != m_view.Focused()) {
+        m_plan = {{control->id, Below(2) == 0 ? "press HOME" : "press END"}};
+    }
+    return OnControl("click", *control);
 }
 
 std::string RandomUser::TypeIntoField() {
     const std::string text = Pick(kTexts);
-    const SeenControl* control = PickControl([&text](const SeenControl& c) {
-        return (c.kind == Kind::Edit || c.kind == Kind::EditCombo) && c.text != text;
-    });
+    const SeenControl* control = PickControl([&text](const SeenControl& c) { return c.IsField() && c.text != text; });
     return control != nullptr ? AfterFocusOn(*control, OnControl("type", *control, Quote(text))) : "";
 }
 
@@ -295,20 +248,9 @@ std::string RandomUser::TypeKeys() {
 std::string RandomUser::PressKey() {
     const unsigned where = WhereIs(m_view);
     const auto counts = [&](const KeyHabit& row) {
-        const bool isSafe = !row.isAccepting || !m_bPicked;
-        return (row.where & where) != 0 && isSafe && (row.works == nullptr || row.works(m_view));
+        return (row.where & where) != 0 && (row.works == nullptr || row.works(m_view));
     };
-    const KeyHabit* habit = PickByWeight(kKeyHabits, Below(SumOfWeights(kKeyHabits, counts)), counts);
-    std::string command = std::string("press ") + habit->key;
-    if (habit->isAccepting) {
-        // Systems differ in whether the key accepts what is picked; Enter then accepts it on all of them.
-        const int combo = m_view.Focused()->id;
-        m_plan = {{combo, "press F4"}, {combo, "press ENTER"}};
-        if (command.ends_with("TAB")) {
-            m_plan.push_front({kAnyFocus, OnControl("focus", *m_view.Focused())});
-        }
-    }
-    return command;
+    return std::string("press ") + PickByWeight(kKeyHabits, m_random, counts)->key;
 }
 
 std::string RandomUser::PickEntry() {
@@ -330,24 +272,8 @@ std::string RandomUser::OpenList() {
     return control != nullptr ? AfterFocusOn(*control, Pick(kOpenings)) : "";
 }
 
-std::string RandomUser::MoveFocus() {
-    const SeenControl* control =
-        PickControl([this](const SeenControl& c) { return c.kind != Kind::Passive && &c != m_view.Focused(); });
-    return control != nullptr ? OnControl("focus", *control) : "";
-}
-
 std::string RandomUser::ClickTab() {
-    const int others = static_cast<int>(m_view.tabs.size()) - 1;
-    if (others <= 0) {
-        return "";
-    }
-    const int tab = (m_view.tab + 1 + Below(others)) % (others + 1);
-    return "tab " + Quote(m_view.tabs[static_cast<size_t>(tab)]);
-}
-
-std::string RandomUser::PressClosing() {
-    constexpr const char* kClosings[] = {"ok", "cancel", "close"};
-    return Pick(kClosings);
+    return m_view.tabs.empty() ? "" : "tab " + Quote(m_view.tabs[m_random() % m_view.tabs.size()]);
 }
 
 }  // namespace random_user

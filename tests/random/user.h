@@ -14,11 +14,6 @@
 
 namespace random_user {
 
-struct Steps {
-    int played = 0;        // commands given while a window was in front
-    int didSomething = 0;  // those after which the user saw something else than before
-};
-
 // What is chosen depends on the seed and on what is seen, nothing else, so it is the same on all systems that show the
 // same.
 class RandomUser {
@@ -31,8 +26,6 @@ public:
 
     // The sheet that the last `open` showed is closed.
     void OnReturned(int result);
-
-    const Steps& Counted() const { return m_steps; }
 
 private:
     struct Habit;
@@ -62,30 +55,23 @@ private:
     std::string OnControl(const char* command, const SeenControl& control, const std::string& rest = {});
     std::string AfterFocusOn(const SeenControl& control, const std::string& command);
 
-    std::string ClickOn(const SeenControl& control);
     std::string ClickControl();
-    std::string ClickElsewhere();
     std::string TypeIntoField();
     std::string TypeKeys();
     std::string PressKey();
     std::string PickEntry();
     std::string OpenList();
-    std::string MoveFocus();
     std::string ClickTab();
-    std::string PressClosing();
 
     std::mt19937 m_random;
     std::ostream& m_trace;
     View m_view;
     std::vector<std::string> m_described;  // as last written down
-    Steps m_steps;
     int m_nLine = 0;
     int m_nRecords = -1;          // still to be given; -1 before the first command
     int m_nRuns = 0;              // still to be begun
     int m_nActions = 0;           // still to be done in this run
     int m_nClosing = 0;           // attempts to close the sheet
-    bool m_bStep = false;         // the last command was given while a window was in front
-    bool m_bPicked = false;       // in the open list, by its opening or by a command since
     bool m_bCorrects = false;     // the field with the focus was refused and is put right next
     std::optional<int> m_result;  // not yet checked
     std::deque<Planned> m_plan;   // given up when it cannot go on or a box comes up

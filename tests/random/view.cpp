@@ -96,27 +96,25 @@ std::string ClipboardText() {
     return text;
 }
 
-// Holds and does not hold, as checks of the control with the number.
-std::string State(const char* ifTrue, const char* ifFalse, bool holds, int id) {
-    return std::string("expect ") + (holds ? ifTrue : ifFalse) + " " + std::to_string(id);
-}
-
 void DescribeControl(const SeenControl& control, std::vector<std::string>& lines) {
     const std::string id = std::to_string(control.id);
-    lines.push_back(State("visible", "hidden", control.isVisible, control.id));
+    const auto expect = [&](const char* what, const std::string& value) {
+        lines.push_back(std::string("expect ") + what + " " + id + value);
+    };
+    expect(control.isVisible ? "visible" : "hidden", "");
     if (!control.isVisible) {
         return;
     }
-    lines.push_back(State("enabled", "disabled", control.isEnabled, control.id));
+    expect(control.isEnabled ? "enabled" : "disabled", "");
     if (automation::HasReadableTexts(control.window)) {
-        lines.push_back("expect text " + id + " " + Quote(control.text));
+        expect("text", " " + Quote(control.text));
     }
     if (control.HoldsCheck()) {
-        lines.push_back(State("checked", "unchecked", control.isChecked, control.id));
+        expect(control.isChecked ? "checked" : "unchecked", "");
     }
     if (control.IsCombo()) {
-        lines.push_back("expect selection " + id + " " + std::to_string(control.selection));
-        lines.push_back("expect count " + id + " " + std::to_string(control.count));
+        expect("selection", " " + std::to_string(control.selection));
+        expect("count", " " + std::to_string(control.count));
     }
 }
 

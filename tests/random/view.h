@@ -26,6 +26,7 @@ struct SeenControl {
 
     bool IsUsable() const { return isVisible && isEnabled; }
     bool IsCombo() const { return kind == Kind::EditCombo || kind == Kind::ListCombo; }
+    bool IsField() const { return kind == Kind::Edit || kind == Kind::EditCombo; }
     bool HoldsCheck() const { return kind == Kind::Check || kind == Kind::Radio; }
 };
 
@@ -54,6 +55,9 @@ struct View {
     int highlighted = -1;
     std::string clipboard;
 
+    // The entry that is selected in the open list or in the focused combo box, and how many there are.
+    int Entry() const { return openList != nullptr ? highlighted : Focused()->selection; }
+    int EntryCount() const { return openList != nullptr ? listCount : Focused()->count; }
     const SeenControl* Focused() const { return focus < 0 ? nullptr : &controls[static_cast<size_t>(focus)]; }
 };
 
