@@ -30,8 +30,7 @@ Window* allocate() {
         return nullptr;
     }
     auto window = std::make_unique<Window>();
-    const std::size_t index =
-        numbers.freeCount != 0 ? numbers.free[--numbers.freeCount] : kFirstIndex + numbers.used++;
+    const std::size_t index = numbers.freeCount != 0 ? numbers.free[--numbers.freeCount] : kFirstIndex + numbers.used++;
     window->handle = handleOf(index);
     ++numbers.count;
     return windowTable[index] = window.release();
