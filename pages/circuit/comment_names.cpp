@@ -35,12 +35,6 @@ int ColourOf(std::string_view key) {
     return isComment && key == KeyOf(kSettingKey, colour).data() ? colour : 0;
 }
 
-// Most users have no profile file, and each key asked for is a file that is looked for.
-bool HasProfile() {
-    char sections[4] = "";
-    return GetPrivateProfileStringA(nullptr, nullptr, "", sections, sizeof sections, kConnectProfile) != 0;
-}
-
 }  // namespace
 
 LPCSTR SettingLookup::Find(LPCSTR key) const {
@@ -59,9 +53,6 @@ void CommentNames::SetDefaults() {
 }
 
 void CommentNames::ReadProfile() {
-    if (!HasProfile()) {
-        return;
-    }
     for (int colour = kFirstCommentColour; colour <= kLastCommentColour; ++colour) {
         Name name{};
         GetPrivateProfileStringA(kConnectSection, KeyOf(kProfileKey, colour).data(), Get(colour), name.data(),

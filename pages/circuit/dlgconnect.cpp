@@ -86,6 +86,12 @@ const Notification& As(const NMHDR* header) {
     return *reinterpret_cast<const Notification*>(header);
 }
 
+// Most users have no profile file, and each key asked for is a file that is looked for.
+bool HasProfile() {
+    char sections[4] = "";
+    return GetPrivateProfileStringA(nullptr, nullptr, "", sections, sizeof sections, kConnectProfile) != 0;
+}
+
 }  // namespace
 
 IMPLEMENT_DYNAMIC(dlgconnect, CPropertyPage)
@@ -124,6 +130,9 @@ int dlgconnect::LoadSettings(const CMdb* store) {
 }
 
 void dlgconnect::ReadProfile() {
+    if (!HasProfile()) {
+        return;
+    }
     const auto number = [](LPCSTR key, int fallback) {
         return static_cast<int>(GetPrivateProfileIntA(kConnectSection, key, fallback, kConnectProfile));
     };

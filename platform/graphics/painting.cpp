@@ -1,6 +1,6 @@
 #include "platform/graphics/painting.h"
 
-#include <cstring>
+#include <cwchar>
 
 namespace platform {
 
@@ -36,18 +36,18 @@ int discGap(int size, int row) {
 }
 
 void fillArea(DeviceContext& dc, const RECT& area, Pixel pixel) {
-    constexpr std::size_t kNarrow = 16;
+    constexpr int kNarrow = 16;
     paintVisible(dc, area, [surface = dc.surface(), pixel](const RECT& part) {
-        const auto count = static_cast<std::size_t>(part.right - part.left);
-        Pixel* first = surface->row(part.top) + part.left;
-        std::fill_n(first, count, pixel);
-        for (int y = part.top + 1; y < part.bottom; ++y) {
+        const int count = part.right - part.left;
+        for (int y = part.top; y < part.bottom; ++y) {
             Pixel* row = surface->row(y) + part.left;
             if (count < kNarrow) {
                 std::fill_n(row, count, pixel);
             } else {
-                // The library's copying is as fast as memory, filling by words is not.
-                std::memcpy(row, first, count * sizeof(Pixel));
+                // The C library fills as fast as memory takes it.
+                static_assert(sizeof(wchar_t) == sizeof(Pixel));
+                std::wmemset(reinterpret_cast<wchar_t*>(row), static_cast<wchar_t>(pixel),
+                             static_cast<std::size_t>(count));
             }
         }
     });
