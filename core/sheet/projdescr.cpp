@@ -120,5 +120,5 @@ BOOL projdescr::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 int projdescr::OnCreate(LPCREATESTRUCT createStruct) {
-    return CPropertySheet::OnCreate(createStruct);
+    return CPropertySheet::OnCreate(createStruct) == -1 ? -1 : 0;
 }
