@@ -6,7 +6,10 @@
 class CSize : public tagSIZE {
 public:
     CSize() : tagSIZE{0, 0} {}
-    CSize(int width, int height) : tagSIZE{width, height} {}
+    CSize(int width, int height) {
+        cx = width;
+        cy = height;
+    }
     CSize(SIZE size) : tagSIZE(size) {}
 };
 

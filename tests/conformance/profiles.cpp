@@ -15,7 +15,7 @@ using namespace std::literals;
 // Each text becomes a file of its own, since Wine keeps what it has read.
 std::string addFile(const std::filesystem::path& folder, std::string_view text) {
     static int count = 0;
-    const std::string path = (folder / (std::to_string(++count) + ".ini")).string();
+    std::string path = (folder / (std::to_string(++count) + ".ini")).string();
     std::ofstream(path, std::ios::binary) << text;
     return path;
 }
@@ -71,7 +71,8 @@ void traceFiles(Trace& trace, const std::filesystem::path& folder) {
     const std::string huge(100000, 'y');
     for (const std::string& text :
          {"[S]\nA=1"s, "[S]\r\r\nA=1\r\r\n"s, "A=1\n"s, "[S]\n[T]\n[S]\nA=2\n"s, ";[S]\nA=1\n[S]\nA=2\n"s,
-          "[S]\n" + huge + "=3\n[" + huge + "]\nA=2\n[S]\nA=4\n", "[S]\nA=" + huge}) {
+          std::string("[S]\n").append(huge).append("=3\n[").append(huge).append("]\nA=2\n[S]\nA=4\n"),
+          "[S]\nA=" + huge}) {
         const std::string file = addFile(folder, text);
         traceText(trace, file, "S", "A");
         std::array<char, 40> sections{};
