@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <memory>
 
@@ -23,19 +22,6 @@ std::optional<DialogTemplate> pageTemplate(const _PSP& page, bool whole) {
     const auto bytes =
         inMemory ? dialogInMemory(page.info.pResource) : dialogResource(page.info.hInstance, page.info.pszTemplate);
     return whole ? parseDialogTemplate(bytes) : parseDialogHeader(bytes);
-}
-
-std::string sheetText(HINSTANCE instance, LPCSTR text) {
-    if (text == nullptr) {
-        return {};
-    }
-    if (!IS_INTRESOURCE(text)) {
-        return text;
-    }
-    std::array<char, 256> loaded{};
-    LoadStringA(instance, static_cast<UINT>(reinterpret_cast<UINT_PTR>(text)), loaded.data(),
-                static_cast<int>(loaded.size()));
-    return loaded.data();
 }
 
 bool callPage(_PSP& page, UINT message) {

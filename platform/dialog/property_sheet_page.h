@@ -19,9 +19,6 @@ namespace platform {
 // The page's template; `whole` also reads its controls. Nothing when it is missing or malformed.
 std::optional<DialogTemplate> pageTemplate(const _PSP& page, bool whole);
 
-// A text of a header or page, which may be the number of a string resource.
-std::string sheetText(HINSTANCE instance, LPCSTR text);
-
 // Asks the page's callback; true when the page has none. PSPCB_CREATE may be refused.
 bool callPage(_PSP& page, UINT message);
 

@@ -59,7 +59,7 @@ bool PropertySheet::createPage(int index) {
         return false;
     }
     // The page's own initialisation may have removed pages.
-    const int now = indexOf([&](const Slot& each) { return each.page == page; });
+    const int now = indexOf(page);
     if (window == nullptr || now < 0) {
         return false;
     }
@@ -76,29 +76,10 @@ void PropertySheet::destroyPage(Slot& slot) {
     DestroyPropertySheetPage(page);
 }
 
-int PropertySheet::indexOf(const std::function<bool(const Slot&)>& matches) const {
-    const auto found = std::find_if(slots_.begin(), slots_.end(), matches);
+int PropertySheet::indexOf(HPROPSHEETPAGE page) const {
+    const auto found =
+        std::find_if(slots_.begin(), slots_.end(), [page](const Slot& slot) { return slot.page == page; });
     return found != slots_.end() ? static_cast<int>(found - slots_.begin()) : -1;
-}
-
-int PropertySheet::indexOfTemplate(LRESULT resourceId) const {
-    return indexOf([&](const Slot& slot) {
-        const PROPSHEETPAGEA& info = slot.page->info;
-        return (info.dwFlags & PSP_DLGINDIRECT) == 0 && IS_INTRESOURCE(info.pszTemplate) &&
-               reinterpret_cast<LRESULT>(info.pszTemplate) == resourceId;
-    });
-}
-
-int PropertySheet::resolve(const PageRef& ref) const {
-    const int byHandle = ref.page != nullptr ? indexOf([&](const Slot& slot) { return slot.page == ref.page; }) : -1;
-    const int index = byHandle >= 0 ? byHandle : ref.index;
-    return index >= 0 && index < static_cast<int>(slots_.size()) ? index : -1;
-}
-
-int PropertySheet::startIndex() const {
-    const int byCaption = startPage_.empty() ? static_cast<int>(startIndex_)
-                                             : indexOf([&](const Slot& slot) { return slot.caption == startPage_; });
-    return std::max(0, resolve({nullptr, byCaption}));
 }
 
 LRESULT PropertySheet::onPsmAddPage(HPROPSHEETPAGE page) {
@@ -123,9 +104,8 @@ LRESULT PropertySheet::onPsmAddPage(HPROPSHEETPAGE page) {
 }
 
 // The page is not asked whether it may be left: whoever removes it has decided.
-void PropertySheet::onPsmRemovePage(const PageRef& ref) {
-    const int index = resolve(ref);
-    if (index < 0) {
+void PropertySheet::onPsmRemovePage(int index) {
+    if (!has(index)) {
         return;
     }
     HWND window = window_;
@@ -136,7 +116,7 @@ void PropertySheet::onPsmRemovePage(const PageRef& ref) {
             return;
         }
     }
-    const int now = indexOf([&](const Slot& slot) { return slot.page == page; });
+    const int now = indexOf(page);
     if (now < 0) {
         return;
     }
@@ -160,10 +140,10 @@ bool PropertySheet::mayLeave() {
     return page == nullptr || notify(page, PSN_KILLACTIVE, 0) == 0;
 }
 
-// Shows the page at the index, or the one that it sends the user to. `direction` is where a page is looked for
+// Shows the page at the index. `direction` is where a page is looked for
 // that stands in for one that refuses to be shown.
 bool PropertySheet::select(int index, int direction) {
-    if (resolve({nullptr, index}) < 0) {
+    if (!has(index)) {
         return false;
     }
     HWND window = window_;
@@ -178,19 +158,14 @@ bool PropertySheet::select(int index, int direction) {
     if (!IsWindow(window) || settled < 0) {
         return false;
     }
-    const bool hasHelp = (slots_[static_cast<std::size_t>(settled)].page->info.dwFlags & PSP_HASHELP) != 0;
     show(settled);
-    if (!IsWindow(window)) {
-        return false;
-    }
-    EnableWindow(item(IDHELP), hasHelp);
-    return true;
+    return IsWindow(window) != FALSE;
 }
 
 // Creates pages and asks them until one wants to be shown. Returns its index, or -1 when there is no page left.
 int PropertySheet::settle(int index, int direction) {
     HWND window = window_;
-    // Each page is asked once at most, so that pages cannot send the user to each other for ever.
+    // Each page is asked once at most.
     for (std::size_t attempts = slots_.size(); attempts > 0 && !slots_.empty(); --attempts) {
         SendMessageA(tabs(), TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
         HPROPSHEETPAGE page = slots_[static_cast<std::size_t>(index)].page;
@@ -199,7 +174,7 @@ int PropertySheet::settle(int index, int direction) {
             if (!IsWindow(window)) {
                 return -1;
             }
-            onPsmRemovePage({page, -1});
+            onPsmRemovePage(indexOf(page));
             index = std::min(index, static_cast<int>(slots_.size()) - 1);
             continue;
         }
@@ -210,37 +185,32 @@ int PropertySheet::settle(int index, int direction) {
         if (!IsWindow(window)) {
             return -1;
         }
-        index = indexOf([&](const Slot& slot) { return slot.page == page; });
-        const int next = answer == -1 ? index + direction : indexOfTemplate(answer);
-        if (answer == 0 || resolve({nullptr, next}) < 0) {
-            return index >= 0 ? index : resolve({nullptr, 0});
+        index = indexOf(page);
+        if (answer != -1 || !has(index + direction)) {
+            return index >= 0 ? index : slots_.empty() ? -1 : 0;
         }
-        index = next;
+        index += direction;
     }
-    return resolve({nullptr, index});
+    return has(index) ? index : -1;
 }
 
 void PropertySheet::show(int index) {
     HWND window = window_;
     HWND page = slots_[static_cast<std::size_t>(index)].window;
-    HWND former = activePage();
     if (page == nullptr) {
         return;
     }
     active_ = index;
     pageValid_ = true;
-    if (former != nullptr && former != page) {
-        ShowWindow(former, SW_HIDE);
-    }
     ShowWindow(page, SW_SHOW);
     if (IsWindow(window)) {
         SendMessageA(tabs(), TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
     }
 }
 
-LRESULT PropertySheet::onPsmSetCurSel(const PageRef& ref) {
+LRESULT PropertySheet::onPsmSetCurSel(int index) {
     HWND window = window_;
-    return mayLeave() && IsWindow(window) && select(resolve(ref), 1);
+    return mayLeave() && IsWindow(window) && select(index, 1);
 }
 
 // Switches to a neighbouring page, round the ends. A focus inside the old page would now be on an invisible

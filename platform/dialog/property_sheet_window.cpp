@@ -34,8 +34,6 @@ struct SheetButton {
 constexpr SheetButton kButtons[] = {
     {IDOK, BS_DEFPUSHBUTTON | WS_GROUP, "OK"},
     {IDCANCEL, BS_PUSHBUTTON, "Avbryt"},
-    {kSheetApplyId, BS_PUSHBUTTON | WS_DISABLED, "&Verkst\xE4ll"},
-    {IDHELP, BS_PUSHBUTTON | WS_GROUP, "&Hj\xE4lp"},
 };
 
 DialogItem sheetItem(int id, const char* windowClass, const char* text, DWORD style) {
@@ -56,29 +54,15 @@ PropertySheet* sheetOf(HWND window) {
 }  // namespace
 
 PropertySheet::PropertySheet(const PROPSHEETHEADERA& header)
-    : flags_(header.dwFlags),
-      owner_(header.hwndParent != nullptr ? GetAncestor(header.hwndParent, GA_ROOT) : nullptr),
+    : owner_(header.hwndParent != nullptr ? GetAncestor(header.hwndParent, GA_ROOT) : nullptr),
       instance_(header.hInstance),
-      caption_(sheetText(header.hInstance, header.pszCaption)),
-      callback_((header.dwFlags & PSH_USECALLBACK) != 0 ? header.pfnCallback : nullptr) {
-    if ((flags_ & PSH_USEPSTARTPAGE) != 0) {
-        startPage_ = sheetText(header.hInstance, header.pStartPage);
-    } else {
-        startIndex_ = header.nStartPage;
-    }
-}
+      caption_(header.pszCaption != nullptr ? header.pszCaption : ""),
+      startIndex_(header.nStartPage) {}
 
 void PropertySheet::takePages(const PROPSHEETHEADERA& header, UINT& taken) {
-    const auto* bytes = reinterpret_cast<const char*>(header.ppsp);
     for (UINT i = 0; i < header.nPages; ++i) {
         ++taken;
-        if ((flags_ & PSH_PROPSHEETPAGE) == 0) {
-            takePage(header.phpage[i]);
-            continue;
-        }
-        const auto* page = reinterpret_cast<const PROPSHEETPAGEA*>(bytes);
-        takePage(CreatePropertySheetPageA(page));
-        bytes += page->dwSize;
+        takePage(header.phpage[i]);
     }
 }
 
@@ -109,74 +93,24 @@ DialogTemplate PropertySheet::sheetTemplate() const {
 }
 
 HWND PropertySheet::create() {
-    if (callback_ != nullptr) {
-        callback_(nullptr, PSCB_PRECREATE, 0);
-    }
     creating_ = true;
     HWND window = createDialog(instance_, sheetTemplate(), owner_, dialogProc, reinterpret_cast<LPARAM>(this));
     creating_ = false;
     return window;
 }
 
-INT_PTR PropertySheet::runModal() {
-    HWND disabled = owner_ != nullptr && IsWindowEnabled(owner_) ? owner_ : nullptr;
-    if (disabled != nullptr) {
-        EnableWindow(disabled, FALSE);
-    }
-    HWND window = create();
-    MSG message{};
-    BOOL got = TRUE;
-    while (window != nullptr && IsWindow(window) && !ended_ && (got = GetMessageA(&message, nullptr, 0, 0)) > 0) {
-        if (!onPsmIsDialogMessage(message)) {
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-        }
-    }
-    if (got == 0) {
-        PostQuitMessage(static_cast<int>(message.wParam));
-    }
-    if (disabled != nullptr) {
-        EnableWindow(disabled, TRUE);
-    }
-    if (window == nullptr) {
-        return -1;
-    }
-    if (IsWindow(window)) {
-        DestroyWindow(window);
-    }
-    return result_;
-}
-
 void PropertySheet::onWmInitDialog(HWND window) {
     window_ = window;
     SendMessageA(window, DM_SETDEFID, IDOK, 0);
-    if ((flags_ & PSH_NOAPPLYNOW) != 0) {
-        ShowWindow(item(kSheetApplyId), SW_HIDE);
-    }
-    if ((flags_ & PSH_HASHELP) == 0) {
-        ShowWindow(item(IDHELP), SW_HIDE);
-    }
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         insertTab(static_cast<int>(i));
     }
     fitToPages();
     centre();
     SetFocus(item(IDOK));
-    if (callback_ != nullptr) {
-        callback_(window, PSCB_INITIALIZED, 0);
-    }
-    for (std::size_t i = 0; i < slots_.size(); ++i) {
-        if ((slots_[i].page->info.dwFlags & PSP_PREMATURE) != 0) {
-            createPage(static_cast<int>(i));
-        }
-    }
-    select(startIndex(), 1);
-    setTitle(caption_, flags_);
-}
-
-void PropertySheet::setTitle(const std::string& title, DWORD flags) {
-    const std::string shown = (flags & PSH_PROPTITLE) != 0 ? "Egenskaper f\xF6r " + title : title;
-    SetWindowTextA(window_, shown.c_str());
+    const int start = static_cast<int>(startIndex_);
+    select(has(start) ? start : 0, 1);
+    SetWindowTextA(window_, caption_.c_str());
 }
 
 // Makes the tab control as large as its rows and the largest page need, and the sheet as large as that and the buttons
@@ -209,19 +143,15 @@ void PropertySheet::centre() {
     SetWindowPos(window_, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Puts the buttons that the sheet has side by side, the last one up to the right edge of the tab control.
+// Puts the buttons side by side, the last one up to the right edge of the tab control.
 void PropertySheet::placeButtons(int right, int top) {
     const int width = horizontalPixels(kButtonWidth);
     int x = right;
     for (auto button = std::rbegin(kButtons); button != std::rend(kButtons); ++button) {
-        const bool absent = (button->id == kSheetApplyId && (flags_ & PSH_NOAPPLYNOW) != 0) ||
-                            (button->id == IDHELP && (flags_ & PSH_HASHELP) == 0);
-        if (!absent) {
-            x -= width;
-            SetWindowPos(item(button->id), nullptr, x, top, width, verticalPixels(kButtonHeight),
-                         SWP_NOZORDER | SWP_NOACTIVATE);
-            x -= horizontalPixels(kMargin);
-        }
+        x -= width;
+        SetWindowPos(item(button->id), nullptr, x, top, width, verticalPixels(kButtonHeight),
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        x -= horizontalPixels(kMargin);
     }
 }
 
@@ -251,14 +181,6 @@ INT_PTR PropertySheet::onWmCommand(WPARAM wParam, LPARAM lParam) {
         case IDCANCEL:
             cancel(false);
             return TRUE;
-        case kSheetApplyId:
-            onApplyNow();
-            return TRUE;
-        case IDHELP:
-            if (HWND page = activePage()) {
-                notify(page, PSN_HELP, 0);
-            }
-            return TRUE;
         default:
             if (HWND page = activePage()) {
                 SendMessageA(page, WM_COMMAND, wParam, lParam);
@@ -284,70 +206,36 @@ INT_PTR PropertySheet::onWmNotify(const NMHDR& header) {
     return FALSE;
 }
 
-bool PropertySheet::handleIndexMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) const {
-    const auto slotAt = [&](WPARAM index) { return index < slots_.size() ? &slots_[index] : nullptr; };
+bool PropertySheet::handleSheetMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    const int index = static_cast<int>(wParam);
     switch (message) {
+        case PSM_SETCURSEL:
+            result = onPsmSetCurSel(index);
+            return true;
+        case PSM_ADDPAGE:
+            result = onPsmAddPage(reinterpret_cast<HPROPSHEETPAGE>(lParam));
+            return true;
+        case PSM_REMOVEPAGE:
+            onPsmRemovePage(index);
+            return true;
+        case PSM_PRESSBUTTON:
+            if (wParam == PSBTN_OK) {
+                onOk();
+            } else if (wParam == PSBTN_CANCEL) {
+                cancel(false);
+            }
+            return true;
         case PSM_GETTABCONTROL:
             result = reinterpret_cast<LRESULT>(tabs());
             return true;
         case PSM_GETCURRENTPAGEHWND:
             result = reinterpret_cast<LRESULT>(pageValid_ ? activePage() : nullptr);
             return true;
-        case PSM_INDEXTOHWND:
-            result = reinterpret_cast<LRESULT>(slotAt(wParam) != nullptr ? slotAt(wParam)->window : nullptr);
-            return true;
-        case PSM_INDEXTOPAGE:
-            result = reinterpret_cast<LRESULT>(slotAt(wParam) != nullptr ? slotAt(wParam)->page : nullptr);
-            return true;
-        case PSM_HWNDTOINDEX:
-            result = indexOf([&](const Slot& slot) {
-                return slot.window != nullptr && slot.window == reinterpret_cast<HWND>(wParam);
-            });
-            return true;
-        case PSM_PAGETOINDEX:
-            result = indexOf([&](const Slot& slot) { return slot.page == reinterpret_cast<HPROPSHEETPAGE>(lParam); });
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool PropertySheet::handleSheetMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    const PageRef ref = {reinterpret_cast<HPROPSHEETPAGE>(lParam), static_cast<int>(wParam)};
-    switch (message) {
-        case PSM_SETCURSEL:
-            result = onPsmSetCurSel(ref);
-            return true;
-        case PSM_SETCURSELID:
-            result = onPsmSetCurSel({nullptr, indexOfTemplate(lParam)});
-            return true;
-        case PSM_ADDPAGE:
-            result = onPsmAddPage(ref.page);
-            return true;
-        case PSM_REMOVEPAGE:
-            onPsmRemovePage(ref);
-            return true;
-        case PSM_CHANGED:
-        case PSM_UNCHANGED:
-            onPsmChanged(reinterpret_cast<HWND>(wParam), message == PSM_CHANGED);
-            return true;
-        case PSM_CANCELTOCLOSE:
-            onPsmCancelToClose();
-            return true;
-        case PSM_APPLY:
-            result = apply(false);
-            return true;
-        case PSM_SETTITLEA:
-            setTitle(sheetText(instance_, reinterpret_cast<LPCSTR>(lParam)), static_cast<DWORD>(wParam));
-            return true;
-        case PSM_PRESSBUTTON:
-            press(static_cast<int>(wParam));
-            return true;
         case PSM_ISDIALOGMESSAGE:
             result = onPsmIsDialogMessage(*reinterpret_cast<MSG*>(lParam));
             return true;
         default:
-            return handleIndexMessage(message, wParam, lParam, result);
+            return false;  // PSM_CHANGED too: nothing is to be applied before the end.
     }
 }
 
@@ -387,8 +275,7 @@ INT_PTR CALLBACK PropertySheet::dialogProc(HWND window, UINT message, WPARAM wPa
     }
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrA(window, DWLP_USER, 0);
-        // A modal sheet belongs to its loop, which still wants the result.
-        if ((sheet->flags_ & PSH_MODELESS) != 0 && !sheet->creating_) {
+        if (!sheet->creating_) {
             delete sheet;
         }
         return FALSE;
@@ -399,7 +286,8 @@ INT_PTR CALLBACK PropertySheet::dialogProc(HWND window, UINT message, WPARAM wPa
 }  // namespace platform
 
 INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header) {
-    if (header == nullptr || header->dwSize < sizeof(PROPSHEETHEADERA)) {
+    // Who wants a modal sheet runs the loop himself.
+    if (header == nullptr || header->dwSize < sizeof(PROPSHEETHEADERA) || (header->dwFlags & PSH_MODELESS) == 0) {
         return -1;
     }
     UINT taken = 0;
@@ -410,9 +298,6 @@ INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header) {
             }
             auto sheet = std::make_unique<platform::PropertySheet>(*header);
             sheet->takePages(*header, taken);
-            if ((header->dwFlags & PSH_MODELESS) == 0) {
-                return sheet->runModal();
-            }
             HWND window = sheet->create();
             if (window == nullptr) {
                 return -1;
@@ -422,7 +307,7 @@ INT_PTR PropertySheetA(LPCPROPSHEETHEADERA header) {
         },
         -1);
     // The pages' handles are given up in any case.
-    for (UINT i = taken; i < header->nPages && (header->dwFlags & PSH_PROPSHEETPAGE) == 0; ++i) {
+    for (UINT i = taken; i < header->nPages; ++i) {
         DestroyPropertySheetPage(header->phpage[i]);
     }
     return result;

@@ -27,7 +27,6 @@ struct Page {
     LRESULT onKillActive = 0;
     LRESULT onApply = PSNRET_NOERROR;
     LRESULT onQueryCancel = 0;
-    HPROPSHEETPAGE handle = nullptr;
     HWND window = nullptr;
 };
 
@@ -117,8 +116,7 @@ HPROPSHEETPAGE makePage(Page& page) {
     info.pfnDlgProc = pageProc;
     info.lParam = reinterpret_cast<LPARAM>(&page);
     info.pfnCallback = pageCallback;
-    page.handle = CreatePropertySheetPageA(&info);
-    return page.handle;
+    return CreatePropertySheetPageA(&info);
 }
 
 RECT placeInSheet(HWND window, RECT rect) {
@@ -315,7 +313,6 @@ void tracePages(Trace& trace) {
         {"click the last", [] { clickTab(6); }},
         {"remove it", [] { ask(PSM_REMOVEPAGE, 6); }},
         {"remove one before", [] { ask(PSM_REMOVEPAGE, 2); }},
-        {"remove by handle", [] { ask(PSM_REMOVEPAGE, 0, reinterpret_cast<LPARAM>(stage->pages[0]->handle)); }},
     };
     play(kSteps);
 }
