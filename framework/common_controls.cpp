@@ -27,9 +27,6 @@ LPARAM PointerParameter(Structure* structure) {
 
 }  // namespace
 
-int CTabCtrl::GetItemCount() const {
-    return static_cast<int>(SendMessage(TCM_GETITEMCOUNT));
-}
 int CTabCtrl::GetCurSel() const {
     return static_cast<int>(SendMessage(TCM_GETCURSEL));
 }

@@ -10,7 +10,6 @@ class CTabCtrl : public CWnd {
     DECLARE_DYNAMIC(CTabCtrl)
 
 public:
-    int GetItemCount() const;
     int GetCurSel() const;
     int SetCurSel(int index);
     BOOL GetItem(int index, TCITEMA* item) const;

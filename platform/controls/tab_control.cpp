@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "platform/controls/control_base.h"
 #include "platform/graphics/scale.h"
@@ -80,29 +81,19 @@ LRESULT TabControl::handleTabMessage(UINT message, WPARAM wParam, LPARAM lParam)
             return count();
         case TCM_GETITEMA:
             return onTcmGetItem(index, *reinterpret_cast<TCITEMA*>(lParam));
-        case TCM_SETITEMA:
-            return onTcmSetItem(index, *reinterpret_cast<const TCITEMA*>(lParam));
         case TCM_INSERTITEMA:
             return onTcmInsertItem(index, *reinterpret_cast<const TCITEMA*>(lParam));
         case TCM_DELETEITEM:
             return onTcmDeleteItem(index);
-        case TCM_DELETEALLITEMS:
-            items_.clear();
-            selected_ = -1;
-            itemsChanged();
-            return TRUE;
         case TCM_GETITEMRECT:
             return onTcmGetItemRect(index, *reinterpret_cast<RECT*>(lParam));
         case TCM_GETCURSEL:
-        case TCM_GETCURFOCUS:
             return selected_;
         case TCM_SETCURSEL:
             return onTcmSetCurSel(index);
         case TCM_SETCURFOCUS:
             selectByUser(index);
             return 0;
-        case TCM_HITTEST:
-            return onTcmHitTest(*reinterpret_cast<TCHITTESTINFO*>(lParam));
         case TCM_ADJUSTRECT:
             onTcmAdjustRect(wParam != 0, *reinterpret_cast<RECT*>(lParam));
             return 0;
@@ -140,9 +131,7 @@ LRESULT TabControl::onWmNcHitTest(POINT screen) {
 
 void TabControl::onWmLButtonDown(POINT point) {
     const HWND window = window_;
-    if (!(styleOf(window) & TCS_FOCUSNEVER)) {
-        SetFocus(window);
-    }
+    SetFocus(window);
     if (IsWindow(window)) {
         layout();
         selectByUser(itemAt(point));
@@ -191,13 +180,17 @@ int TabControl::onTcmInsertItem(int index, const TCITEMA& item) {
         return -1;
     }
     index = std::min(index, count());
-    items_.insert(items_.begin() + index, Item{});
-    onTcmSetItem(index, item);
+    Item inserted;
+    if ((item.mask & TCIF_TEXT) && item.pszText) {
+        inserted.text = item.pszText;
+    }
+    items_.insert(items_.begin() + index, std::move(inserted));
     if (count() == 1) {
         selected_ = 0;
     } else if (index <= selected_) {
         ++selected_;
     }
+    itemsChanged();
     return index;
 }
 
@@ -211,24 +204,6 @@ bool TabControl::onTcmGetItem(int index, TCITEMA& item) const {
         std::memcpy(item.pszText, found.text.data(), length);
         item.pszText[length] = '\0';
     }
-    if (item.mask & TCIF_PARAM) {
-        item.lParam = found.param;
-    }
-    return true;
-}
-
-bool TabControl::onTcmSetItem(int index, const TCITEMA& item) {
-    if (!isItem(index)) {
-        return false;
-    }
-    Item& changed = items_[static_cast<std::size_t>(index)];
-    if ((item.mask & TCIF_TEXT) && item.pszText) {
-        changed.text = item.pszText;
-    }
-    if (item.mask & TCIF_PARAM) {
-        changed.param = item.lParam;
-    }
-    itemsChanged();
     return true;
 }
 
@@ -268,13 +243,6 @@ int TabControl::onTcmSetCurSel(int index) {
     return before;
 }
 
-int TabControl::onTcmHitTest(TCHITTESTINFO& hit) {
-    layout();
-    const int index = itemAt(hit.pt);
-    hit.flags = index >= 0 ? TCHT_ONITEM : TCHT_NOWHERE;
-    return index;
-}
-
 void TabControl::onTcmAdjustRect(bool larger, RECT& rect) {
     layout();
     const int sign = larger ? -1 : 1;
@@ -292,7 +260,7 @@ void TabControl::layout() {
     laidOut_ = true;
     measure();
     breakIntoRows();
-    if (rows_ > 1 && !(styleOf(window_) & TCS_RAGGEDRIGHT)) {
+    if (rows_ > 1) {
         evenRows();
     }
     bringRowForward(selected_);

@@ -21,7 +21,6 @@ public:
 private:
     struct Item {
         std::string text;
-        LPARAM param = 0;
         // Where layout() has put it, in pixels from the left end of its row.
         int left = 0;
         int width = 0;
@@ -39,11 +38,9 @@ private:
     void onWmKeyDown(WPARAM key, LPARAM flags);
     int onTcmInsertItem(int index, const TCITEMA& item);
     bool onTcmGetItem(int index, TCITEMA& item) const;
-    bool onTcmSetItem(int index, const TCITEMA& item);
     bool onTcmDeleteItem(int index);
     bool onTcmGetItemRect(int index, RECT& rect);
     int onTcmSetCurSel(int index);
-    int onTcmHitTest(TCHITTESTINFO& hit);
     void onTcmAdjustRect(bool larger, RECT& rect);
 
     // Selects as the user does: asks the parent first, and tells it afterwards.

@@ -84,23 +84,12 @@ LRESULT TrackBar::handleTrackMessage(UINT message, WPARAM wParam, LPARAM lParam)
         case TBM_SETPOS:
             setPosition(value, wParam != 0);
             return 0;
-        case TBM_SETRANGE:
-            onTbmSetRange(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam), wParam != 0);
-            return 0;
         case TBM_SETRANGEMIN:
             onTbmSetRange(value, maximum_, wParam != 0);
             return 0;
         case TBM_SETRANGEMAX:
             onTbmSetRange(minimum_, value, wParam != 0);
             return 0;
-        case TBM_GETPAGESIZE:
-            return pageSize();
-        case TBM_SETPAGESIZE:
-            return onTbmSetPageSize(value);
-        case TBM_GETLINESIZE:
-            return lineSize_;
-        case TBM_SETLINESIZE:
-            return onTbmSetLineSize(value);
         case TBM_GETTHUMBRECT:
             *reinterpret_cast<RECT*>(lParam) = thumbRect();
             return 0;
@@ -204,11 +193,11 @@ void TrackBar::onWmKeyDown(WPARAM key) {
     switch (key) {
         case VK_LEFT:
         case VK_UP:
-            moveByUser(static_cast<long long>(position_) - lineSize_, TB_LINEUP);
+            moveByUser(static_cast<long long>(position_) - 1, TB_LINEUP);
             break;
         case VK_RIGHT:
         case VK_DOWN:
-            moveByUser(static_cast<long long>(position_) + lineSize_, TB_LINEDOWN);
+            moveByUser(static_cast<long long>(position_) + 1, TB_LINEDOWN);
             break;
         case VK_PRIOR:
             page(Tracking::PagesBack);
@@ -242,22 +231,8 @@ void TrackBar::onTbmSetRange(int minimum, int maximum, bool redraw) {
     }
 }
 
-int TrackBar::onTbmSetPageSize(int size) {
-    const int before = pageSize();
-    pageSize_ = size;
-    return before;
-}
-
-int TrackBar::onTbmSetLineSize(int size) {
-    const int before = lineSize_;
-    lineSize_ = size;
-    return before;
-}
-
+// A fifth of the range.
 int TrackBar::pageSize() const {
-    if (pageSize_ >= 0) {
-        return pageSize_;
-    }
     const auto fifth = static_cast<int>((static_cast<long long>(maximum_) - minimum_) / 5);
     return fifth != 0 ? fifth : 1;
 }

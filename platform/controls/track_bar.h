@@ -1,5 +1,5 @@
 // One track bar: a thumb that slides in a channel, lying or standing. Tick marks, thumbs that point at them, a selected
-// range, buddies and tool tips are not offered.
+// range, other steps, buddies, tool tips and painting by the parent are not offered.
 #pragma once
 
 #include <windows.h>
@@ -29,8 +29,6 @@ private:
     void onWmKeyDown(WPARAM key);
     void onWmKeyUp(WPARAM key) const;
     void onTbmSetRange(int minimum, int maximum, bool redraw);
-    int onTbmSetPageSize(int size);
-    int onTbmSetLineSize(int size);
 
     int pageSize() const;
     void setPosition(int position, bool redraw);
@@ -67,8 +65,6 @@ private:
     int minimum_ = 0;
     int maximum_ = 100;
     int position_ = 0;
-    int pageSize_ = -1;  // Negative for a fifth of the range.
-    int lineSize_ = 1;
     Tracking tracking_ = Tracking::None;
 };
 
