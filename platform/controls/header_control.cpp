@@ -47,14 +47,10 @@ LRESULT HeaderControl::onHeaderMessage(UINT message, WPARAM wParam, LPARAM lPara
             return count();
         case HDM_INSERTITEMA:
             return onHdmInsertItem(number, *reinterpret_cast<const HDITEMA*>(lParam));
-        case HDM_DELETEITEM:
-            return onHdmDeleteItem(number);
         case HDM_SETITEMA:
             return onHdmSetItem(number, *reinterpret_cast<const HDITEMA*>(lParam));
         case HDM_LAYOUT:
             return onHdmLayout(*reinterpret_cast<const HDLAYOUT*>(lParam));
-        case HDM_HITTEST:
-            return onHdmHitTest(*reinterpret_cast<HDHITTESTINFO*>(lParam));
         case HDM_GETITEMRECT:
             return onHdmGetItemRect(number, *reinterpret_cast<RECT*>(lParam));
         case HDM_GETORDERARRAY:
@@ -111,22 +107,6 @@ int HeaderControl::onHdmInsertItem(int index, const HDITEMA& item) {
     at(index).width = (item.mask & HDI_WIDTH) != 0 ? std::max(item.cxy, 0) : 0;
     InvalidateRect(window_, nullptr, FALSE);
     return index;
-}
-
-bool HeaderControl::onHdmDeleteItem(int index) {
-    if (!has(index)) {
-        return false;
-    }
-    if (GetCapture() == window_) {
-        ReleaseCapture();
-    }
-    columns_.erase(columns_.begin() + index);
-    std::erase(order_, index);
-    for (int& column : order_) {
-        column -= column > index ? 1 : 0;
-    }
-    InvalidateRect(window_, nullptr, FALSE);
-    return true;
 }
 
 bool HeaderControl::onHdmSetItem(int index, const HDITEMA& item) {
@@ -221,18 +201,6 @@ int HeaderControl::hitTest(POINT at, UINT& flags) const {
     }
     flags = HHT_NOWHERE;
     return kNone;
-}
-
-int HeaderControl::onHdmHitTest(HDHITTESTINFO& hit) const {
-    RECT client;
-    GetClientRect(window_, &client);
-    hit.iItem = kNone;
-    if (PtInRect(&client, hit.pt)) {
-        hit.iItem = hitTest(hit.pt, hit.flags);
-    } else {
-        hit.flags = hit.pt.x < 0 ? HHT_TOLEFT : hit.pt.x >= client.right ? HHT_TORIGHT : HHT_NOWHERE;
-    }
-    return hit.iItem;
 }
 
 bool HeaderControl::onHdmGetOrderArray(int count, int* order) const {

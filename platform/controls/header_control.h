@@ -30,10 +30,8 @@ private:
     bool onInput(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT onHeaderMessage(UINT message, WPARAM wParam, LPARAM lParam);
     int onHdmInsertItem(int index, const HDITEMA& item);
-    bool onHdmDeleteItem(int index);
     bool onHdmSetItem(int index, const HDITEMA& item);
     bool onHdmLayout(const HDLAYOUT& layout);
-    int onHdmHitTest(HDHITTESTINFO& hit) const;
     bool onHdmGetItemRect(int index, RECT& rect) const;
     bool onHdmGetOrderArray(int count, int* order) const;
     bool onHdmSetOrderArray(int count, const int* order);

@@ -116,14 +116,6 @@ bool ListView::onColumnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESU
         case LVM_INSERTCOLUMNA:
             result = onLvmInsertColumn(column, *reinterpret_cast<const LVCOLUMNA*>(lParam));
             return true;
-        case LVM_DELETECOLUMN:
-            result = onLvmDeleteColumn(column);
-            return true;
-        case LVM_GETCOLUMNWIDTH: {
-            const Across across = hasColumn(column) ? columns_[wParam] : Across{};
-            result = across.right - across.left;
-            return true;
-        }
         case LVM_GETHEADER:
             result = reinterpret_cast<LRESULT>(header_);
             return true;
@@ -150,12 +142,6 @@ bool ListView::onPlaceMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
             return true;
         case LVM_GETSUBITEMRECT:
             result = onLvmGetSubItemRect(row, *reinterpret_cast<RECT*>(lParam));
-            return true;
-        case LVM_HITTEST:
-            result = onLvmHitTest(*reinterpret_cast<LVHITTESTINFO*>(lParam));
-            return true;
-        case LVM_SUBITEMHITTEST:
-            result = onLvmSubItemHitTest(*reinterpret_cast<LVHITTESTINFO*>(lParam));
             return true;
         case LVM_ENSUREVISIBLE:
             result = onLvmEnsureVisible(row, lParam != FALSE);

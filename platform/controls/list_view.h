@@ -62,7 +62,6 @@ private:
 
     // Columns, in list_view_columns.cpp. Their places and widths are the header's.
     int onLvmInsertColumn(int index, const LVCOLUMNA& column);
-    bool onLvmDeleteColumn(int index);
     int columnCount() const { return static_cast<int>(columns_.size()); }
     bool hasColumn(int column) const { return column >= 0 && column < columnCount(); }
     void onHeaderChanged();
@@ -101,8 +100,6 @@ private:
     int page() const;
     bool onLvmGetItemRect(int row, RECT& rect) const;
     bool onLvmGetSubItemRect(int row, RECT& rect) const;
-    int onLvmHitTest(LVHITTESTINFO& hit) const;
-    int onLvmSubItemHitTest(LVHITTESTINFO& hit) const;
     bool onLvmEnsureVisible(int row, bool partly);
     // What the mouse meets: a box or a label in the first column,
     Cell rowAt(POINT at) const;

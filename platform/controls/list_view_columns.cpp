@@ -24,15 +24,6 @@ int ListView::onLvmInsertColumn(int index, const LVCOLUMNA& column) {
     return inserted;
 }
 
-bool ListView::onLvmDeleteColumn(int index) {
-    if (!SendMessageA(header_, HDM_DELETEITEM, static_cast<WPARAM>(index), 0)) {
-        return false;
-    }
-    items_.removeColumn(index);
-    onHeaderChanged();
-    return true;
-}
-
 // Asked once, not for each row that is painted.
 void ListView::onHeaderChanged() {
     if (!endEdit(true)) {

@@ -72,15 +72,6 @@ void ListViewItems::insertColumn(int column) {
     }
 }
 
-void ListViewItems::removeColumn(int column) {
-    const auto cell = static_cast<std::size_t>(column - 1);
-    for (const auto& row : rows_) {
-        if (column > 0 && cell < row->cells.size()) {
-            row->cells.erase(row->cells.begin() + static_cast<std::ptrdiff_t>(cell));
-        }
-    }
-}
-
 std::vector<int> ListViewItems::sorted(PFNLVCOMPARE compare, LPARAM argument) const {
     std::vector<SortEntry> entries;
     entries.reserve(rows_.size());

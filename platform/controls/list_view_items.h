@@ -32,9 +32,7 @@ public:
     // Empty for a cell that has not been set.
     const std::string& text(int row, int column) const;
     void setText(int row, int column, const std::string& text);
-    // A column comes, or goes with its texts; the first one cannot go.
     void insertColumn(int column);
-    void removeColumn(int column);
 
     // The numbers of the rows in the order in which `compare` puts their parameters; equal rows stay as they are. No
     // answer of `compare`, however inconsistent, loses a row, and it may do to the list what it likes.

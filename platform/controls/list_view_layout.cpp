@@ -149,15 +149,8 @@ ListView::Cell ListView::rowAt(POINT at) const {
     const RECT rows = rowsRect();
     Cell hit;
     hit.column = 0;
-    const UINT beside = (at.x < rows.left     ? LVHT_TOLEFT
-                         : at.x >= rows.right ? LVHT_TORIGHT
-                                              : 0U) |
-                        (at.y < rows.top       ? LVHT_ABOVE
-                         : at.y >= rows.bottom ? LVHT_BELOW
-                                               : 0U);
     const int row = top_ + static_cast<int>(at.y - rows.top) / rowHeight_;
-    if (beside != 0 || !items_.has(row)) {
-        hit.flags = beside != 0 ? beside : LVHT_NOWHERE;
+    if (!PtInRect(&rows, at) || !items_.has(row)) {
         return hit;
     }
     const RECT label = labelRect(row);
@@ -181,22 +174,8 @@ ListView::Cell ListView::cellAt(POINT at) const {
     const int row = top_ + static_cast<int>(at.y - rows.top) / rowHeight_;
     if (hit.column != kNone && PtInRect(&rows, at) && items_.has(row)) {
         hit.row = row;
-        hit.flags = hit.column == 0 ? rowAt(at).flags : LVHT_ONITEMLABEL;
     }
     return hit;
-}
-
-int ListView::onLvmHitTest(LVHITTESTINFO& hit) const {
-    const Cell found = rowAt(hit.pt);
-    hit.flags = found.flags;
-    return hit.iItem = found.row;
-}
-
-int ListView::onLvmSubItemHitTest(LVHITTESTINFO& hit) const {
-    const Cell found = cellAt(hit.pt);
-    hit.flags = found.flags;
-    hit.iSubItem = found.column;
-    return hit.iItem = found.row;
 }
 
 bool ListView::onLvmEnsureVisible(int row, bool partly) {
