@@ -30,7 +30,6 @@ constexpr ForwardedMessage kListMessages[] = {
     {CB_GETLBTEXT, LB_GETTEXT},         {CB_GETLBTEXTLEN, LB_GETTEXTLEN},
     {CB_FINDSTRING, LB_FINDSTRING},     {CB_FINDSTRINGEXACT, LB_FINDSTRINGEXACT},
     {CB_GETITEMDATA, LB_GETITEMDATA},   {CB_SETITEMDATA, LB_SETITEMDATA},
-    {CB_GETTOPINDEX, LB_GETTOPINDEX},   {CB_SETTOPINDEX, LB_SETTOPINDEX},
 };
 
 struct StylePair {
@@ -49,7 +48,6 @@ constexpr StylePair kListStyles[] = {
 constexpr StylePair kEditStyles[] = {
     {CBS_AUTOHSCROLL, ES_AUTOHSCROLL},
     {CBS_UPPERCASE, ES_UPPERCASE},
-    {CBS_LOWERCASE, ES_LOWERCASE},
     {WS_DISABLED, WS_DISABLED},
 };
 
@@ -154,14 +152,11 @@ bool ComboBox::onForwarded(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
 
 // What is added gets the case that the field has; what is inserted or searched for does not, as observed.
 LRESULT ComboBox::onCbAddString(LPARAM entry) const {
-    const LetterCase letterCase = has(CBS_UPPERCASE)   ? LetterCase::Upper
-                                  : has(CBS_LOWERCASE) ? LetterCase::Lower
-                                                       : LetterCase::AsTyped;
     const bool isText = !has(CBS_OWNERDRAWFIXED) || has(CBS_HASSTRINGS);
-    if (!isText || entry == 0 || letterCase == LetterCase::AsTyped) {
+    if (!isText || entry == 0 || !has(CBS_UPPERCASE)) {
         return askList(LB_ADDSTRING, 0, entry);
     }
-    const std::string text = withCase(reinterpret_cast<LPCSTR>(entry), letterCase);
+    const std::string text = upperCase(reinterpret_cast<LPCSTR>(entry));
     return askList(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
@@ -187,24 +182,11 @@ bool ComboBox::onComboMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
         case CB_GETDROPPEDSTATE:
             result = open_;
             return true;
-        case CB_GETDROPPEDCONTROLRECT:
-            result = onCbGetDroppedControlRect(reinterpret_cast<RECT*>(lParam));
-            return true;
-        case CB_GETDROPPEDWIDTH:
-            result = droppedWidth();
-            return true;
-        case CB_SETDROPPEDWIDTH:
-            droppedWidth_ = std::clamp(index, 0, static_cast<int>(0x7FFF));
-            result = droppedWidth();
-            return true;
         case CB_SETITEMHEIGHT:
             result = onCbSetItemHeight(index, static_cast<int>(lParam));
             return true;
         case CB_GETITEMHEIGHT:
             result = index == -1 ? fieldHeight_ : askList(LB_GETITEMHEIGHT);
-            return true;
-        case CB_GETEDITSEL:
-            result = edit_ ? SendMessageA(edit_, EM_GETSEL, wParam, lParam) : CB_ERR;
             return true;
         case CB_SETEDITSEL:
             result =
@@ -330,13 +312,13 @@ void ComboBox::layout() {
 
 // The closed list has the height that it was given, which tells keys how far a page is.
 void ComboBox::sizeList() {
-    SetWindowPos(list_, nullptr, 0, 0, droppedWidth(), listHeight_, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(list_, nullptr, 0, 0, width(), listHeight_, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-int ComboBox::droppedWidth() const {
+int ComboBox::width() const {
     RECT window;
     GetWindowRect(window_, &window);
-    return std::max(static_cast<int>(window.right - window.left), droppedWidth_);
+    return window.right - window.left;
 }
 
 void ComboBox::onWmSetFont(HFONT font, bool redraw) {
@@ -422,16 +404,6 @@ LRESULT ComboBox::onCbGetComboBoxInfo(COMBOBOXINFO* info) const {
     info->hwndCombo = window_;
     info->hwndItem = edit_;
     info->hwndList = list_;
-    return TRUE;
-}
-
-LRESULT ComboBox::onCbGetDroppedControlRect(RECT* rect) const {
-    if (!rect) {
-        return FALSE;
-    }
-    GetWindowRect(window_, rect);
-    rect->right = rect->left + droppedWidth();
-    rect->bottom = rect->top + listHeight_;
     return TRUE;
 }
 

@@ -59,7 +59,6 @@ private:
     LRESULT onCbShowDropDown(bool show);
     LRESULT onCbSetItemHeight(int index, int height);
     LRESULT onCbGetComboBoxInfo(COMBOBOXINFO* info) const;
-    LRESULT onCbGetDroppedControlRect(RECT* rect) const;
 
     bool has(DWORD style) const;
     LRESULT askList(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
@@ -76,7 +75,7 @@ private:
     void resizeToField();
     void layout();
     void sizeList();
-    int droppedWidth() const;
+    int width() const;
     void placeList();
 
     void open();
@@ -102,9 +101,8 @@ private:
     HFONT font_ = nullptr;
     RECT item_{};  // Of the shown text, or of the edit.
     RECT button_{};
-    int fieldHeight_ = 0;   // Of the shown text with its padding.
-    int listHeight_ = 0;    // Of the open list with its border.
-    int droppedWidth_ = 0;  // The least width of the open list.
+    int fieldHeight_ = 0;  // Of the shown text with its padding.
+    int listHeight_ = 0;   // Of the open list with its border.
     bool open_ = false;
     bool focused_ = false;
     bool wasEverFocused_ = false;

@@ -366,7 +366,7 @@ void ComboBox::placeList() {
             std::min(height, count * static_cast<int>(askList(LB_GETITEMHEIGHT)) + 2 * GetSystemMetrics(SM_CYBORDER));
     }
     const bool above = combo.bottom + height > workArea.bottom && combo.top - height >= workArea.top;
-    SetWindowPos(list_, HWND_TOPMOST, combo.left, above ? combo.top - height : combo.bottom, droppedWidth(), height,
+    SetWindowPos(list_, HWND_TOPMOST, combo.left, above ? combo.top - height : combo.bottom, width(), height,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 

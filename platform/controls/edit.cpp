@@ -159,9 +159,6 @@ bool Edit::onSelectionMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
         case EM_POSFROMCHAR:
             result = onEmPosFromChar(static_cast<int>(wParam));
             return true;
-        case EM_CHARFROMPOS:
-            result = MAKELRESULT(view_.positionAt(pointOf(lParam).x), 0);
-            return true;
         case WM_CUT:
             onWmCut();
             result = 0;
@@ -194,14 +191,8 @@ bool Edit::onEditMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
             modified_ = wParam != 0;
             result = 0;
             return true;
-        case EM_GETLINECOUNT:
-            result = 1;
-            return true;
         case EM_LINELENGTH:
             result = content_.length();
-            return true;
-        case EM_GETLINE:
-            result = onEmGetLine(reinterpret_cast<LPSTR>(lParam));
             return true;
         case EM_SETLIMITTEXT:
             limit_ = wParam == 0 || wParam > kUnlimited ? kUnlimited : static_cast<int>(wParam);
@@ -217,22 +208,12 @@ bool Edit::onEditMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
         case WM_UNDO:
             result = onEmUndo();
             return true;
-        case EM_EMPTYUNDOBUFFER:
-            content_.forgetUndo();
-            result = 0;
-            return true;
-        case EM_GETFIRSTVISIBLELINE:
-            result = view_.firstVisible();  // Of a single line, the first visible character.
-            return true;
         case EM_SETREADONLY:
             onEmSetReadOnly(wParam != 0);
             return true;
         case EM_SETMARGINS:
             view_.setMargins(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
             InvalidateRect(window_, nullptr, FALSE);
-            return true;
-        case EM_GETMARGINS:
-            result = MAKELRESULT(view_.leftMargin(), view_.rightMargin());
             return true;
         default:
             return false;
@@ -388,10 +369,7 @@ bool Edit::replaceSelection(std::string_view text, Change change) {
     if (text.empty() && !content_.hasSelection()) {
         return true;
     }
-    const LetterCase letterCase = has(ES_UPPERCASE)   ? LetterCase::Upper
-                                  : has(ES_LOWERCASE) ? LetterCase::Lower
-                                                      : LetterCase::AsTyped;
-    std::string insertion = withCase(text, letterCase);
+    std::string insertion = has(ES_UPPERCASE) ? upperCase(text) : std::string(text);
     if (!fitInsertion(insertion, change)) {
         return false;
     }
@@ -440,18 +418,6 @@ LRESULT Edit::onEmPosFromChar(int position) {
         return -1;
     }
     return MAKELRESULT(view_.xOf(position), view_.textRect().top);
-}
-
-// The buffer's first word holds its size; no terminating zero is written.
-LRESULT Edit::onEmGetLine(LPSTR buffer) const {
-    if (!buffer) {
-        return 0;
-    }
-    WORD size = 0;
-    std::memcpy(&size, buffer, sizeof size);
-    const std::size_t count = std::min<std::size_t>(size, content_.text().size());
-    std::memcpy(buffer, content_.text().data(), count);
-    return static_cast<LRESULT>(count);
 }
 
 void Edit::onEmSetReadOnly(bool readOnly) {

@@ -56,7 +56,6 @@ private:
     void onEmSetSel(int start, int end);
     LRESULT onEmUndo();
     LRESULT onEmPosFromChar(int position);
-    LRESULT onEmGetLine(LPSTR buffer) const;
     LRESULT onEmGetSel(DWORD* start, DWORD* end) const;
     void onEmSetReadOnly(bool readOnly);
 

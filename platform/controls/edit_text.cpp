@@ -19,14 +19,11 @@ bool isRegularUpper(unsigned char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
 }
 
-unsigned char toCase(unsigned char c, LetterCase letterCase) {
+unsigned char toUpper(unsigned char c) {
     for (const CasePair& pair : kOddPairs) {
-        if (c == pair.upper || c == pair.lower) {
-            return letterCase == LetterCase::Upper ? pair.upper : pair.lower;
+        if (c == pair.lower) {
+            return pair.upper;
         }
-    }
-    if (letterCase == LetterCase::Lower) {
-        return isRegularUpper(c) ? static_cast<unsigned char>(c + kCaseDistance) : c;
     }
     const auto shifted = static_cast<unsigned char>(c - kCaseDistance);
     return isRegularUpper(shifted) ? shifted : c;
@@ -34,12 +31,10 @@ unsigned char toCase(unsigned char c, LetterCase letterCase) {
 
 }  // namespace
 
-std::string withCase(std::string_view text, LetterCase letterCase) {
+std::string upperCase(std::string_view text) {
     std::string result(text);
-    if (letterCase != LetterCase::AsTyped) {
-        for (char& c : result) {
-            c = static_cast<char>(toCase(static_cast<unsigned char>(c), letterCase));
-        }
+    for (char& c : result) {
+        c = static_cast<char>(toUpper(static_cast<unsigned char>(c)));
     }
     return result;
 }

@@ -8,10 +8,8 @@
 
 namespace platform {
 
-enum class LetterCase { AsTyped, Upper, Lower };
-
-// Letters of code page 1252 in the wanted case; other characters stay.
-std::string withCase(std::string_view text, LetterCase letterCase);
+// Letters of code page 1252 as capitals; other characters stay.
+std::string upperCase(std::string_view text);
 
 class EditText {
 public:

@@ -20,8 +20,6 @@ public:
     // `which` names the margins by EC_LEFTMARGIN and EC_RIGHTMARGIN; EC_USEFONTINFO as a width is the font's own
     // margin.
     void setMargins(UINT which, int left, int right);
-    int leftMargin() const { return leftMargin_; }
-    int rightMargin() const { return rightMargin_; }
     // The frame that the edit draws itself because it has a border but no client edge.
     void setFramed(bool framed) { framed_ = framed; }
 
@@ -31,7 +29,6 @@ public:
 
     const RECT& textRect() const { return textRect_; }
     int lineHeight() const { return lineHeight_; }
-    int firstVisible() const { return firstVisible_; }
     // The left edge of a character; the caret's place.
     int xOf(int position);
     // The position whose character edge is nearest.

@@ -161,9 +161,6 @@ bool ListBox::onListMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
         case LB_GETTOPINDEX:
             result = top_;
             return true;
-        case LB_GETCARETINDEX:
-            result = caret_;
-            return true;
         case LB_GETITEMHEIGHT:
             result = itemHeight_;
             return true;
@@ -188,11 +185,6 @@ bool ListBox::onItemMessage(UINT message, int index, LPARAM lParam, LRESULT& res
             return true;
         case LB_SETCURSEL:
             result = onLbSetCurSel(index);
-            return true;
-        case LB_GETSEL:
-            if (exists) {
-                result = index == current_;
-            }
             return true;
         case LB_GETTEXT:
             result = onLbGetText(index, lParam);
