@@ -33,21 +33,12 @@ int CTabCtrl::GetCurSel() const {
 int CTabCtrl::SetCurSel(int index) {
     return static_cast<int>(SendMessage(TCM_SETCURSEL, IndexParameter(index)));
 }
-BOOL CTabCtrl::GetItem(int index, TCITEMA* item) const {
-    return SendMessage(TCM_GETITEMA, IndexParameter(index), reinterpret_cast<LPARAM>(item)) != 0;
-}
-
 int CSliderCtrl::GetPos() const {
     return static_cast<int>(SendMessage(TBM_GETPOS));
 }
 void CSliderCtrl::SetPos(int position) {
     SendMessage(TBM_SETPOS, TRUE, position);
 }
-void CSliderCtrl::SetRange(int minimum, int maximum, BOOL redraw) {
-    SendMessage(TBM_SETRANGEMIN, FALSE, minimum);
-    SendMessage(TBM_SETRANGEMAX, static_cast<WPARAM>(redraw), maximum);
-}
-
 int CListCtrl::InsertColumn(int column, LPCSTR heading, int format, int width, int subItem) {
     LVCOLUMNA inserted = {};
     inserted.mask = LVCF_TEXT | LVCF_FMT;

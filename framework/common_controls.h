@@ -12,10 +12,9 @@ class CTabCtrl : public CWnd {
 public:
     int GetCurSel() const;
     int SetCurSel(int index);
-    BOOL GetItem(int index, TCITEMA* item) const;
 };
 
-// Of 0 to 100 until it is given another range.
+// Of 0 to 100.
 class CSliderCtrl : public CWnd {
     DECLARE_DYNAMIC(CSliderCtrl)
 
@@ -23,7 +22,6 @@ public:
     int GetPos() const;
     // The nearest position in the range; the bar is drawn anew and tells nobody.
     void SetPos(int position);
-    void SetRange(int minimum, int maximum, BOOL redraw = FALSE);
 };
 
 // Rows (items) and columns (sub-items) count from 0; column 0 holds the labels. What names a row or column that does

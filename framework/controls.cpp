@@ -38,19 +38,6 @@ int CButton::GetCheck() const {
 void CButton::SetCheck(int check) {
     SendMessage(BM_SETCHECK, static_cast<WPARAM>(check));
 }
-UINT CButton::GetState() const {
-    return static_cast<UINT>(SendMessage(BM_GETSTATE));
-}
-void CButton::SetState(BOOL pressed) {
-    SendMessage(BM_SETSTATE, static_cast<WPARAM>(pressed));
-}
-UINT CButton::GetButtonStyle() const {
-    return GetStyle() & 0xFFFFu;
-}
-void CButton::SetButtonStyle(UINT style, BOOL redraw) {
-    SendMessage(BM_SETSTYLE, style, redraw);
-}
-
 void CEdit::SetSel(int start, int end, BOOL noScroll) {
     SendMessage(EM_SETSEL, IndexParameter(start), end);
     if (!noScroll) {
@@ -58,41 +45,14 @@ void CEdit::SetSel(int start, int end, BOOL noScroll) {
     }
 }
 
-void CEdit::GetSel(int& start, int& end) const {
-    DWORD first = 0;
-    DWORD last = 0;
-    SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
-    start = static_cast<int>(first);
-    end = static_cast<int>(last);
-}
-
-void CEdit::ReplaceSel(LPCSTR text, BOOL canUndo) {
-    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(canUndo), TextParameter(text));
-}
-void CEdit::LimitText(int maxLength) {
-    SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(maxLength));
-}
 void CEdit::SetLimitText(UINT maxLength) {
     SendMessage(EM_LIMITTEXT, maxLength);
-}
-UINT CEdit::GetLimitText() const {
-    return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT));
 }
 int CEdit::LineLength(int line) const {
     return static_cast<int>(SendMessage(EM_LINELENGTH, IndexParameter(line)));
 }
 BOOL CEdit::SetReadOnly(BOOL readOnly) {
     return SendMessage(EM_SETREADONLY, static_cast<WPARAM>(readOnly)) != 0;
-}
-BOOL CEdit::GetModify() const {
-    return SendMessage(EM_GETMODIFY) != 0;
-}
-void CEdit::SetModify(BOOL modified) {
-    SendMessage(EM_SETMODIFY, static_cast<WPARAM>(modified));
-}
-
-int CListBox::GetCount() const {
-    return static_cast<int>(SendMessage(LB_GETCOUNT));
 }
 int CListBox::GetCurSel() const {
     return static_cast<int>(SendMessage(LB_GETCURSEL));
@@ -103,21 +63,8 @@ int CListBox::SetCurSel(int index) {
 int CListBox::AddString(LPCSTR text) {
     return static_cast<int>(SendMessage(LB_ADDSTRING, 0, TextParameter(text)));
 }
-int CListBox::InsertString(int index, LPCSTR text) {
-    return static_cast<int>(SendMessage(LB_INSERTSTRING, IndexParameter(index), TextParameter(text)));
-}
 void CListBox::ResetContent() {
     SendMessage(LB_RESETCONTENT);
-}
-int CListBox::GetText(int index, LPSTR buffer) const {
-    return static_cast<int>(SendMessage(LB_GETTEXT, IndexParameter(index), TextParameter(buffer)));
-}
-void CListBox::GetText(int index, CString& text) const {
-    text = ItemText(*this, index, LB_GETTEXTLEN, LB_GETTEXT);
-}
-
-int CComboBox::GetCount() const {
-    return static_cast<int>(SendMessage(CB_GETCOUNT));
 }
 int CComboBox::GetCurSel() const {
     return static_cast<int>(SendMessage(CB_GETCURSEL));
@@ -128,23 +75,11 @@ int CComboBox::SetCurSel(int index) {
 int CComboBox::AddString(LPCSTR text) {
     return static_cast<int>(SendMessage(CB_ADDSTRING, 0, TextParameter(text)));
 }
-int CComboBox::InsertString(int index, LPCSTR text) {
-    return static_cast<int>(SendMessage(CB_INSERTSTRING, IndexParameter(index), TextParameter(text)));
-}
-int CComboBox::DeleteString(UINT index) {
-    return static_cast<int>(SendMessage(CB_DELETESTRING, index));
-}
 void CComboBox::ResetContent() {
     SendMessage(CB_RESETCONTENT);
 }
 int CComboBox::FindString(int startAfter, LPCSTR text) const {
     return static_cast<int>(SendMessage(CB_FINDSTRING, IndexParameter(startAfter), TextParameter(text)));
-}
-int CComboBox::FindStringExact(int startAfter, LPCSTR text) const {
-    return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, IndexParameter(startAfter), TextParameter(text)));
-}
-int CComboBox::SelectString(int startAfter, LPCSTR text) {
-    return static_cast<int>(SendMessage(CB_SELECTSTRING, IndexParameter(startAfter), TextParameter(text)));
 }
 int CComboBox::GetLBText(int index, LPSTR buffer) const {
     return static_cast<int>(SendMessage(CB_GETLBTEXT, IndexParameter(index), TextParameter(buffer)));
@@ -161,21 +96,9 @@ DWORD_PTR CComboBox::GetItemData(int index) const {
 int CComboBox::SetItemData(int index, DWORD_PTR data) {
     return static_cast<int>(SendMessage(CB_SETITEMDATA, IndexParameter(index), static_cast<LPARAM>(data)));
 }
-int CComboBox::SetItemHeight(int index, UINT height) {
-    return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, IndexParameter(index), static_cast<LPARAM>(height)));
-}
-int CComboBox::GetItemHeight(int index) const {
-    return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, IndexParameter(index)));
-}
 BOOL CComboBox::LimitText(int maxLength) {
     return SendMessage(CB_LIMITTEXT, static_cast<WPARAM>(maxLength)) != 0;
 }
 BOOL CComboBox::SetEditSel(int start, int end) {
     return SendMessage(CB_SETEDITSEL, 0, MAKELONG(start, end)) != 0;
-}
-void CComboBox::ShowDropDown(BOOL show) {
-    SendMessage(CB_SHOWDROPDOWN, static_cast<WPARAM>(show));
-}
-BOOL CComboBox::GetDroppedState() const {
-    return SendMessage(CB_GETDROPPEDSTATE) != 0;
 }

@@ -39,12 +39,6 @@ char CString::GetAt(int index) const {
     return m_text.c_str()[std::clamp(index, 0, GetLength())];
 }
 
-void CString::SetAt(int index, char character) {
-    if (index >= 0 && index < GetLength()) {
-        m_text[static_cast<size_t>(index)] = character;
-    }
-}
-
 CString& CString::operator+=(const CString& text) {
     m_text += text.m_text;
     return *this;
@@ -86,10 +80,6 @@ int CString::Find(LPCSTR text, int start) const {
     return ToIndex(m_text.find(text, static_cast<size_t>(std::max(start, 0))));
 }
 
-int CString::ReverseFind(char character) const {
-    return ToIndex(m_text.rfind(character));
-}
-
 int CString::FindOneOf(LPCSTR characters) const {
     return ToIndex(m_text.find_first_of(characters));
 }
@@ -102,16 +92,6 @@ int CString::Insert(int index, char character) {
 int CString::Insert(int index, LPCSTR text) {
     m_text.insert(static_cast<size_t>(std::clamp(index, 0, GetLength())), text != nullptr ? text : "");
     return GetLength();
-}
-
-int CString::Delete(int index, int count) {
-    const int start = std::clamp(index, 0, GetLength());
-    m_text.erase(static_cast<size_t>(start), static_cast<size_t>(std::clamp(count, 0, GetLength() - start)));
-    return GetLength();
-}
-
-int CString::Remove(char character) {
-    return static_cast<int>(std::erase(m_text, character));
 }
 
 int CString::Replace(char from, char to) {

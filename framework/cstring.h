@@ -25,7 +25,6 @@ public:
     // The character at an index from 0 to the length; at the length it is the terminating 0.
     char GetAt(int index) const;
     char operator[](int index) const { return GetAt(index); }
-    void SetAt(int index, char character);
 
     CString& operator+=(const CString& text);
     CString& operator+=(LPCSTR text);
@@ -40,16 +39,11 @@ public:
     // The index of the first occurrence at or after start, -1 when there is none.
     int Find(char character, int start = 0) const;
     int Find(LPCSTR text, int start = 0) const;
-    int ReverseFind(char character) const;
     int FindOneOf(LPCSTR characters) const;
 
     // Inserts before an index, which is clipped to the text; returns the new length.
     int Insert(int index, char character);
     int Insert(int index, LPCSTR text);
-    // Removes count characters from an index on; returns the new length.
-    int Delete(int index, int count = 1);
-    // Removes every occurrence of a character; returns how many there were.
-    int Remove(char character);
     // Replaces every occurrence of one character; returns how many there were.
     int Replace(char from, char to);
 
