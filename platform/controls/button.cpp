@@ -10,7 +10,6 @@ namespace {
 
 // The button went down on this window and has not come up yet; BM_GETSTATE shows it too.
 constexpr UINT kPressed = 0x40;
-constexpr UINT kCheckBits = BST_CHECKED | BST_INDETERMINATE;
 
 struct KindTraits {
     WPARAM highestCheck;
@@ -24,8 +23,8 @@ constexpr KindTraits kTraits[] = {
     {1, DLGC_BUTTON},                         // BS_CHECKBOX
     {1, DLGC_BUTTON},                         // BS_AUTOCHECKBOX
     {1, DLGC_BUTTON | DLGC_RADIOBUTTON},      // BS_RADIOBUTTON
-    {2, DLGC_BUTTON},                         // BS_3STATE
-    {2, DLGC_BUTTON},                         // BS_AUTO3STATE
+    {0, DLGC_BUTTON},                         // 5 and 6, of three states, are not offered
+    {0, DLGC_BUTTON},
     {0, DLGC_STATIC},                         // BS_GROUPBOX
     {0, DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON},  // 8, an obsolete owner-drawn push button
     {1, DLGC_BUTTON | DLGC_RADIOBUTTON},      // BS_AUTORADIOBUTTON
@@ -125,7 +124,7 @@ LRESULT Button::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT Button::handleButtonMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case BM_GETCHECK:
-            return state_ & kCheckBits;
+            return state_ & BST_CHECKED;
         case BM_SETCHECK:
             onBmSetCheck(wParam);
             return 0;
@@ -250,10 +249,6 @@ void Button::toggle() const {
         case BS_AUTORADIOBUTTON:
             checkInGroup();
             break;
-        case BS_AUTO3STATE:
-            SendMessageA(window_, BM_SETCHECK, state_ & BST_INDETERMINATE ? BST_UNCHECKED : (state_ & kCheckBits) + 1,
-                         0);
-            break;
         default:
             break;
     }
@@ -300,8 +295,8 @@ void Button::onBmSetCheck(WPARAM check) {
         const DWORD style = styleOf(window) & ~static_cast<DWORD>(WS_TABSTOP);
         setStyleQuietly(window, check ? style | WS_TABSTOP : style);
     }
-    if ((state_ & kCheckBits) != check) {
-        state_ = (state_ & ~kCheckBits) | static_cast<UINT>(check);
+    if ((state_ & BST_CHECKED) != check) {
+        state_ = (state_ & ~static_cast<UINT>(BST_CHECKED)) | static_cast<UINT>(check);
         showChange(ODA_SELECT);
     }
 }

@@ -126,10 +126,8 @@ void Button::paintMark(HDC dc, const RECT& client) const {
     UINT look = DFCS_BUTTONCHECK;
     if (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON) {
         look = DFCS_BUTTONRADIO;
-    } else if (state_ & BST_INDETERMINATE) {
-        look = DFCS_BUTTON3STATE;
     }
-    if (state_ & (BST_CHECKED | BST_INDETERMINATE)) {
+    if (state_ & BST_CHECKED) {
         look |= DFCS_CHECKED;
     }
     if (state_ & BST_PUSHED) {

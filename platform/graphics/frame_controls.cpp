@@ -77,19 +77,6 @@ void drawPicture(DeviceContext& dc, POINT at, Picture picture, Inks inks) {
     }
 }
 
-// The mixed grey of a button that stays down and of the third state: every second pixel light.
-void fillDithered(DeviceContext& dc, const RECT& area) {
-    fillArea(dc, area, systemPixel(COLOR_BTNFACE));
-    const RECT reach = overlapOf(area, dc.clip().bounds());
-    for (int y = reach.top; y < reach.bottom; ++y) {
-        for (int x = reach.left; x < reach.right; ++x) {
-            if ((x + y) % 2 != 0) {
-                putPixel(dc, x, y, systemPixel(COLOR_3DHIGHLIGHT));
-            }
-        }
-    }
-}
-
 int edgeWidth() {
     return 2 * lineWidth();
 }
@@ -118,14 +105,9 @@ int markColour(UINT state) {
     return (state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_WINDOWTEXT;
 }
 
-void drawPushButton(HDC handle, DeviceContext& dc, RECT rect, UINT state) {
-    const bool down = (state & (DFCS_PUSHED | DFCS_CHECKED)) != 0;
+void drawPushButton(HDC handle, RECT rect, UINT state) {
+    const bool down = (state & DFCS_PUSHED) != 0;
     const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0u;
-    if ((state & DFCS_CHECKED) != 0) {
-        fillDithered(dc, inset(onSurface(dc, rect), edgeWidth()));
-        DrawEdge(handle, &rect, EDGE_SUNKEN, BF_RECT | BF_SOFT | flat);
-        return;
-    }
     DrawEdge(handle, &rect, down ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT | BF_MIDDLE | BF_SOFT | flat);
 }
 
@@ -145,16 +127,11 @@ void drawTick(DeviceContext& dc, const RECT& inside, Pixel pixel) {
 
 void drawCheckBox(HDC handle, DeviceContext& dc, const RECT& rect, UINT state) {
     RECT square = middleSquare(rect);
-    const bool third = (state & DFCS_BUTTON3STATE) != 0 && (state & DFCS_CHECKED) != 0;
     const RECT inside = inset(onSurface(dc, square), edgeWidth());
-    if (third) {
-        fillDithered(dc, inside);
-    } else {
-        fillArea(dc, inside, systemPixel(insideColour(state)));
-    }
+    fillArea(dc, inside, systemPixel(insideColour(state)));
     DrawEdge(handle, &square, EDGE_SUNKEN, BF_RECT | ((state & DFCS_FLAT) != 0 ? BF_FLAT : 0u));
     if ((state & DFCS_CHECKED) != 0) {
-        drawTick(dc, inside, systemPixel(third ? COLOR_BTNSHADOW : markColour(state)));
+        drawTick(dc, inside, systemPixel(markColour(state)));
     }
 }
 
@@ -248,7 +225,7 @@ BOOL DrawFrameControl(HDC handle, LPRECT rect, UINT kind, UINT state) {
     if (kind == DFC_SCROLL) {
         drawScrollButton(handle, *dc, area, state);
     } else if (isPushButton) {
-        drawPushButton(handle, *dc, area, state);
+        drawPushButton(handle, area, state);
     } else if ((state & DFCS_BUTTONRADIO) != 0) {
         drawRadioButton(*dc, area, state);
     } else {

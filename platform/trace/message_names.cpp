@@ -89,7 +89,6 @@ constexpr MessageTraits kMessages[] = {
 
 constexpr NamedCode kButtonCodes[] = {NAMED(BN_CLICKED), NAMED(BN_DOUBLECLICKED), NAMED(BN_SETFOCUS),
                                       NAMED(BN_KILLFOCUS)};
-constexpr NamedCode kStaticCodes[] = {NAMED(STN_CLICKED), NAMED(STN_DBLCLK)};
 constexpr NamedCode kEditCodes[] = {NAMED(EN_SETFOCUS), NAMED(EN_KILLFOCUS), NAMED(EN_CHANGE), NAMED(EN_UPDATE),
                                     NAMED(EN_MAXTEXT)};
 constexpr NamedCode kListBoxCodes[] = {NAMED(LBN_SELCHANGE), NAMED(LBN_DBLCLK), NAMED(LBN_SETFOCUS),
@@ -139,8 +138,10 @@ struct ClassCodes {
 };
 
 constexpr ClassCodes kCommandCodes[] = {
-    {"Button", kButtonCodes},   {"Static", kStaticCodes},     {"Edit", kEditCodes},
-    {"ListBox", kListBoxCodes}, {"ComboBox", kComboBoxCodes},
+    {"Button", kButtonCodes},
+    {"Edit", kEditCodes},
+    {"ListBox", kListBoxCodes},
+    {"ComboBox", kComboBoxCodes},
 };
 
 const char* findName(std::span<const NamedCode> names, UINT code) {

@@ -48,9 +48,7 @@ Kind kindOf(HWND window, DWORD style) {
             case SS_LEFTNOWORDWRAP:
                 return Kind::Label;
             case SS_BLACKFRAME:
-            case SS_GRAYFRAME:
             case SS_WHITEFRAME:
-            case SS_ETCHEDFRAME:
                 return Kind::Frame;
             default:
                 return Kind::Decoration;
