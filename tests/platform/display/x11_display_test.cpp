@@ -386,7 +386,7 @@ std::string savedByManager(::Display* display, const std::atomic<bool>& ended) {
     while (!ended && given.type == 0) {
         XCheckTypedEvent(display, SelectionNotify, &given);
     }
-    const std::string saved = propertyOf(display, window, XA_CUT_BUFFER0, 8);
+    std::string saved = propertyOf(display, window, XA_CUT_BUFFER0, 8);
     XEvent done{};
     done.xselection.type = SelectionNotify;
     done.xselection.requestor = asked.xselectionrequest.requestor;
