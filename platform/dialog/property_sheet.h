@@ -1,4 +1,4 @@
-// A running property sheet: the modeless dialog with the tabs, OK and Cancel, and the pages inside it.
+// A running property sheet: the modeless dialog with the tabs and the buttons, and the pages inside it.
 #pragma once
 
 #include "platform/dialog/property_sheet_page.h"
@@ -11,6 +11,7 @@
 namespace platform {
 
 constexpr int kSheetTabId = 0x3020;
+constexpr int kSheetApplyId = 0x3021;
 
 class PropertySheet {
 public:

@@ -30,10 +30,13 @@ struct SheetButton {
     const char* caption;
 };
 
-// From left to right, as they stand at the lower edge.
+// From left to right, as they stand at the lower edge. The system's sheets have an Apply and a Help button as well,
+// which stay hidden here.
 constexpr SheetButton kButtons[] = {
-    {IDOK, BS_DEFPUSHBUTTON | WS_GROUP, "OK"},
-    {IDCANCEL, BS_PUSHBUTTON, "Avbryt"},
+    {IDOK, BS_DEFPUSHBUTTON | WS_GROUP | WS_VISIBLE, "OK"},
+    {IDCANCEL, BS_PUSHBUTTON | WS_VISIBLE, "Avbryt"},
+    {kSheetApplyId, BS_PUSHBUTTON | WS_DISABLED, "&Verkst\xE4ll"},
+    {IDHELP, BS_PUSHBUTTON | WS_GROUP, "&Hj\xE4lp"},
 };
 
 DialogItem sheetItem(int id, const char* windowClass, const char* text, DWORD style) {
@@ -41,7 +44,7 @@ DialogItem sheetItem(int id, const char* windowClass, const char* text, DWORD st
     item.id = static_cast<DWORD>(id);
     item.className.text = windowClass;
     item.text.text = text;
-    item.style = style | WS_VISIBLE | WS_TABSTOP;
+    item.style = style | WS_TABSTOP;
     item.x = kMargin;
     item.y = kMargin;
     return item;
@@ -85,7 +88,7 @@ DialogTemplate PropertySheet::sheetTemplate() const {
         item.height = kButtonHeight;
         sheet.items.push_back(item);
     }
-    DialogItem tabs = sheetItem(kSheetTabId, WC_TABCONTROLA, "", WS_GROUP | TCS_MULTILINE);
+    DialogItem tabs = sheetItem(kSheetTabId, WC_TABCONTROLA, "", WS_GROUP | WS_VISIBLE | TCS_MULTILINE);
     tabs.width = kLeastTabsWidth;
     tabs.height = kLeastTabsHeight;
     sheet.items.push_back(tabs);
@@ -143,11 +146,14 @@ void PropertySheet::centre() {
     SetWindowPos(window_, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Puts the buttons side by side, the last one up to the right edge of the tab control.
+// Puts the visible buttons side by side, the last one up to the right edge of the tab control.
 void PropertySheet::placeButtons(int right, int top) {
     const int width = horizontalPixels(kButtonWidth);
     int x = right;
     for (auto button = std::rbegin(kButtons); button != std::rend(kButtons); ++button) {
+        if ((button->style & WS_VISIBLE) == 0) {
+            continue;
+        }
         x -= width;
         SetWindowPos(item(button->id), nullptr, x, top, width, verticalPixels(kButtonHeight),
                      SWP_NOZORDER | SWP_NOACTIVATE);
