@@ -149,13 +149,6 @@ TEST_F(Checks, NumberFieldAcceptsDigitsAndPointsFromATenthOn) {
     }
 }
 
-TEST_F(Checks, ApplicationNameIsLentWhileTheSheetLives) {
-    const std::string lent = AfxGetApp()->m_pszAppName;
-    EXPECT_EQ(lent, kWrongValue);
-    AfxMessageBox("text");
-    EXPECT_EQ(m_boxes.Take(), (Boxes{{kWrongValue, "text", nullptr}}));
-}
-
 TEST(Sheet, GivesTheApplicationNameBack) {
     for (const char* name : {"", "tavrik", "A name that is longer than the sheet's"}) {
         CWinApp* application = AfxGetApp();

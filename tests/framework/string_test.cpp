@@ -1,7 +1,6 @@
 // CString and the numbers as text, without a window.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "framework/framework.h"
@@ -18,25 +17,6 @@ TEST(String, TrimsOnlyWhiteSpaceOfTheCLocale) {
     EXPECT_EQ(Std(CString("\xA0 a b\xA0").Trim()), "\xA0 a b\xA0");
     EXPECT_EQ(Std(CString("   ").Trim()), "");
     EXPECT_EQ(Std(CString(" a ").TrimLeft()), "a ");
-}
-
-TEST(String, TakesPartsOfItself) {
-    CString text("ab");
-    text.Format("%s-%d,%3.1f", text.GetString(), 7, 2.5);
-    EXPECT_EQ(Std(text), "ab-7,2.5");
-    text = text.GetString() + 3;
-    AfxFormatString2(text, "mellan %1 och %2: 100%", text, "b");
-    EXPECT_EQ(Std(text), "mellan 7,2.5 och b: 100%");
-    std::memcpy(text.GetBuffer(30), "M", 1);
-    text.ReleaseBuffer(6);
-    EXPECT_EQ(Std(text), "Mellan");
-}
-
-TEST(String, ComparesBytesAndFoldsAsciiOnly) {
-    EXPECT_EQ(CString("iec617").CompareNoCase("IEC617"), 0);
-    EXPECT_NE(CString("\xE5").CompareNoCase("\xC5"), 0);
-    EXPECT_TRUE(CString("a") < CString("b"));
-    EXPECT_TRUE(CString(static_cast<LPCSTR>(nullptr)).IsEmpty());
 }
 
 TEST(NumberText, ReadsAWholeNumberOrNothing) {

@@ -6,7 +6,6 @@
 
 namespace {
 
-using host::Options;
 using host::ParseOptions;
 
 std::string ErrorOf(const std::vector<std::string>& arguments) {
@@ -16,18 +15,6 @@ std::string ErrorOf(const std::vector<std::string>& arguments) {
         return error.what();
     }
     return "";
-}
-
-TEST(Options, AreReadInAnyOrder) {
-    const Options options = ParseOptions({"--designation", "1", "p.settings", "--caption", "Bl\xC3\xA5", "--host-mode",
-                                          "3", "--optional-pages", "-1", "--scenario", "a.scn", "b.scn"});
-    EXPECT_EQ(options.settingsFile, "p.settings");
-    EXPECT_EQ(options.open.caption, "Bl\xE5");
-    EXPECT_EQ(options.open.designation, 1);
-    EXPECT_EQ(options.open.optionalPages, -1);
-    EXPECT_EQ(options.open.hostMode, 3);
-    EXPECT_EQ(options.scenarios, (std::vector<std::string>{"a.scn", "b.scn"}));
-    EXPECT_FALSE(options.IsInteractive());
 }
 
 TEST(Options, SayWhatIsWrong) {

@@ -26,16 +26,6 @@ void press(UINT key) {
     PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
 }
 
-TEST(MessageBoxTest, EscapeAndCloseBoxMeanOkWhereThatIsAllThereIs) {
-    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND) { press(VK_ESCAPE); }), IDOK);
-    EXPECT_EQ(runBox(nullptr, "Klart", MB_OK, [](HWND box) { PostMessageA(box, WM_CLOSE, 0, 0); }), IDOK);
-    const auto answerNo = [](HWND) {
-        press(VK_ESCAPE);
-        PostMessageA(GetFocus(), WM_CHAR, 'n', 1);
-    };
-    EXPECT_EQ(runBox(nullptr, "Spara?", MB_YESNO, answerNo), IDNO);
-}
-
 TEST(MessageBoxTest, ControlCCopiesCaptionTextAndButtons) {
     runBox(nullptr, "En\nTv\xE5", MB_OKCANCEL, [](HWND) {
         PostMessageA(GetFocus(), WM_CHAR, 3, 1);
