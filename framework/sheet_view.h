@@ -30,7 +30,8 @@ public:
     bool OnWheel(const MSG& message);
 
 private:
-    static constexpr std::array<int, 4> kButtons = {IDOK, IDCANCEL, 0x3021, IDHELP};  // With "apply now".
+    static constexpr int kApplyNow = 0x3021;  // A number of the system's own.
+    static constexpr std::array<int, 4> kButtons = {IDOK, IDCANCEL, kApplyNow, IDHELP};
 
     HWND Tabs() const;
     HWND ActivePage() const;

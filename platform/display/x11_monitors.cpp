@@ -21,6 +21,7 @@ constexpr std::uint32_t kMost = 64;  // A server that says more is not believed.
 bool readMonitors(::Display* dpy, int opcode, std::vector<RECT>& monitors) {
     xXineramaQueryScreensReq* req = nullptr;
     xXineramaQueryScreensReply reply{};
+    monitors.reserve(kMost);  // Nothing may throw in the middle of an answer.
     LockDisplay(dpy);
     GetReq(XineramaQueryScreens, req);
     req->reqType = static_cast<CARD8>(opcode);
