@@ -25,6 +25,9 @@ CBitmap g_pictures[std::size(kPictureIds)];
 constexpr int kColourByLayer = 256;
 constexpr int kLastNamedColour = IDS_COLOUR_BLACK_WHITE;
 
+// From the upper edge of an item to its label.
+constexpr int kLabelTop = 3;
+
 struct Item {
     Picture picture;
     int colour;
@@ -68,6 +71,24 @@ void FillColourList(CComboBox& list, int count) {
     }
 }
 
+void FitColourField(CComboBox& list) {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    TEXTMETRICA metrics{};
+    CClientDC context(&list);
+    const CSelectObject selected(context, reinterpret_cast<HFONT>(list.SendMessage(WM_GETFONT)));
+    if (list.SendMessage(CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info)) == 0 ||
+        !::GetTextMetricsA(context.GetSafeHdc(), &metrics)) {
+        return;
+    }
+    // What is drawn keeps off the field's edges.
+    constexpr int kFieldEdge = 1;
+    const int height = kLabelTop + metrics.tmHeight;
+    if (info.rcItem.bottom - info.rcItem.top - 2 * kFieldEdge < height) {
+        list.SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+    }
+}
+
 void DrawColourItem(const DRAWITEMSTRUCT& draw) {
     const int position = static_cast<int>(draw.itemID);
     // The field of a list without a selection is position -1.
@@ -85,5 +106,5 @@ void DrawColourItem(const DRAWITEMSTRUCT& draw) {
     }
     // From the context's origin, so that the labels of field and list are in line with each other.
     constexpr int kLabelLeft = 16 + 4;
-    target.TextOut(ScaledPixels(target, kLabelLeft), draw.rcItem.top + 3, LabelOf(item));
+    target.TextOut(ScaledPixels(target, kLabelLeft), draw.rcItem.top + kLabelTop, LabelOf(item));
 }

@@ -13,5 +13,8 @@ void LoadColourBitmaps(HINSTANCE module);
 // Replaces the items of a list by as many new ones; nothing is selected then.
 void FillColourList(CComboBox& list, int count);
 
+// Makes the field of a list as high as its label needs, where the system has made it lower.
+void FitColourField(CComboBox& list);
+
 // Draws an item of a colour list: its picture, name and colour number, whatever its state. The background stays.
 void DrawColourItem(const DRAWITEMSTRUCT& item);

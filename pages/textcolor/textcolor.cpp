@@ -118,6 +118,7 @@ BOOL CTextColor::OnSetActive() {
     for (const ColourList& list : kColourLists) {
         auto& combo = static_cast<CComboBox&>(RequireDlgItem(list.control));
         FillColourList(combo, list.items);
+        FitColourField(combo);
         combo.SetCurSel(this->*list.position);
     }
     TakeModifyFlag();
