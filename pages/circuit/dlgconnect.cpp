@@ -441,14 +441,25 @@ void dlgconnect::OnBeginCommentEdit(NMHDR* /*header*/, LRESULT* result) {
     }
 }
 
+BOOL dlgconnect::PreTranslateMessage(MSG* message) {
+    m_bEscape = message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE;
+    return CSettingsPage::PreTranslateMessage(message);
+}
+
+// A list may give no text, as for a name that is given up, for one that has been emptied.
+bool dlgconnect::IsNameEmptied() const {
+    const CEdit* edit = m_comments.GetEditControl();
+    return !m_bEscape && edit != nullptr && edit->GetWindowTextLength() == 0;
+}
+
 void dlgconnect::OnEndCommentEdit(NMHDR* header, LRESULT* result) {
     const LVITEMA& item = As<NMLVDISPINFOA>(header).item;
     *result = FALSE;
-    if (item.pszText == nullptr) {
+    if (item.pszText == nullptr && !IsNameEmptied()) {
         return;
     }
     const int colour = ColourOfRow(item.iItem);
-    m_commentNames.Set(colour, item.pszText);
+    m_commentNames.Set(colour, item.pszText != nullptr ? item.pszText : "");
     m_commentRows[static_cast<size_t>(colour)][kCommentColumn] = m_commentNames.Get(colour);
     m_comments.SetItemText(item.iItem, kCommentColumn, m_commentNames.Get(colour));
 }
@@ -456,6 +467,10 @@ void dlgconnect::OnEndCommentEdit(NMHDR* header, LRESULT* result) {
 void dlgconnect::OnCommentColumnClick(NMHDR* header, LRESULT* result) {
     const int column = As<NMLISTVIEW>(header).iSubItem;
     *result = 0;
+    // A name that is being edited belongs to its row, not to the one that will stand in its place.
+    if (m_comments.GetEditControl() != nullptr) {
+        m_comments.SetFocus();
+    }
     TurnCommentSort(column);
     m_comments.SortItems(&CompareCommentRows, static_cast<DWORD_PTR>(column));
     const int selected = m_comments.GetNextItem(-1, LVNI_SELECTED);

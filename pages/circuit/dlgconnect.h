@@ -21,6 +21,7 @@ public:
     BOOL OnSetActive() override;
     BOOL OnKillActive() override;
     BOOL OnApply() override;
+    BOOL PreTranslateMessage(MSG* message) override;
 
     // The sheet's work store and editable flag, handed over before the settings are loaded.
     CMdb* m_pWorkSettings = nullptr;
@@ -58,6 +59,7 @@ private:
     int ColourOfRow(int row) const;
     void PickDefaultColour(int row);
     void ShowDefaultColour();
+    bool IsNameEmptied() const;
     void ApplyPartMarking();
     void ApplyDistance(UINT control, float former, LPCSTR key);
     void WriteNumber(LPCSTR key, int number);
@@ -67,6 +69,8 @@ private:
     std::array<CommentRow, kLastCommentColour + 1> m_commentRows;
     CBitmap m_swatch;
     bool m_bShowingDefault = false;
+    // Esc is being handled, which gives up the name that is edited.
+    bool m_bEscape = false;
     int m_bLegend = 1;
     float m_fRowDistanceShown = 0.0F;
     float m_fNumberOffsetShown = 0.0F;
