@@ -405,6 +405,7 @@ void dlgconnect::ShowDefaultColour() {
 void dlgconnect::OnCommentClick(NMHDR* header, LRESULT* result) {
     const auto& click = As<NMITEMACTIVATE>(header);
     *result = 0;
+    FinishCommentEdit();
     if (click.iItem >= 0 && click.iSubItem == kCommentColumn && IsOnCheckBox(click)) {
         PickDefaultColour(click.iItem);
     }
@@ -464,13 +465,18 @@ void dlgconnect::OnEndCommentEdit(NMHDR* header, LRESULT* result) {
     m_comments.SetItemText(item.iItem, kCommentColumn, m_commentNames.Get(colour));
 }
 
-void dlgconnect::OnCommentColumnClick(NMHDR* header, LRESULT* result) {
-    const int column = As<NMLISTVIEW>(header).iSubItem;
-    *result = 0;
-    // A name that is being edited belongs to its row, not to the one that will stand in its place.
+// Not every list ends the edit on a click on a box or a heading. A name that is being edited belongs to its row, not to
+// the one that will stand in its place.
+void dlgconnect::FinishCommentEdit() {
     if (m_comments.GetEditControl() != nullptr) {
         m_comments.SetFocus();
     }
+}
+
+void dlgconnect::OnCommentColumnClick(NMHDR* header, LRESULT* result) {
+    const int column = As<NMLISTVIEW>(header).iSubItem;
+    *result = 0;
+    FinishCommentEdit();
     TurnCommentSort(column);
     m_comments.SortItems(&CompareCommentRows, static_cast<DWORD_PTR>(column));
     const int selected = m_comments.GetNextItem(-1, LVNI_SELECTED);

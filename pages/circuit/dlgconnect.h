@@ -60,6 +60,7 @@ private:
     void PickDefaultColour(int row);
     void ShowDefaultColour();
     bool IsNameEmptied() const;
+    void FinishCommentEdit();
     void ApplyPartMarking();
     void ApplyDistance(UINT control, float former, LPCSTR key);
     void WriteNumber(LPCSTR key, int number);

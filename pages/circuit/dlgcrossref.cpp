@@ -115,6 +115,7 @@ BOOL dlgcrossref::OnInitDialog() {
 }
 
 BOOL dlgcrossref::OnSetActive() {
+    m_strLanguage = LoadText(IDS_LANGUAGE);
     RefreshFormat();
     TakeModifyFlag();
     const CSettingsSheet* sheet = GetSheet();

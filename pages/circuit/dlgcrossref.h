@@ -34,6 +34,8 @@ public:
     CString m_strAutoBetFormat;
     // Whether lines are drawn horizontally, which the pictures follow.
     int m_bDrwAngleZero = 1;
+    // The language of the texts, as of the last activation; nothing on this page depends on it.
+    CString m_strLanguage;
     // The format as shown: letters for sheet, column and row, blanks and separators.
     CString m_strXrefFormat;
 
