@@ -130,11 +130,15 @@ int CTextColor::CheckHeight(CSettingsPage& page, CString& text, CWnd* refocus, C
     return page.GetSheet()->CheckNumberField(text, refocus);
 }
 
+BOOL CTextColor::CommitHeightField(UINT control) {
+    OnTextKillFocus(control);
+    return m_hWnd != nullptr;
+}
+
 // Both keys always have the same text, so that readers of either see the same height. What the page has recorded
 // counts, not what the field shows: a field that is left before its height was ever recorded empties the height.
 void CTextColor::OnAssemblyHeightKillFocus() {
-    OnTextKillFocus(IDC_ASSEMBLY_HEIGHT);
-    if (m_hWnd == nullptr) {
+    if (!CommitHeightField(IDC_ASSEMBLY_HEIGHT)) {
         return;
     }
     const CString height = CSettingsSheet::GetSettingText(&m_changes, kKeyAssemblyHeightOld);

@@ -37,6 +37,8 @@ protected:
 
 private:
     static int CheckHeight(CSettingsPage& page, CString& text, CWnd* refocus, CWnd& field);
+    // Checks and records a height as its field is left. FALSE when the window is gone.
+    BOOL CommitHeightField(UINT control);
     void PickAssemblyHeight(const TextRow& row);
 
     static const TextRow kTexts[];
