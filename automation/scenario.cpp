@@ -105,17 +105,18 @@ const char* Mismatch(char shape, const Argument& argument) {
     const std::string& value = argument.text;
     switch (shape) {
         case 'n':
-            return word && argument.IsNumber() ? nullptr : "a number";
+            return (word || text) && argument.IsNumber() ? nullptr : "a number";
         case 't':
             return word || text ? nullptr : "a text";
         case 'e':
             return text || (word && (!value.starts_with('@') || IsEntryNumber(value))) ? nullptr
                                                                                        : "an entry's text or @N";
         case 'r':
-            return word && (argument.IsNumber() || value == "check" || value == "label") ? nullptr
-                                                                                         : "check, label or a number";
+            return (word || text) && (argument.IsNumber() || value == "check" || value == "label")
+                       ? nullptr
+                       : "check, label or a number";
         case 'p':
-            return word && ParseKey(value) ? nullptr : "a key to press";
+            return (word || text) && ParseKey(value) ? nullptr : "a key to press";
         default:
             return text ? "an option" : nullptr;
     }
@@ -169,7 +170,7 @@ bool Argument::IsNumber() const {
     int value = 0;
     const char* end = text.data() + text.size();
     const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    return kind != Kind::Text && error == std::errc() && stopped == end;
+    return error == std::errc() && stopped == end;
 }
 
 int Argument::Number() const {

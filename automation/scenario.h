@@ -39,7 +39,7 @@ struct Scenario {
 };
 
 // What arguments a command takes: one letter an argument.
-//   n number   t text (quotes are needed only around blanks and nothing)   e list entry (text or @N)
+//   n number   t text   e list entry (text or @N); each with or without quotes, which blanks and nothing need
 //   p key to press   o option or flag word   r part of a row (the word `check` or `label`, or a column's number)
 // A `*` behind the last letter means any number of those, also none.
 // Null for a command that does not exist.

@@ -360,13 +360,14 @@ void dlgconnect::DrawColourCell(const NMLVCUSTOMDRAW& draw) {
     m_comments.GetSubItemRect(row, kColourColumn, LVIR_LABEL, cell);
     const CString number = m_comments.GetItemText(row, kColourColumn);
     CDC& context = *CDC::FromHandle(draw.nmcd.hdc);
+    // The list clips nothing to a column that the user has made narrow, and may have chosen a selected row's colours.
+    const int saved = ::SaveDC(context);
+    ::IntersectClipRect(context, cell.left, cell.top, cell.right, cell.bottom + kTextTop);
     DrawItemSwatch(m_swatch, context, cell, GetAciColor(LeadingInteger(number)));
-    // The list may have chosen the colours of a selected row.
-    const COLORREF formerText = context.SetTextColor(GetSysColor(COLOR_WINDOWTEXT));
-    const COLORREF formerBack = context.SetBkColor(GetSysColor(COLOR_WINDOW));
+    context.SetTextColor(GetSysColor(COLOR_WINDOWTEXT));
+    context.SetBkColor(GetSysColor(COLOR_WINDOW));
     context.TextOut(cell.left + ScaledPixels(context, kTextLeft), cell.top + kTextTop, "(" + number + ") ");
-    context.SetTextColor(formerText);
-    context.SetBkColor(formerBack);
+    ::RestoreDC(context, saved);
 }
 
 bool dlgconnect::IsOnCheckBox(const NMITEMACTIVATE& click) const {
