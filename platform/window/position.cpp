@@ -224,6 +224,7 @@ bool applyChange(HWND handle, WINDOWPOS& pos) {
     hideCaretOver(*window);
     window->rect = outer;
     window->client = client;
+    limitToWindow(*window);
     if (!(pos.flags & SWP_NOZORDER)) {
         changeOrder(*window, pos);
     }

@@ -143,6 +143,15 @@ void exposeBehind(Window& parent, const RECT& rect) {
     invalidate(parent, &part, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
+void limitToWindow(Window& window) {
+    const bool before = window.paint.isPending();
+    orOutOfMemory([&] { return window.paint.update.intersect(wholeRect(window)), true; }, false);
+    if (window.paint.update.isEmpty()) {
+        window.paint.erase = window.paint.frame = false;
+    }
+    countPending(before, window.paint.isPending());
+}
+
 void beginPainting(Window& window) {
     validateParents(window);
     clearPaint(window);

@@ -12,6 +12,8 @@ void invalidate(Window& window, const RECT* rect, UINT flags);
 void validate(Window& window, const RECT* rect, UINT flags);
 // What a child that moved, shrank or went has uncovered: parent and siblings.
 void exposeBehind(Window& parent, const RECT& rect);
+// Drops what was to be painted beyond the edges of a window that has shrunk: it is no longer the window's.
+void limitToWindow(Window& window);
 // What the window is to paint is about to be drawn: nobody has to paint it any more.
 void beginPainting(Window& window);
 // Forgets what was to be painted.
