@@ -51,9 +51,12 @@ struct MarkerControls {
 constexpr MarkerControls kOtherMarkers[] = {{IDC_FIRST_OTHER_BOX, IDC_FIRST_OTHER_BAR},
                                             {IDC_SECOND_OTHER_BOX, IDC_SECOND_OTHER_BAR}};
 
-void MoveAndRepaint(CWnd& control, const RECT& place) {
+void Move(CWnd& control, const RECT& place) {
     control.SetWindowPos(nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                          SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
+
+void Repaint(CWnd& control) {
     control.Invalidate(TRUE);
     control.UpdateWindow();
 }
@@ -145,8 +148,14 @@ void CAutoText::MoveMarker(UINT box, UINT bar, const Placement& placement) {
     ScreenToClient(&frame);
     Marker marker{};
     if (PlaceMarker(frame, m_sheetSize, placement, kBarThickness, marker)) {
-        MoveAndRepaint(Control(box), marker.box);
-        MoveAndRepaint(Control(bar), marker.bar);
+        Move(Control(box), marker.box);
+        Move(Control(bar), marker.bar);
+        // The box is hollow and has no ground of its own: within it, the dialog has to cover where the marker stood.
+        InvalidateRect(&marker.box, TRUE);
+        UpdateWindow();
+        // On top of the markers that it may overlap.
+        Repaint(Control(box));
+        Repaint(Control(bar));
     }
 }
 

@@ -177,6 +177,11 @@ constexpr UINT kAutoTextControls[] = {
     IDC_DATE_GROUP,   IDC_DATE_ON,     IDC_DATE_CHANGE,  IDC_DATE_PREVIEW,    IDC_DATE_TODAY,  IDC_TIME_GROUP,
     IDC_TIME_ON,      IDC_TIME_CHANGE, IDC_TIME_PREVIEW, IDC_FORM_SIZE_LABEL, IDC_FORM_SIZE};
 
+// The edge at which the text starts.
+void FillEdgeBar(CDC& context, const Marker& marker, CBrush* brush) {
+    context.FillRect(&marker.bar, brush);
+}
+
 constexpr UINT kFirstField = IDC_FORM_A4;
 constexpr UINT kLastField = IDC_REVISION_A1;
 
@@ -384,7 +389,7 @@ void CForm::DrawPlacementPreviews(CDC& context) {
         if (PlaceMarker(frame, m_sheetSize, this->*text.placement, kBarThickness, marker)) {
             CBrush* brush = IsDlgButtonChecked(static_cast<int>(text.checkBox)) == BST_CHECKED ? &black : erasing;
             context.FrameRect(&marker.box, brush);
-            context.FillRect(&marker.bar, brush);
+            FillEdgeBar(context, marker, brush);
         }
     }
 }
