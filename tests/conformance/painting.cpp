@@ -65,6 +65,12 @@ void traceClipping(Trace& trace) {
         tracePixels(trace, row.what, top, {0, 0, 12, 8});
         fill(top, kBlack);
         tracePixels(trace, "the parent painted last", top, {0, 0, 12, 8});
+        fill(upper, kRed);
+        InvalidateRect(upper, nullptr, FALSE);
+        SetWindowPos(upper, nullptr, 0, 0, 3, 2, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        UpdateWindow(upper);
+        drainQueue();
+        tracePixels(trace, "the upper child shrank before it painted", top, {0, 0, 12, 8});
     }
 }
 
