@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "host/raw_files.h"

@@ -1,8 +1,6 @@
 // The order of the connection comments.
 #include "pages/circuit/comment_order.h"
 
-#include <algorithm>
-
 #include "core/letters.h"
 #include "core/numbers.h"
 

@@ -2,7 +2,6 @@
 #include "pages/textcolor/textcolor.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "core/assembly_height.h"
 #include "core/setting_keys.h"

@@ -1,7 +1,6 @@
 #include "platform/graphics/dib.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace platform {
 

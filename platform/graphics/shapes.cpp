@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <array>
 #include <vector>
 
 using namespace platform;

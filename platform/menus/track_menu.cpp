@@ -3,8 +3,6 @@
 #include "platform/menus/menu_window.h"
 #include "platform/resources/code_page.h"
 
-#include <cstdlib>
-
 namespace platform {
 namespace {
 

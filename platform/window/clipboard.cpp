@@ -7,7 +7,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <new>
 #include <string>
 
 namespace platform {

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
-#include <numeric>
-
 #include "automation/png.h"
 
 namespace {

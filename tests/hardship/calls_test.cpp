@@ -2,8 +2,6 @@
 // another one is running.
 #include <prsht.h>
 
-#include <array>
-#include <memory>
 #include <thread>
 
 #include "core/store/settings.h"

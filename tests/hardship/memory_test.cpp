@@ -3,9 +3,6 @@
 // of it.
 #include <commctrl.h>
 
-#include <algorithm>
-#include <optional>
-
 #include "core/store/settings.h"
 #include "resources/resource.h"
 #include "tests/hardship/host.h"

@@ -9,12 +9,10 @@
 
 #include <tavrikdisplay.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace {
 

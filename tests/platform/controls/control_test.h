@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <utility>
 #include <vector>
 
 class ControlTest : public testing::Test {

@@ -6,8 +6,6 @@
 
 #include "platform/graphics/dib.h"
 
-#include <cstring>
-
 namespace {
 
 struct Dib {
