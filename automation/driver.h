@@ -32,7 +32,8 @@ public:
     // Calls `modalCall` and runs steps for as long as it has not returned.
     void RunDuring(const std::function<void()>& modalCall);
 
-    // To be called when a command begins: restarts the time after which the client is told that it is stuck.
+    // To be called when a command begins and after each piece of its input, as a long text may take a slow system
+    // minutes: restarts the time after which the client is told that it is stuck.
     void OnProgress();
 
 private:

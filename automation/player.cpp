@@ -102,6 +102,7 @@ bool Player::OnStep() {
     if (!m_stage.input.IsEmpty()) {
         try {
             m_stage.input.DoNext();
+            m_driver.OnProgress();
         } catch (const Failure& failure) {
             Fail(m_nLine, failure.what());
         }
