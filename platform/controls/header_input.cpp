@@ -90,6 +90,12 @@ void HeaderControl::onWmLButtonUp(POINT at) {
     if (action == Action::None) {
         return;
     }
+    if (action == Action::Track) {
+        setWidth(column, pressedWidth_ + at.x - pressedAt_.x);
+        if (!IsWindow(window)) {
+            return;
+        }
+    }
     ReleaseCapture();
     if (!IsWindow(window) || !has(column)) {
         return;

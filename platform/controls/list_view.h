@@ -95,6 +95,7 @@ private:
     RECT rowsRect() const;
     RECT rowRect(int row) const;
     RECT cellRect(int row, int column) const;
+    RECT boxRect(int row) const;
     RECT labelRect(int row) const;
     RECT selectRect(HDC dc, int row) const;
     int page() const;
@@ -119,6 +120,7 @@ private:
     void onWmMouseWheel(int delta);
     void onWmTimer(UINT_PTR timer);
     bool pressBar(POINT at);
+    bool takeFocus();
     void scrollByBar(const ListScrollBar& bar, POINT at);
     void selectClicked(const Cell& hit);
     LRESULT onWmKeyDown(UINT key, LPARAM flags);

@@ -85,8 +85,8 @@ void ListView::scrollByBar(const ListScrollBar& bar, POINT at) {
     scrollTo(&bar == &bar_ ? wanted : top_, &bar == &bar_ ? left_ : wanted);
 }
 
-// A click on a check box does nothing but change it; the parent hears of the click first. The selection stays where the
-// selected label is clicked again, because that may begin an edit.
+// A click on a check box does nothing but change it and end a label's edit; the parent hears of the click first. The
+// selection stays where the selected label is clicked again, because that may begin an edit.
 void ListView::onWmLButtonDown(POINT at) {
     const HWND window = window_;
     if (pressBar(at)) {
@@ -101,10 +101,15 @@ void ListView::onWmLButtonDown(POINT at) {
     editable_ = kNone;
     pressed_ = hit.flags != LVHT_ONITEMSTATEICON || hit.row == kNone;
     if (!pressed_) {
-        notifyClick(NM_CLICK, at);
+        if (endEdit(true)) {
+            notifyClick(NM_CLICK, at);
+        }
         if (isAlive(window)) {
             toggleCheck(hit.row);
         }
+        return;
+    }
+    if (hit.row == kNone && !takeFocus()) {
         return;
     }
     if (hit.row != kNone && hit.row == selected_) {
@@ -112,9 +117,18 @@ void ListView::onWmLButtonDown(POINT at) {
     } else {
         selectClicked(hit);
     }
-    if (isAlive(window) && !focused_) {
+    if (isAlive(window)) {
+        takeFocus();
+    }
+}
+
+// Returns false when the window died.
+bool ListView::takeFocus() {
+    const HWND window = window_;
+    if (!focused_) {
         SetFocus(window);
     }
+    return isAlive(window);
 }
 
 void ListView::selectClicked(const Cell& hit) {
@@ -173,7 +187,7 @@ void ListView::onWmLButtonUp(POINT at) {
 void ListView::onWmRButtonDown(POINT at) {
     const HWND window = window_;
     notify(NM_RELEASEDCAPTURE);
-    if (!isAlive(window)) {
+    if (!isAlive(window) || !takeFocus()) {
         return;
     }
     const Cell hit = rowAt(at);
@@ -182,9 +196,6 @@ void ListView::onWmRButtonDown(POINT at) {
     }
     if (isAlive(window) && (hit.row == kNone || hit.row != selected_)) {
         selectClicked(hit);
-    }
-    if (isAlive(window) && !focused_) {
-        SetFocus(window);
     }
 }
 
@@ -199,6 +210,9 @@ void ListView::onWmCaptureChanged() {
 }
 
 void ListView::onWmMouseWheel(int delta) {
+    if ((delta < 0) != (wheelRest_ < 0)) {
+        wheelRest_ = 0;  // What is left of one direction does not take from the other.
+    }
     wheelRest_ += delta * kWheelRows;
     const int rows = wheelRest_ / WHEEL_DELTA;
     wheelRest_ %= WHEEL_DELTA;

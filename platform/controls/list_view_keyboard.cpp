@@ -93,7 +93,7 @@ void ListView::onWmChar(char character) {
     typed_ += character;
     const int from = typed_.size() == 1 ? focusedRow_ + 1 : std::max(focusedRow_, 0);
     const int row = items_.findPrefix(from, typed_);
-    if (row != kNone && row != focusedRow_) {
+    if (row != kNone) {
         goTo(row);
     }
 }

@@ -37,13 +37,14 @@ void ListView::layout() {
     RECT client;
     GetClientRect(window_, &client);
     const int width = contentWidth_;
+    const POINT scrolledBefore = {left_, top_};
     const RECT nothing = {client.right, client.bottom, client.right, client.bottom};
     bool isWide = width > client.right;
+    int shown = 0;
     const auto layOutBar = [&] {
         RECT room = client;
         room.bottom -= isWide ? GetSystemMetrics(SM_CYHSCROLL) : 0;
-        const int shown = std::max(static_cast<int>(room.bottom - headHeight_) / rowHeight_, 1);
-        top_ = std::clamp(top_, 0, std::max(items_.count() - shown, 0));
+        shown = std::max(static_cast<int>(room.bottom - headHeight_) / rowHeight_, 1);
         bar_.layout(room, items_.count(), shown, top_, false);
     };
     layOutBar();
@@ -51,12 +52,19 @@ void ListView::layout() {
         isWide = true;
         layOutBar();
     }
+    top_ = std::clamp(top_, 0, std::max(items_.count() - shown, 0));
+    layOutBar();
     const RECT room = {0, 0, bar_.rect().left, client.bottom};
     left_ = std::clamp(left_, 0, std::max(width - static_cast<int>(room.right), 0));
     wideBar_.layout(isWide ? room : nothing, isWide ? width : 0, room.right, left_, false, toScale(kWideLine));
     SetWindowPos(header_, nullptr, -left_, 0, room.right + left_, headHeight_, SWP_NOZORDER | SWP_NOACTIVATE);
-    InvalidateRect(window_, &bar_.rect(), FALSE);
-    InvalidateRect(window_, &wideBar_.rect(), FALSE);
+    const RECT corner = {bar_.rect().left, wideBar_.rect().top, client.right, client.bottom};
+    for (const RECT& beside : {bar_.rect(), wideBar_.rect(), corner}) {
+        InvalidateRect(window_, &beside, FALSE);
+    }
+    if (left_ != scrolledBefore.x || top_ != scrolledBefore.y) {
+        invalidateRows();
+    }
 }
 
 RECT ListView::rowsRect() const {
@@ -94,6 +102,15 @@ RECT ListView::cellRect(int row, int column) const {
 RECT ListView::labelRect(int row) const {
     RECT rect = cellRect(row, 0);
     rect.left = std::min(rect.right, rect.left + toScale(kRowMargin) + (hasCheckBoxes() ? toScale(kBoxSize) : 0));
+    return rect;
+}
+
+// The check box as far as its column goes.
+RECT ListView::boxRect(int row) const {
+    RECT rect = cellRect(row, 0);
+    const LONG left = rect.left + toScale(kRowMargin);
+    rect.right = std::min(rect.right, hasCheckBoxes() ? left + toScale(kBoxSize) : left);
+    rect.left = std::min(rect.right, left);
     return rect;
 }
 
@@ -154,10 +171,11 @@ ListView::Cell ListView::rowAt(POINT at) const {
         return hit;
     }
     const RECT label = labelRect(row);
+    const RECT box = boxRect(row);
     if (PtInRect(&label, at)) {
         hit.row = row;
         hit.flags = LVHT_ONITEMLABEL;
-    } else if (hasCheckBoxes() && at.x < label.left && at.x >= label.left - toScale(kBoxSize)) {
+    } else if (PtInRect(&box, at)) {
         hit.row = row;
         hit.flags = LVHT_ONITEMSTATEICON;
     }

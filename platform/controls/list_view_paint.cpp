@@ -117,17 +117,17 @@ void ListView::paintCell(HDC dc, int row, int column) const {
         drawText(dc, items_.text(row, column), cellRect(row, column));
         return;
     }
-    if (hasCheckBoxes()) {
-        const RECT cell = cellRect(row, 0);
-        const RECT label = labelRect(row);
+    const RECT room = boxRect(row);
+    const UINT image = items_.at(row).state & LVIS_STATEIMAGEMASK;
+    if (image != 0 && RectVisible(dc, &room)) {
         const LONG size = toScale(kBoxSize);
-        const LONG top = cell.top + (rowHeight_ - size) / 2;
-        RECT box = {label.left - size, top, label.left, top + size};
-        const UINT image = items_.at(row).state & LVIS_STATEIMAGEMASK;
-        if (image != 0 && box.right <= cell.right) {
-            DrawFrameControl(dc, &box, DFC_BUTTON,
-                             DFCS_BUTTONCHECK | DFCS_FLAT | (image == INDEXTOSTATEIMAGEMASK(2U) ? DFCS_CHECKED : 0U));
-        }
+        const LONG top = room.top + (rowHeight_ - size) / 2;
+        RECT box = {room.left, top, room.left + size, top + size};
+        const int saved = SaveDC(dc);
+        IntersectClipRect(dc, room.left, room.top, room.right, room.bottom);
+        DrawFrameControl(dc, &box, DFC_BUTTON,
+                         DFCS_BUTTONCHECK | DFCS_FLAT | (image == INDEXTOSTATEIMAGEMASK(2U) ? DFCS_CHECKED : 0U));
+        RestoreDC(dc, saved);
     }
     paintLabel(dc, row);
 }

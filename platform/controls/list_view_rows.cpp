@@ -144,6 +144,7 @@ bool ListView::onLvmDeleteItem(int row) {
     if (redraw_) {
         layout();
         invalidateRows(row);
+        invalidateRow(focusedRow_);
         placeEdit();
     }
     return true;
